@@ -1,0 +1,19 @@
+# The C++ headers of LibreOffice's UNO types, generated once from the installed type descriptions.
+set(UNO_PROGRAM_DIR /usr/lib/libreoffice/program)
+set(UNO_INCLUDE_DIR /usr/include/libreoffice)
+set(UNO_GENERATED_DIR ${CMAKE_BINARY_DIR}/uno)
+find_program(CPPUMAKER cppumaker REQUIRED PATHS /usr/lib/libreoffice/sdk/bin)
+if(NOT EXISTS ${UNO_GENERATED_DIR}/stamp)
+    message(STATUS "Generating the UNO headers")
+    execute_process(COMMAND ${CPPUMAKER} -Gc -O${UNO_GENERATED_DIR}
+        ${UNO_PROGRAM_DIR}/types.rdb ${UNO_PROGRAM_DIR}/types/offapi.rdb
+        RESULT_VARIABLE UNO_RESULT OUTPUT_QUIET ERROR_VARIABLE UNO_ERROR)
+    if(NOT UNO_RESULT EQUAL 0)
+        message(FATAL_ERROR "cppumaker failed: ${UNO_ERROR}")
+    endif()
+    file(TOUCH ${UNO_GENERATED_DIR}/stamp)
+endif()
+
+add_library(kuvel_uno INTERFACE)
+target_include_directories(kuvel_uno SYSTEM INTERFACE ${UNO_GENERATED_DIR} ${UNO_INCLUDE_DIR})
+target_compile_definitions(kuvel_uno INTERFACE LINUX UNX CPPU_ENV=gcc3)
