@@ -5,6 +5,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 /// A day with a time of day, to the second, and a validity status. Years 1 to 9999 of the Gregorian calendar.
