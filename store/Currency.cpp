@@ -5,7 +5,9 @@
 
 namespace {
 
-std::int64_t Narrow(__int128 value) { return static_cast<std::int64_t>(value); }
+std::int64_t Narrow(__int128 value) {
+    return static_cast<std::int64_t>(value);
+}
 
 } // namespace
 
@@ -45,7 +47,8 @@ QString FormatCurrency(Currency value, std::int64_t unit, char mode) {
     if (!value.IsValid())
         return QStringLiteral("-");
     const std::int64_t count = RoundCurrency(value, unit, mode).count;
-    const std::uint64_t magnitude = count < 0 ? 0 - static_cast<std::uint64_t>(count) : static_cast<std::uint64_t>(count);
+    const std::uint64_t magnitude =
+        count < 0 ? 0 - static_cast<std::uint64_t>(count) : static_cast<std::uint64_t>(count);
     QString text = QString::asprintf("%s%llu,%04llu", count < 0 ? "-" : "",
                                      static_cast<unsigned long long>(magnitude / Currency::One),
                                      static_cast<unsigned long long>(magnitude % Currency::One));

@@ -57,9 +57,8 @@ DateTime DateTime::FromStored(std::string_view text) {
     if (!ReadDigits(text, 0, 4, year) || text[4] != '-' || !ReadDigits(text, 5, 2, month) || text[7] != '-' ||
         !ReadDigits(text, 8, 2, day))
         return Invalid();
-    if (text.size() == 19 &&
-        (text[10] != ' ' || !ReadDigits(text, 11, 2, hour) || text[13] != ':' || !ReadDigits(text, 14, 2, minute) ||
-         text[16] != ':' || !ReadDigits(text, 17, 2, second)))
+    if (text.size() == 19 && (text[10] != ' ' || !ReadDigits(text, 11, 2, hour) || text[13] != ':' ||
+                              !ReadDigits(text, 14, 2, minute) || text[16] != ':' || !ReadDigits(text, 17, 2, second)))
         return Invalid();
     return FromDay(year, month, day, hour, minute, second);
 }
@@ -88,16 +87,32 @@ DateTime DateTime::Now() {
                    local.tm_sec > 59 ? 59 : local.tm_sec);
 }
 
-DateTime DateTime::Today() { return Now().StartOfDay(); }
+DateTime DateTime::Today() {
+    return Now().StartOfDay();
+}
 
-void DateTime::PinClock(DateTime now) { PinnedNow() = now; }
+void DateTime::PinClock(DateTime now) {
+    PinnedNow() = now;
+}
 
-int DateTime::Year() const { return static_cast<int>(DayOf(m_seconds).year()); }
-int DateTime::Month() const { return static_cast<int>(static_cast<unsigned>(DayOf(m_seconds).month())); }
-int DateTime::Day() const { return static_cast<int>(static_cast<unsigned>(DayOf(m_seconds).day())); }
-int DateTime::Hour() const { return static_cast<int>(SecondOfDay(m_seconds) / 3600); }
-int DateTime::Minute() const { return static_cast<int>(SecondOfDay(m_seconds) / 60 % 60); }
-int DateTime::Second() const { return static_cast<int>(SecondOfDay(m_seconds) % 60); }
+int DateTime::Year() const {
+    return static_cast<int>(DayOf(m_seconds).year());
+}
+int DateTime::Month() const {
+    return static_cast<int>(static_cast<unsigned>(DayOf(m_seconds).month()));
+}
+int DateTime::Day() const {
+    return static_cast<int>(static_cast<unsigned>(DayOf(m_seconds).day()));
+}
+int DateTime::Hour() const {
+    return static_cast<int>(SecondOfDay(m_seconds) / 3600);
+}
+int DateTime::Minute() const {
+    return static_cast<int>(SecondOfDay(m_seconds) / 60 % 60);
+}
+int DateTime::Second() const {
+    return static_cast<int>(SecondOfDay(m_seconds) % 60);
+}
 
 DateTime DateTime::StartOfDay() const {
     return IsValid() ? FromSeconds(m_seconds - SecondOfDay(m_seconds)) : *this;

@@ -31,7 +31,9 @@ IMessageDoor& MessageDoor();
 IMessageDoor* SetMessageDoor(IMessageDoor* door);
 
 void ShowMessage(const QString& text, Message::Icon icon = Message::Icon::None);
-inline void ShowWarning(const QString& text) { ShowMessage(text, Message::Icon::Warning); }
+inline void ShowWarning(const QString& text) {
+    ShowMessage(text, Message::Icon::Warning);
+}
 /// True only for Yes.
 bool AskYesNo(const QString& text);
 

@@ -5,10 +5,12 @@
 
 namespace {
 
-template <class... Ts> struct Overload : Ts... {
+template <class... Ts>
+struct Overload : Ts... {
     using Ts::operator()...;
 };
-template <class... Ts> Overload(Ts...) -> Overload<Ts...>;
+template <class... Ts>
+Overload(Ts...) -> Overload<Ts...>;
 
 std::int32_t LongFromText(const QString& text) {
     const QByteArray latin = text.trimmed().toLatin1();
@@ -42,15 +44,14 @@ std::int32_t ToLong(const Variant& value) {
 }
 
 Currency ToCurrency(const Variant& value) {
-    return std::visit(Overload{[](std::monostate) { return Currency::Null(); },
-                               [](std::int16_t v) { return Currency::FromWhole(v); },
-                               [](std::int32_t v) { return Currency::FromWhole(v); },
-                               [](float v) { return CurrencyFromDouble(v); },
-                               [](double v) { return CurrencyFromDouble(v); }, [](const Currency& v) { return v; },
-                               [](const DateTime&) { return Currency::Invalid(); },
-                               [](bool v) { return Currency::FromWhole(v ? -1 : 0); },
-                               [](const QString& v) { return ParseCurrency(v); }},
-                      value);
+    return std::visit(
+        Overload{[](std::monostate) { return Currency::Null(); }, [](std::int16_t v) { return Currency::FromWhole(v); },
+                 [](std::int32_t v) { return Currency::FromWhole(v); }, [](float v) { return CurrencyFromDouble(v); },
+                 [](double v) { return CurrencyFromDouble(v); }, [](const Currency& v) { return v; },
+                 [](const DateTime&) { return Currency::Invalid(); },
+                 [](bool v) { return Currency::FromWhole(v ? -1 : 0); },
+                 [](const QString& v) { return ParseCurrency(v); }},
+        value);
 }
 
 bool ToBool(const Variant& value) {
@@ -69,18 +70,15 @@ DateTime ToDate(const Variant& value) {
 }
 
 QString FormatVariant(const Variant& value) {
-    return std::visit(Overload{[](std::monostate) { return QString(); },
-                               [](std::int16_t v) { return QString::number(v); },
-                               [](std::int32_t v) { return QString::number(v); },
-                               [](float v) { return QString::asprintf("%.1f", static_cast<double>(v)); },
-                               [](double v) { return QString::asprintf("%.2f", v); },
-                               [](const Currency& v) {
-                                   return v.status == ValueStatus::Null ? QString() : FormatCurrency(v, 100, 'M');
-                               },
-                               [](const DateTime& v) {
-                                   return v.Status() == ValueStatus::Null ? QString() : FormatDate(v);
-                               },
-                               [](bool v) { return v ? QStringLiteral("ano") : QStringLiteral("ne"); },
-                               [](const QString& v) { return v; }},
-                      value);
+    return std::visit(
+        Overload{
+            [](std::monostate) { return QString(); }, [](std::int16_t v) { return QString::number(v); },
+            [](std::int32_t v) { return QString::number(v); },
+            [](float v) { return QString::asprintf("%.1f", static_cast<double>(v)); },
+            [](double v) { return QString::asprintf("%.2f", v); },
+            [](const Currency& v) { return v.status == ValueStatus::Null ? QString() : FormatCurrency(v, 100, 'M'); },
+            [](const DateTime& v) { return v.Status() == ValueStatus::Null ? QString() : FormatDate(v); },
+            [](bool v) { return v ? QStringLiteral("ano") : QStringLiteral("ne"); },
+            [](const QString& v) { return v; }},
+        value);
 }

@@ -13,10 +13,16 @@
 using Variant =
     std::variant<std::monostate, std::int16_t, std::int32_t, float, double, Currency, DateTime, bool, QString>;
 
-inline bool IsNull(const Variant& value) { return std::holds_alternative<std::monostate>(value); }
+inline bool IsNull(const Variant& value) {
+    return std::holds_alternative<std::monostate>(value);
+}
 
 /// Null reads as 0; a text as the whole number it starts with, or 0.
 std::int32_t ToLong(const Variant& value);
+/// A code-list index: null reads as −1, which is in no list.
+inline std::int32_t ToCode(const Variant& value) {
+    return IsNull(value) ? -1 : ToLong(value);
+}
 /// Null and what is no number read as a currency that is not valid, with the count 0.
 Currency ToCurrency(const Variant& value);
 /// Null reads as false, numbers as "not nought".

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "store/Sqlite.h"
+#include "store/jet/Translator.h"
+
+#include <chrono>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+/// The open database behind `CDataStore` and its recordsets: the connection, what its columns hold, and the statements
+/// prepared so far. Every member raises ComError.
+class CEngine {
+public:
+    /// A statement of the dialect, translated and prepared once; its literals are bound anew for each text.
+    struct Prepared {
+        jet::Translation translation;
+        sqlite::Statement statement;
+        sqlite::Statement row;
+    };
+    using PreparedPtr = std::shared_ptr<Prepared>;
+
+    /// Refuses a file that is not ours: application id, schema version and tables are checked.
+    explicit CEngine(const std::string& path, bool checkIntegrity = false);
+
+    /// Everything that holds the engine raises from here on.
+    void Close();
+    bool IsOpen() const { return m_database != nullptr; }
+    sqlite3* Handle() const;
+    const jet::Schema& Tables() const { return m_schema; }
+
+    /// The statement of this text with its literals bound, ready to step.
+    PreparedPtr Prepare(std::string_view sql);
+    /// All rows of the table of this name.
+    PreparedPtr PrepareTable(std::string_view name);
+    /// The rows of `table` that meet the condition, literals bound.
+    PreparedPtr PrepareCriterion(std::string_view criterion, const std::string& table);
+    /// A statement of the engine's own SQL.
+    std::shared_ptr<sqlite::Statement> PrepareOwn(const std::string& sql);
+
+    void BeginGroup();
+    /// Commits when the group is old or large enough; call it between whole records only.
+    void RecordDone();
+    void EndGroup();
+    /// Takes back what the group has not committed yet.
+    void AbandonGroup() noexcept;
+    bool InGroup() const { return m_inGroup; }
+
+private:
+    void CheckIdentity(const std::string& path);
+    void BeginTransaction();
+    void Bind(Prepared& prepared, std::string_view sql);
+    PreparedPtr Cached(const std::string& key) const;
+    PreparedPtr Keep(const std::string& key, jet::Translation translation);
+
+    sqlite::Database m_database;
+    jet::Schema m_schema;
+    std::unordered_map<std::string, PreparedPtr> m_prepared;
+    std::map<std::string, std::shared_ptr<sqlite::Statement>> m_own;
+    std::string m_shape;
+    std::vector<jet::Literal> m_literals;
+    bool m_inGroup = false;
+    std::int64_t m_groupChanges = 0;
+    std::chrono::steady_clock::time_point m_groupStart;
+};
