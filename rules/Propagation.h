@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstdint>
+
+class CDataStore;
+
+/// Which copies follow when a cover or a packaging definition changes. On unless the user turned them off.
+struct PropagationOptions {
+    std::int32_t coversToComposites = 1;
+    std::int32_t coversToPackaging = 1;
+    std::int32_t coversToIssues = 1;
+    std::int32_t packagingToIssues = 1;
+};
+
+/// Read once at start and written back at exit; in between only this holds them.
+extern PropagationOptions g_options;
+
+/// From section "Moznosti" of the settings file; a missing file or key is on.
+PropagationOptions ReadPropagationOptions();
+void WritePropagationOptions(const PropagationOptions& options);
+
+/// Carries a cover's new type, origin and payment into composites, packaging definitions and issued packaging, each as
+/// the options say. Every row of the cover is overwritten, whatever its date. Raises ComError; what ran before stays.
+void PropagateCover(CDataStore& store, const PropagationOptions& options, std::int32_t coverId, std::int32_t type,
+                    std::int32_t origin, std::int32_t payment);
