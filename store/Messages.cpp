@@ -54,7 +54,7 @@ static QString SystemText(int code) {
     }
     QStringDecoder decoder(nl_langinfo_l(CODESET, users));
     const char* text = strerror_l(code, users);
-    const QString decoded = decoder.isValid() ? QString(decoder(text)) : QString::fromUtf8(text);
+    QString decoded = decoder.isValid() ? QString(decoder(text)) : QString::fromUtf8(text);
     freelocale(users);
     return decoded;
 }
