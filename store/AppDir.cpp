@@ -14,7 +14,7 @@ void SetAppDir(const QString& folder) {
 }
 
 QString DefaultAppDir() {
-    if (const QString home = qEnvironmentVariable("KUVEL_HOME"); !home.isEmpty()) {
+    if (QString home = qEnvironmentVariable("KUVEL_HOME"); !home.isEmpty()) {
         return home;
     }
     const QString executable = QFileInfo(QStringLiteral("/proc/self/exe")).symLinkTarget();
