@@ -20,7 +20,7 @@ def version_value(text):
 
 class Form:
     def __init__(self, description, file):
-        self.d, self.file, self.texts = description, file, description["texts"]
+        self.form, self.file, self.texts = description, file, description["texts"]
         since = {name: version_value(file["version"]) >= version_value(first)
                  for name, first in description["since"].items()}
         self.new_layout, self.new_intro, self.fixed_quarter = (
@@ -31,7 +31,7 @@ class Form:
     def workbook(self):
         book = Workbook(self.texts["title"], f"{self.texts['version']} {self.file['version']}")
         figures = [self._pallets(sheet) if sheet["kind"] == "pallets" else self._figures(sheet)
-                   for sheet in self.d["sheets"]]
+                   for sheet in self.form["sheets"]]
         book.sheets = [self._introduction(), *figures]
         return book
 
@@ -49,8 +49,8 @@ class Form:
         sheet.put("D4", quarter, border="line", size=11, bold=True, align="center", format="ordinal")
         sheet.put("E4:G4", f"čtvrtletí {self.file['year']}", size=11, bold=True)
         sheet.put("A5:C5", "Druh výkazu:", **LABEL)
-        sheet.put("D5:E5", self.d["intro"]["kind"], border="line", size=11, bold=True, align="center", format="text")
-        sheet.put("F5:G5", self.d["intro"]["kind_hint"], **NOTE)
+        sheet.put("D5:E5", self.form["intro"]["kind"], border="line", size=11, bold=True, align="center", format="text")
+        sheet.put("F5:G5", self.form["intro"]["kind_hint"], **NOTE)
         for key, text in (("company", "Údaje o společnosti"), ("contact", "Kontaktní údaje")):
             row = self.intro[key]
             sheet.put(f"A{row}:G{row}", text, bold=True, fill="#d9d9d9", size=10)
@@ -62,7 +62,7 @@ class Form:
         return sheet
 
     def _declaration(self, sheet, row):
-        texts = self.d["intro"]
+        texts = self.form["intro"]
         sheet.put(f"A{row}:G{row}", "Prohlášení", bold=True, fill="#d9d9d9", size=10)
         sheet.put(f"A{row + 1}:G{row + 2}", texts["declaration"], size=9, wrap=True)
         sheet.put(f"A{row + 4}:D{row + 4}", texts["place"], size=9)
@@ -73,7 +73,7 @@ class Form:
         for column, text in zip("IJK", ("List", "Obsah", f"{self.texts['total']} [t]")):
             sheet.put(f"{column}4", text, **HEAD)
         row = 5
-        for figures in self.d["sheets"]:
+        for figures in self.form["sheets"]:
             name = figures["name"]
             sheet.put(f"I{row}", name, border="thin", align="center", format="text")
             sheet.put(f"J{row}", figures["title"], border="thin", wrap=True)
@@ -81,7 +81,7 @@ class Form:
             row += 1
         row += 1
         sheet.put(f"I{row}:K{row}", "Pokyny k vyplnění", bold=True, fill="#d9d9d9", size=10)
-        for number, text in enumerate(self.d["intro"]["guide"], 1):
+        for number, text in enumerate(self.form["intro"]["guide"], 1):
             sheet.put(f"I{row + number}", f"{number}.", align="center")
             sheet.put(f"J{row + number}:K{row + number}", text)
 
@@ -102,16 +102,16 @@ class Form:
     def _figures(self, description):
         kind, name = description["kind"], description["name"]
         shift = 1 if self.new_layout else 0
-        types = [t for t in self.d["columns"]["types"] if self.new_layout or not t.get("new_layout")]
+        types = [t for t in self.form["columns"]["types"] if self.new_layout or not t.get("new_layout")]
         first_column = parse_address(types[0]["first"] + "1")[1]
         total_column = parse_address(types[-1]["first"] + "1")[1] + 3
         last = make_address(1, total_column)[0]
         row_key = "one_way" if kind == "one-way" else "reusable"
-        groups = [(g["text"], [m for m in g["materials"] if row_key in m]) for g in self.d["groups"]]
+        groups = [(g["text"], [m for m in g["materials"] if row_key in m]) for g in self.form["groups"]]
         first_row = groups[0][1][0][row_key] + shift
         total_row = groups[-1][1][-1][row_key] + shift + 1
 
-        figure_width = 2.15 if self.new_layout else 2.3
+        figure_width = 2.15 if self.new_layout else 2.75
         sheet = Sheet(name, [3.0, 5.4] + [figure_width] * (total_column - first_column) + [2.6], 0.56)
         self._titles(sheet, name, description["title"], last)
         heads = first_row - 2
@@ -120,7 +120,7 @@ class Form:
         sheet.put(f"A{heads - shift}:B{heads + 1}", self.texts["material"], **HEAD)
         sheet.put(f"{last}{heads}:{last}{heads + 1}", f"{self.texts['total']} [t]", **HEAD)
         sheet.heights[heads], sheet.heights[heads + 1] = 0.65, 1.0
-        ways = self.d["columns"]["fates" if kind == "discarded" else "origins"]
+        ways = self.form["columns"]["fates" if kind == "discarded" else "origins"]
         for packaging in types:
             column = parse_address(packaging["first"] + "1")[1]
             sheet.put(f"{make_address(heads, column)}:{make_address(heads, column + 2)}", packaging["caption"], **HEAD)
@@ -161,7 +161,7 @@ class Form:
                 row += 1
 
     def _pallets(self, description):
-        pallets, name = self.d["pallets"], description["name"]
+        pallets, name = self.form["pallets"], description["name"]
         shift = -1 if self.new_layout else 0
         rows = pallets["rows"]
         first_row, total_row = rows[0]["row"] + shift, rows[-1]["row"] + shift + 1
