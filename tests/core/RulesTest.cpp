@@ -135,7 +135,8 @@ std::string Lines(int lines) {
            "(1, 1, 1, 10000, 10000), (1, 2, 1, 20000, 10000);"
            "WITH RECURSIVE n(i) AS (VALUES (1) UNION ALL SELECT i + 1 FROM n WHERE i < " +
            std::to_string(lines) +
-           ") INSERT INTO Move_Prod SELECT i, i, 1, 20000 FROM n;"
+           ") INSERT INTO Move_Prod SELECT i, i, 1, 20000 FROM n WHERE i <= " + std::to_string(lines) +
+           ";"
            "INSERT INTO Move (move_id, move_date) SELECT mvprod_id, '2012-05-05 00:00:00' FROM Move_Prod;"
            "INSERT INTO Move_Cover (mvprod_id, move_id, cover_id, mvcover_qty) SELECT mvprod_id, move_id, 9, 1 FROM "
            "Move_Prod";
@@ -172,7 +173,8 @@ INSTANTIATE_TEST_SUITE_P(Rules, Pacing,
                          testing::Values(PacingCase{0, 0, ""}, PacingCase{3, 3, "1 z 3, 2 z 3, 3 z 3"},
                                          PacingCase{199, 199, "1 z 199, 2 z 199, 3 z 199"},
                                          PacingCase{400, 200, "1 z 400, 3 z 400, 5 z 400"},
-                                         PacingCase{450, 225, "1 z 450, 3 z 450, 5 z 450"}));
+                                         PacingCase{450, 225, "1 z 450, 3 z 450, 5 z 450"}),
+                         [](const auto& info) { return "Lines" + std::to_string(info.param.lines); });
 
 TEST(BulkRecompute, CancelKeepsWholeLines) {
     StoreFolder store;
@@ -214,6 +216,7 @@ TEST(RecomputeProduct, TouchesOnlyItsLinesAndCountsThem) {
 }
 
 struct OptionCase {
+    const char* name;
     PropagationOptions options;
     const char* expected;
 };
@@ -234,9 +237,12 @@ TEST_P(CoverPropagation, FollowsTheOptions) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Rules, CoverPropagation,
-                         testing::Values(OptionCase{{1, 1, 1, 0}, "321|321|321"}, OptionCase{{1, 0, 0, 1}, "321|0|0"},
-                                         OptionCase{{0, 1, 0, 1}, "0|321|0"}, OptionCase{{0, 0, 1, 1}, "0|0|321"},
-                                         OptionCase{{0, 0, 0, 1}, "0|0|0"}));
+                         testing::Values(OptionCase{"All", {1, 1, 1, 0}, "321|321|321"},
+                                         OptionCase{"Composites", {1, 0, 0, 1}, "321|0|0"},
+                                         OptionCase{"Packaging", {0, 1, 0, 1}, "0|321|0"},
+                                         OptionCase{"Issues", {0, 0, 1, 1}, "0|0|321"},
+                                         OptionCase{"None", {0, 0, 0, 1}, "0|0|0"}),
+                         [](const auto& info) { return info.param.name; });
 
 TEST(PropagationOptions, AreOnUntilTurnedOffAndSurvive) {
     ProgramFolder folder;
