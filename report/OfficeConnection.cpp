@@ -52,7 +52,7 @@ bool COfficeConnection::Connect() try {
     const auto context = css::bridge::UnoUrlResolver::create(LocalContext());
     const OUString url = ToOffice("uno:pipe,name=" + m_process->PipeName() + ";urp;StarOffice.ComponentContext");
     const COfficeWatchdog::CGuard guard(m_watchdog, m_limits.start);
-    while (!m_process->HasEnded()) {
+    while (!m_process->HasEnded() && !m_watchdog.HasExpired()) {
         try {
             const css::uno::Reference<css::uno::XComponentContext> remote(context->resolve(url), css::uno::UNO_QUERY);
             if (!remote.is())

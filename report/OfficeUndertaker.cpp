@@ -56,9 +56,8 @@ void ResetSignals(sighandler_t interruption) {
         signal(number, interruption);
 }
 
-void EndChildren(pid_t group) {
-    kill(-group, SIGKILL);
-    // Strays that left the group became our children when their parent ended.
+/// The strays that left the program's group: they became our children when their parent ended.
+void EndChildren() {
     char path[] = "/proc/thread-self/children";
     const int list = open(path, O_RDONLY | O_CLOEXEC);
     if (list < 0)
@@ -98,16 +97,19 @@ void EndChildren(pid_t group) {
     sigemptyset(&childSignal);
     sigaddset(&childSignal, SIGCHLD);
     sigprocmask(SIG_SETMASK, &childSignal, nullptr);
+    // Away from the standard descriptors, which we may have been started without.
+    const int control = fcntl(errand.control, F_DUPFD, 3);
+    const int heldFile = errand.heldFile < 0 ? -1 : fcntl(errand.heldFile, F_DUPFD, 3);
     const int nowhere = open("/dev/null", O_RDWR);
     for (int standard : {0, 1, 2})
         dup2(nowhere, standard);
-    CloseAllBut(errand.control, errand.heldFile);
+    CloseAllBut(control, heldFile);
     const int childEvents = signalfd(-1, &childSignal, SFD_CLOEXEC | SFD_NONBLOCK);
 
     const pid_t program = fork();
     if (program == 0)
         RunProgram(errand);
-    bool ending = program < 0;
+    bool ending = program < 0, groupIsGone = program < 0;
     if (program > 0)
         setpgid(program, program);
 
@@ -117,12 +119,13 @@ void EndChildren(pid_t group) {
         }
         if (reaped < 0)
             break; // no child is left
-        // The program itself is over: what still hangs on to us is a daemon that it left behind.
-        if (kill(-program, 0) != 0)
-            ending = true;
+        // Once the group is gone its number may be given to strangers. What still hangs on to us then is a daemon that
+        // the program left behind.
+        if (!groupIsGone && kill(-program, ending ? SIGKILL : 0) != 0)
+            groupIsGone = ending = true;
         if (ending)
-            EndChildren(program);
-        pollfd events[] = {{errand.control, POLLIN, 0}, {childEvents, POLLIN, 0}};
+            EndChildren();
+        pollfd events[] = {{control, POLLIN, 0}, {childEvents, POLLIN, 0}};
         if (ending)
             events[0].fd = -1;
         poll(events, 2, ending ? 5 : -1);
