@@ -10,6 +10,16 @@
 #include <string_view>
 #include <unordered_map>
 
+/// Runs `act`; an error that it raises names this text of the dialect, not what the engine was given for it.
+template <class Act>
+auto NamingText(std::string_view sql, Act act) {
+    try {
+        return act();
+    } catch (const ComError& error) {
+        throw ComError(error.Operation(), std::string(sql), error.Code(), error.Description());
+    }
+}
+
 /// The open database behind `CDataStore` and its recordsets: the connection, what its columns hold, and the statements
 /// prepared so far. Every member raises ComError.
 class CEngine {
@@ -27,6 +37,8 @@ public:
 
     /// Refuses a file that is not ours: application id, schema version and tables are checked.
     explicit CEngine(const std::string& path, bool checkIntegrity = false);
+    /// How long a connection opened from here on waits for another program's lock (5 s unless told).
+    static void SetPatience(std::chrono::milliseconds patience) { s_patience = patience; }
 
     /// Everything that holds the engine raises from here on.
     void Close();
@@ -56,9 +68,12 @@ public:
 private:
     void CheckIdentity(const std::string& path);
     void BeginTransaction();
+    void Commit();
     void Bind(Prepared& prepared, std::string_view sql);
     PreparedPtr Cached(const std::string& key) const;
     PreparedPtr Keep(const std::string& key, jet::Translation translation);
+
+    static inline std::chrono::milliseconds s_patience{5000};
 
     sqlite::Database m_database;
     jet::Schema m_schema;
