@@ -122,6 +122,17 @@ void CEngine::CheckIdentity(const std::string& path) {
     if (Pragma(database, "PRAGMA application_id") != ApplicationId ||
         Pragma(database, "PRAGMA user_version") != SchemaVersion)
         sqlite::Raise(database, SQLITE_NOTADB, "open", path);
+    // The engine reads what a last page lacks as noughts. The lock keeps a writer from being caught half-way.
+    sqlite::Execute(database, "BEGIN");
+    const std::int64_t pageSize = Pragma(database, "PRAGMA page_size");
+    Pragma(database, "SELECT count(*) FROM sqlite_schema");
+    sqlite3_file* file = nullptr;
+    sqlite3_int64 size = 0;
+    sqlite3_file_control(database, "main", SQLITE_FCNTL_FILE_POINTER, &file);
+    const int result = file->pMethods->xFileSize(file, &size);
+    sqlite::Execute(database, "COMMIT");
+    if (result != SQLITE_OK || size % pageSize != 0)
+        sqlite::Raise(database, SQLITE_CORRUPT, "open", path);
 }
 
 void CEngine::Close() {
@@ -207,7 +218,7 @@ std::shared_ptr<sqlite::Statement> CEngine::PrepareOwn(const std::string& sql) {
 
 void CEngine::Bind(Prepared& prepared, std::string_view sql) {
     // Inside a group a keyset reads its first rows with its keys.
-    sqlite::Statement& statement = m_inGroup && prepared.ahead ? prepared.ahead : prepared.statement;
+    sqlite::Statement& statement = InTransaction() && prepared.ahead ? prepared.ahead : prepared.statement;
     int index = 0;
     for (const jet::Parameter& parameter : prepared.translation.parameters) {
         ++index;
@@ -255,7 +266,6 @@ void CEngine::RecordDone() {
 }
 
 void CEngine::Commit() {
-    // A full disk makes the engine roll the transaction back by itself.
     if (IsOpen() && sqlite3_get_autocommit(Handle()) == 0)
         PrepareOwn("COMMIT")->Run();
 }

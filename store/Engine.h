@@ -63,9 +63,11 @@ public:
     void AbandonGroup() noexcept;
     bool InGroup() const { return m_inGroup; }
     /// 0 outside a commit group; inside, the number of the transaction, which locks other programs out.
-    std::uint64_t Transaction() const { return m_inGroup ? m_transaction : 0; }
+    std::uint64_t Transaction() const { return InTransaction() ? m_transaction : 0; }
 
 private:
+    /// False inside a group too, where a full disk made the engine roll back by itself.
+    bool InTransaction() const { return m_inGroup && IsOpen() && sqlite3_get_autocommit(m_database.get()) == 0; }
     void CheckIdentity(const std::string& path);
     void BeginTransaction();
     void Commit();
