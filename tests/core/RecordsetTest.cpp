@@ -1,5 +1,6 @@
 // Recordsets, by their ADO names, in use and in misuse.
 
+#include "store/Engine.h"
 #include "tests/core/SampleRows.h"
 
 #include <gtest/gtest.h>
@@ -367,6 +368,73 @@ TEST(Recordset, RequerySeesWhatCameSince) {
     folder.Sql("DELETE FROM TmpID");
     table->Requery();
     EXPECT_TRUE(table->get_EOF());
+}
+
+TEST(Recordset, InsideAGroupRowsThatWereReadAheadAreNeverOld) {
+    using Act = std::function<void(CDataStore&)>;
+    const auto rename = [](const RecordsetPtr& rows) {
+        rows->put_Collect("cover_name", QStringLiteral("changed"));
+        rows->Update();
+    };
+    const struct {
+        const char* by;
+        Act act;
+        const char* name; // of cover 3 afterwards
+    } cases[] = {
+        {"nobody", [](CDataStore&) {}, "'čaj'"},
+        {"a command", [](CDataStore& s) { s.ExecuteSQL("UPDATE Cover SET cover_name = 'changed'"); }, "'changed'"},
+        {"a deletion", [](CDataStore& s) { s.ExecuteSQL("DELETE FROM Cover WHERE cover_id = 3"); }, "gone"},
+        {"another query", [&](CDataStore& s) { rename(s.Query("SELECT cover_name FROM Cover WHERE cover_id = 3")); },
+         "'changed'"},
+        {"the table",
+         [&](CDataStore& s) {
+             const RecordsetPtr table = s.Table("cover");
+             table->Move(2);
+             rename(table);
+         },
+         "'changed'"},
+        {"another table", [](CDataStore& s) { s.ExecuteSQL("DELETE FROM TmpID"); }, "'čaj'"},
+        {"a roll-back of the engine",
+         [&](CDataStore& s) {
+             sqlite::Execute(s.Engine().Handle(), "ROLLBACK");
+             sqlite::Execute(s.Engine().Handle(), "UPDATE Cover SET cover_name = 'changed'");
+         },
+         "'changed'"},
+    };
+    for (const auto& c : cases) {
+        SampleFolder folder;
+        CCommitGroup group(folder.store);
+        const RecordsetPtr rows = folder.store.Query(AllCovers);
+        EXPECT_EQ("'cena'", Shown(rows->get_Collect("cover_name"))) << c.by;
+        rows->Move(6);
+        EXPECT_EQ("'Čaj'", Shown(rows->get_Collect("cover_name"))) << c.by;
+        c.act(folder.store);
+        rows->MoveFirst();
+        rows->Move(2);
+        std::string name = "gone";
+        EXPECT_NO_THROW(CodeOf([&] { name = Shown(rows->get_Collect("cover_name")); }));
+        EXPECT_EQ(c.name, name) << c.by;
+        // Its own change too, and a record of its own.
+        if (name == "gone")
+            continue;
+        rename(rows);
+        EXPECT_EQ("'changed'", Shown(rows->get_Collect("cover_name"))) << c.by;
+        rows->AddNew();
+        rename(rows);
+        EXPECT_EQ(8, rows->Long("cover_id")) << c.by;
+        rows->MoveFirst();
+        rows->Move(2);
+        EXPECT_EQ("'changed'", Shown(rows->get_Collect("cover_name"))) << c.by;
+    }
+    // Once the group is over, another program's changes are seen again.
+    SampleFolder folder;
+    RecordsetPtr rows;
+    {
+        CCommitGroup group(folder.store);
+        rows = folder.store.Query(AllCovers);
+    }
+    folder.Sql("UPDATE Cover SET cover_name = 'elsewhere' WHERE cover_id = 1");
+    EXPECT_EQ("'elsewhere'", Shown(rows->get_Collect("cover_name")));
 }
 
 TEST(Recordset, TheSameTextMayBeOpenSeveralTimes) {
