@@ -186,12 +186,14 @@ CEngine::PreparedPtr CEngine::Prepare(std::string_view sql) {
     return prepared;
 }
 
+// What is no statement is kept under a key that no statement can have, since "?" is outside of the dialect.
+
 CEngine::PreparedPtr CEngine::PrepareTable(std::string_view name) {
     Handle();
     const jet::Table* table = m_schema.FindTable(name);
     if (table == nullptr)
         jet::RaiseSyntax(name, "neznámá tabulka");
-    const std::string key = "TABLE " + table->name;
+    const std::string key = "? " + table->name;
     PreparedPtr prepared = Cached(key);
     return prepared ? prepared : Keep(key, jet::TranslateTable(*table));
 }
@@ -199,7 +201,7 @@ CEngine::PreparedPtr CEngine::PrepareTable(std::string_view name) {
 CEngine::PreparedPtr CEngine::PrepareCriterion(std::string_view criterion, const std::string& table) {
     Handle();
     jet::Shape(criterion, m_shape, m_literals);
-    const std::string key = "FIND " + table + " " + m_shape;
+    const std::string key = "? " + table + " " + m_shape;
     PreparedPtr prepared = Cached(key);
     if (!prepared)
         prepared = NamingText(criterion, [&] {

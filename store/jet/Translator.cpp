@@ -18,35 +18,8 @@ struct Typed {
     std::optional<ValueType> type;
 };
 
-bool IsNumberLiteral(const Expression& e) {
-    if (e.kind == Kind::Negate)
-        return IsNumberLiteral(*e.operands[0]);
-    return e.kind == Kind::Literal && (e.token.kind == TokenKind::Integer || e.token.kind == TokenKind::Decimal);
-}
-
-bool IsDecimal(const Expression& e) {
-    return e.kind == Kind::Negate ? IsDecimal(*e.operands[0])
-                                  : e.kind == Kind::Literal && e.token.kind == TokenKind::Decimal;
-}
-
-bool HasAggregate(const Expression& e) {
-    return e.kind == Kind::Sum || e.kind == Kind::CountAll ||
-           std::any_of(e.operands.begin(), e.operands.end(),
-                       [](const auto& operand) { return HasAggregate(*operand); });
-}
-
-bool IsLiteral(const Expression& e, TokenKind kind) {
-    return e.kind == Kind::Literal && e.token.kind == kind;
-}
-
-std::string_view Mirrored(std::string_view op) {
-    if (op == "<")
-        return ">";
-    if (op == ">")
-        return "<";
-    if (op == "<=")
-        return ">=";
-    return op == ">=" ? "<=" : op;
+bool IsNumber(const Typed& value) {
+    return !value.type || value.type == ValueType::Long || value.type == ValueType::Currency;
 }
 
 class Translator {
@@ -186,15 +159,13 @@ private:
         if (select.where)
             sql += " WHERE " + Condition(*select.where, scope);
         std::string separator = " GROUP BY ";
-        for (const std::string& group : groups.value_or(std::vector<std::string>())) {
-            sql += separator + group;
-            separator = ", ";
-        }
+        for (const std::string& group : groups.value_or(std::vector<std::string>()))
+            sql += std::exchange(separator, ", ") + group;
         m_groups = std::move(groups);
         separator = " ORDER BY ";
         for (const OrderItem& item : select.orderBy) {
-            sql += separator + OrderValue(Value(*item.value, scope)) + (item.descending ? " DESC" : "");
-            separator = ", ";
+            sql += std::exchange(separator, ", ") + OrderValue(Value(*item.value, scope));
+            sql += item.descending ? " DESC" : "";
         }
         if (breakTies)
             sql += separator + scope[0]->name + ".rowid";
@@ -309,10 +280,7 @@ private:
         const Expression& left = *e.operands[0];
         const Expression& right = *e.operands[1];
         const auto [a, b] = Pair(left, right, scope);
-        const auto isNumber = [](const Typed& value) {
-            return !value.type || value.type == ValueType::Long || value.type == ValueType::Currency;
-        };
-        if (!isNumber(a) || !isNumber(b))
+        if (!IsNumber(a) || !IsNumber(b))
             Fail("neslučitelné typy");
         const bool bothCurrency = a.type == ValueType::Currency && b.type == ValueType::Currency;
         if (e.op == "*" && bothCurrency)
@@ -440,9 +408,7 @@ private:
 
     /// Text is compared without regard to case; a plain text by the engine's own rule, so that an index serves.
     std::string Collation(const Typed& a, const Typed& b, const Expression& e) const {
-        const bool isNumberA = !a.type || a.type == ValueType::Long || a.type == ValueType::Currency;
-        const bool isNumberB = !b.type || b.type == ValueType::Long || b.type == ValueType::Currency;
-        const bool fits = (isNumberA && isNumberB && (!a.type || !b.type || a.type == b.type)) || a.type == b.type;
+        const bool fits = (IsNumber(a) && IsNumber(b) && (!a.type || !b.type)) || a.type == b.type;
         if (!fits)
             Fail("neslučitelné typy");
         if (a.type != ValueType::Text)
@@ -482,18 +448,15 @@ private:
             return AddParameter({Parameter::Kind::DayStart, date.token.literal, shift, number->token.literal, sign});
         };
         std::string range;
-        if (op == ">=")
-            range = column + " >= " + start(0);
-        else if (op == ">")
-            range = column + " >= " + start(1);
-        else if (op == "<")
-            range = column + " < " + start(0);
-        else if (op == "<=")
-            range = column + " < " + start(1);
-        else if (op == "=")
-            range = column + " >= " + start(0) + " AND " + column + " < " + start(1);
-        else
+        if (op == "<>") {
             range = "(" + column + " < " + start(0) + " OR " + column + " >= " + start(1) + ")";
+        } else {
+            if (op != "<" && op != "<=")
+                range = column + " >= " + start(op == ">" ? 1 : 0);
+            range += op == "=" ? " AND " : "";
+            if (op != ">" && op != ">=")
+                range += column + " < " + start(op == "<" ? 0 : 1);
+        }
         return "(" + range + " AND kuvel_isdate(" + column + "))";
     }
 
@@ -532,21 +495,6 @@ Translation Translate(std::string_view sql, const Schema& schema) {
 
 Translation TranslateCriterion(std::string_view criterion, const Table& table, const Schema& schema) {
     return Translator(criterion, schema).Criterion(table);
-}
-
-Translation TranslateTable(const Table& table) {
-    Translation result;
-    result.kind = Translation::Kind::Keyset;
-    result.table = table.name;
-    std::string items;
-    for (const Column& column : table.columns) {
-        items += (items.empty() ? "" : ", ") + column.name;
-        result.columns.push_back({column.name, column.type, true});
-    }
-    result.rowSql = "SELECT " + items + " FROM " + table.name + " WHERE rowid = ?1";
-    result.sql = "SELECT rowid FROM " + table.name + " ORDER BY rowid";
-    result.aheadSql = "SELECT rowid, " + items + " FROM " + table.name + " ORDER BY rowid";
-    return result;
 }
 
 } // namespace jet
