@@ -204,6 +204,17 @@ TEST(DialectRefusal, OfACriterionLeavesTheRecordsetWhereItWas) {
     }
 }
 
+TEST(DialectRefusal, WhatIsKeptPreparedAnswersToNoOtherText) {
+    SampleFolder folder;
+    folder.store.Query("SELECT * FROM Cover")->Find("cover_id = 1");
+    (void)folder.store.Table("Cover")->get_EOF();
+    for (const char* sql : {"FIND Cover cover_id = 1", "FIND Cover cover_id = 0 ", "TABLE Cover", "? Cover",
+                            "? Cover cover_id = 0", "Cover cover_id = 1", "cover_id = 1"}) {
+        EXPECT_THROW(folder.store.Query(sql), ComError) << sql;
+        EXPECT_THROW(folder.store.ExecuteSQL(sql), ComError) << sql;
+    }
+}
+
 TEST(DialectRefusal, WhatOnlyLooksForeignIsAllowed) {
     SampleFolder folder;
     const struct {

@@ -1,28 +1,16 @@
 // Recordsets, by their ADO names, in use and in misuse.
 
-#include "store/Engine.h"
+#include "tests/core/OtherProgram.h"
 #include "tests/core/SampleRows.h"
 
 #include <gtest/gtest.h>
 #include <malloc.h>
-
-#include <functional>
 
 namespace {
 
 constexpr const char* AllCovers = "SELECT * FROM Cover ORDER BY cover_id";
 constexpr const char* Joined = "SELECT Move_Prod.*, Product.* FROM Move_Prod INNER JOIN Product ON Move_Prod.prod_id = "
                                "Product.prod_id WHERE (move_id=1) ORDER BY prod_name";
-
-/// The code of the error that it raises, 0 for none.
-std::uint32_t CodeOf(const std::function<void()>& act) {
-    try {
-        act();
-        return 0;
-    } catch (const ComError& error) {
-        return error.Code();
-    }
-}
 
 } // namespace
 
