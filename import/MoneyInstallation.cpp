@@ -1,6 +1,7 @@
 #include "import/MoneyInstallation.h"
 
 #include "import/MoneyTable.h"
+#include "store/ComError.h"
 #include "store/Messages.h"
 #include "store/Profile.h"
 #include "store/Shared.h"
@@ -47,15 +48,22 @@ QString Normalised(QString folder) {
     return folder + u'/';
 }
 
+/// A table that is not Money's after all counts as one that cannot be opened: one odd folder must not hide the others.
 bool ReadSetting(const QString& path, const NamePlace& place, bool showMessages, QString& name) {
-    MoneyTablePtr table;
-    if (!OpenMoneyTable(table, path, showMessages))
+    try {
+        MoneyTablePtr table;
+        if (!OpenMoneyTable(table, path, showMessages))
+            return false;
+        table->SetCurrentIndex("Section1+Variable");
+        table->MoveFirst();
+        if (table->SeekKeys({place.tableSection, place.key}) == IMoneyTable::Found)
+            name = FormatVariant(table->FieldValue("Value"));
+        return true;
+    } catch (const ComError& error) {
+        if (showMessages)
+            ShowComError(error);
         return false;
-    table->SetCurrentIndex("Section1+Variable");
-    table->MoveFirst();
-    if (table->SeekKeys({place.tableSection, place.key}) == IMoneyTable::Found)
-        name = FormatVariant(table->FieldValue("Value"));
-    return true;
+    }
 }
 
 bool ReadName(const QString& folder, const NamePlace& place, bool showMessages, QString& name) {
@@ -160,9 +168,9 @@ std::optional<std::size_t> CMoneyInstallation::ChooseFolder(const QString& folde
 
 std::optional<MoneyYear> MoneyYearOfFolder(const QString& folder) {
     const CDriveMap drives = CDriveMap::FromEnvironment();
-    const QString native = drives.Native(folder);
+    const bool hasDrive = folder.size() >= 2 && folder[1] == u':';
     CMoneyInstallation installation(drives);
-    const std::optional<std::size_t> row =
-        installation.ChooseFolder(native.isEmpty() ? QDir::current().absoluteFilePath(folder) : native);
+    const std::optional<std::size_t> row = installation.ChooseFolder(
+        drives.Native(hasDrive ? folder : QDir::cleanPath(QDir::current().absoluteFilePath(folder))));
     return row ? std::optional(installation.Years()[*row]) : std::nullopt;
 }
