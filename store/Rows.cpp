@@ -79,6 +79,12 @@ void CRows::Append(std::int64_t key) {
     m_newKey = key;
 }
 
+void CRows::Drop(std::int64_t position) {
+    m_keys.erase(m_keys.begin() + position);
+    --m_count;
+    MoveTo(m_position > position ? m_position - 1 : m_position);
+}
+
 bool CRows::ReadRow() {
     if (m_rowRead || !IsKeyset())
         return true;
