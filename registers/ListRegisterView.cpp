@@ -1,5 +1,6 @@
 #include "registers/ListRegisterView.h"
 
+#include "registers/CommandTexts.h"
 #include "registers/Guarded.h"
 #include "registers/IconButton.h"
 #include "registers/RegisterTexts.h"
@@ -22,25 +23,18 @@ constexpr int SplitterWidth = 5;
 struct ButtonSpec {
     Command command;
     const char* icon;
-    const char* toolTip;
 };
-
-constexpr const char* AddTip = "Nový záznam";
-constexpr const char* EditTip = "Upravit záznam";
-constexpr const char* DeleteTip = "Odstranit záznam";
 
 /// The row of buttons above each list, by the list's level.
 const std::array<std::vector<ButtonSpec>, 3> Buttons = {{
-    {{Command::ID_RECORD_ADD, "add", AddTip},
-     {Command::ID_RECORD_EDIT, "edit", EditTip},
-     {Command::ID_RECORD_DELETE, "delete", DeleteTip},
-     {Command::ID_RECORD_FILTER, "filter", "Filtr "}},
-    {{Command::ID_DETAIL_ADD, "add", AddTip},
-     {Command::ID_DETAIL_EDIT, "edit", EditTip},
-     {Command::ID_DETAIL_DELETE, "delete", DeleteTip}},
-    {{Command::ID_SUBDETAIL_ADD, "add", AddTip},
-     {Command::ID_SUBDETAIL_EDIT, "edit", EditTip},
-     {Command::ID_SUBDETAIL_DELETE, "delete", DeleteTip}},
+    {{Command::ID_RECORD_ADD, "add"},
+     {Command::ID_RECORD_EDIT, "edit"},
+     {Command::ID_RECORD_DELETE, "delete"},
+     {Command::ID_RECORD_FILTER, "filter"}},
+    {{Command::ID_DETAIL_ADD, "add"}, {Command::ID_DETAIL_EDIT, "edit"}, {Command::ID_DETAIL_DELETE, "delete"}},
+    {{Command::ID_SUBDETAIL_ADD, "add"},
+     {Command::ID_SUBDETAIL_EDIT, "edit"},
+     {Command::ID_SUBDETAIL_DELETE, "delete"}},
 }};
 
 constexpr Command EditCommands[] = {Command::ID_RECORD_EDIT, Command::ID_DETAIL_EDIT, Command::ID_SUBDETAIL_EDIT};
@@ -81,8 +75,8 @@ void ListRegisterView::MakeGroup(ListGroup& group, const ListSpec& spec, const c
     for (const ButtonSpec& each : Buttons[static_cast<std::size_t>(level)]) {
         auto* button = new CIconButton(RegisterIcon(QString::fromLatin1(each.icon)), this);
         button->setObjectName(QStringLiteral("button%1").arg(static_cast<int>(each.command)));
-        button->setToolTip(QString::fromUtf8(each.toolTip));
-        button->setAccessibleName(QString::fromUtf8(each.toolTip).trimmed());
+        button->setToolTip(CommandToolTip(each.command));
+        button->setAccessibleName(CommandToolTip(each.command).trimmed());
         connect(button, &QPushButton::clicked, this, [this, command = each.command] { Run(command); });
         group.buttons.append(button);
         m_buttons[each.command] = button;
