@@ -31,7 +31,7 @@ struct ListColumn {
 /// What a list shows and how it behaves; the rows come with each fill.
 struct ListSpec {
     /// The row to select after a fill when no id was asked for, or when it is not there.
-    enum class Fallback { First, Last };
+    enum class Fallback { First, Last, None };
 
     QString objectName;
     std::vector<ListColumn> columns;

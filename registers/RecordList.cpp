@@ -126,7 +126,7 @@ bool RecordList::Fill(const std::string& sql, std::int32_t id) {
 void RecordList::SelectAfterFill(std::int32_t id) {
     int row = -1;
     Guarded([&] { row = id > NoId ? m_model->RowOf(id) : -1; });
-    if (row < 0 && RowCount() > 0)
+    if (row < 0 && RowCount() > 0 && m_spec.fallback != ListSpec::Fallback::None)
         row = m_spec.fallback == ListSpec::Fallback::Last ? RowCount() - 1 : 0;
     if (row >= 0)
         SelectRow(row);
