@@ -8,18 +8,23 @@
 #include <functional>
 #include <memory>
 
-/// One sheet of the report workbook. Ranges are addresses such as "D11:D11". Everything here raises ComError.
-class IWorksheet {
+/// What a figure is written into. Ranges are addresses such as "D11:D11". Raises ComError.
+class IFigureSheet {
 public:
-    virtual ~IWorksheet() = default;
+    virtual ~IFigureSheet() = default;
+    /// Arrives as a number, exact to four decimals.
+    virtual void SetCurrency(const QString& range, Currency value) = 0;
+};
+
+/// One sheet of the report workbook. Everything here raises ComError.
+class IWorksheet : public IFigureSheet {
+public:
     virtual void Activate() = 0;
     /// The cell's content as text (a number as its shortest text with a point, so 2.19 reads "2.19").
     virtual QString GetText(const QString& range) = 0;
     /// Arrives as text, whatever it looks like ("=1+1", "'x", "007"); an empty text empties the cell.
     virtual void SetText(const QString& range, const QString& text) = 0;
     virtual void SetInteger(const QString& range, std::int32_t value) = 0;
-    /// Arrives as a number, exact to four decimals.
-    virtual void SetCurrency(const QString& range, Currency value) = 0;
 };
 
 class IWorkbook {

@@ -77,6 +77,7 @@ void CDataStore::ExecuteSQL(std::string_view sql) {
     const CEngine::PreparedPtr prepared = Engine().Prepare(sql);
     if (prepared->translation.kind != jet::Translation::Kind::Command)
         jet::RaiseSyntax(sql, "příkaz vrací záznamy");
+    ++*prepared->changes;
     prepared->statement.Run();
 }
 

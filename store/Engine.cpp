@@ -118,6 +118,7 @@ void CEngine::Close() {
     for (auto& [key, prepared] : m_prepared) {
         prepared->statement = {};
         prepared->row = {};
+        prepared->ahead = {};
     }
     for (auto& [sql, statement] : m_own)
         *statement = {};
@@ -143,6 +144,9 @@ CEngine::PreparedPtr CEngine::Keep(const std::string& key, jet::Translation tran
     prepared->statement = sqlite::Statement(Handle(), prepared->translation.sql, true);
     if (!prepared->translation.rowSql.empty())
         prepared->row = sqlite::Statement(Handle(), prepared->translation.rowSql, true);
+    if (!prepared->translation.aheadSql.empty())
+        prepared->ahead = sqlite::Statement(Handle(), prepared->translation.aheadSql, true);
+    prepared->changes = &m_changes[prepared->translation.table];
     if (m_prepared.size() >= MostPrepared)
         std::erase_if(m_prepared, [](const auto& entry) { return entry.second.use_count() == 1; });
     m_prepared.emplace(key, prepared);
@@ -188,6 +192,8 @@ std::shared_ptr<sqlite::Statement> CEngine::PrepareOwn(const std::string& sql) {
 }
 
 void CEngine::Bind(Prepared& prepared, std::string_view sql) {
+    // Inside a group a keyset reads its first rows with its keys.
+    sqlite::Statement& statement = m_inGroup && prepared.ahead ? prepared.ahead : prepared.statement;
     int index = 0;
     for (const jet::Parameter& parameter : prepared.translation.parameters) {
         ++index;
@@ -195,13 +201,13 @@ void CEngine::Bind(Prepared& prepared, std::string_view sql) {
         switch (parameter.kind) {
         case jet::Parameter::Kind::Number:
         case jet::Parameter::Kind::Scaled:
-            BindNumber(prepared.statement, index, text, parameter.kind == jet::Parameter::Kind::Scaled);
+            BindNumber(statement, index, text, parameter.kind == jet::Parameter::Kind::Scaled);
             break;
         case jet::Parameter::Kind::Text:
-            prepared.statement.Bind(index, text.find('\'') == std::string_view::npos ? text : jet::Unquote(text));
+            statement.Bind(index, text.find('\'') == std::string_view::npos ? text : jet::Unquote(text));
             break;
         case jet::Parameter::Kind::Date:
-            prepared.statement.Bind(index, DateLiteral(sql, text).Stored());
+            statement.Bind(index, DateLiteral(sql, text).Stored());
             break;
         case jet::Parameter::Kind::DayStart: {
             int days = 0;
@@ -210,7 +216,7 @@ void CEngine::Bind(Prepared& prepared, std::string_view sql) {
                 std::from_chars(number.data(), number.data() + number.size(), days);
             }
             const DateTime day = DateLiteral(sql, text).AddDays(parameter.shift + parameter.daysSign * days);
-            prepared.statement.Bind(index, std::string_view(day.Stored()).substr(0, 10));
+            statement.Bind(index, std::string_view(day.Stored()).substr(0, 10));
             break;
         }
         }
@@ -219,6 +225,7 @@ void CEngine::Bind(Prepared& prepared, std::string_view sql) {
 
 void CEngine::BeginTransaction() {
     PrepareOwn("BEGIN IMMEDIATE")->Run();
+    ++m_transaction;
     m_groupChanges = sqlite3_total_changes64(Handle());
     m_groupStart = std::chrono::steady_clock::now();
 }

@@ -19,6 +19,9 @@ public:
         jet::Translation translation;
         sqlite::Statement statement;
         sqlite::Statement row;
+        sqlite::Statement ahead;
+        /// Counts this program's changes of `translation.table`.
+        std::uint64_t* changes = nullptr;
     };
     using PreparedPtr = std::shared_ptr<Prepared>;
 
@@ -47,6 +50,8 @@ public:
     /// Takes back what the group has not committed yet.
     void AbandonGroup() noexcept;
     bool InGroup() const { return m_inGroup; }
+    /// 0 outside a commit group; inside, the number of the transaction, which locks other programs out.
+    std::uint64_t Transaction() const { return m_inGroup ? m_transaction : 0; }
 
 private:
     void CheckIdentity(const std::string& path);
@@ -61,7 +66,9 @@ private:
     std::map<std::string, std::shared_ptr<sqlite::Statement>> m_own;
     std::string m_shape;
     std::vector<jet::Literal> m_literals;
+    std::map<std::string, std::uint64_t> m_changes;
     bool m_inGroup = false;
+    std::uint64_t m_transaction = 0;
     std::int64_t m_groupChanges = 0;
     std::chrono::steady_clock::time_point m_groupStart;
 };

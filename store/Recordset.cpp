@@ -81,7 +81,7 @@ void CRecordset::Open(std::shared_ptr<CEngine> engine, std::string_view source, 
         CEngine::PreparedPtr prepared = m_engine->Prepare(source);
         if (prepared->translation.kind == jet::Translation::Kind::Command)
             jet::RaiseSyntax(source, "příkaz nevrací záznamy");
-        m_rows->Read(std::move(prepared));
+        m_rows->Read(*m_engine, std::move(prepared));
     }
     m_open = true;
 }
@@ -104,21 +104,21 @@ void CRecordset::NeedOpen() const {
 
 void CRecordset::NeedKeys() const {
     NeedOpen();
-    m_rows->ReadDeferred();
+    m_rows->ReadDeferred(*m_engine);
 }
 
 void CRecordset::NeedRecord() const {
     NeedOpen();
     if (m_rows->OnNewRow())
         return;
-    m_rows->ReadDeferred();
+    m_rows->ReadDeferred(*m_engine);
     if (m_rows->AtEnd())
         Raise(ResultCode::AtEnd, m_source, QStringLiteral("Žádný záznam není aktuální."));
 }
 
 void CRecordset::ReadCurrentRow() const {
     NeedRecord();
-    if (!m_rows->ReadRow())
+    if (!m_rows->ReadRow(*m_engine))
         Raise(ResultCode::NoCurrentRecord, m_source, QStringLiteral("Záznam byl odstraněn."));
 }
 
@@ -250,6 +250,7 @@ void CRecordset::Insert() {
     for (const Edit& edit : m_edits)
         BindValue(*statement, ++index, columns[static_cast<std::size_t>(edit.column)].type, edit.value);
     statement->Run();
+    ++*m_rows->Prepared()->changes;
     m_rows->Append(sqlite3_last_insert_rowid(m_engine->Handle()));
 }
 
@@ -266,6 +267,7 @@ void CRecordset::Change() {
         BindValue(*statement, ++index, columns[static_cast<std::size_t>(edit.column)].type, edit.value);
     statement->Bind(++index, m_rows->Key());
     statement->Run();
+    ++*m_rows->Prepared()->changes;
     if (sqlite3_changes64(m_engine->Handle()) == 0)
         Raise(ResultCode::NoCurrentRecord, m_source, QStringLiteral("Záznam byl odstraněn."));
     m_rows->Forget();

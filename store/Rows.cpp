@@ -3,6 +3,12 @@
 #include <algorithm>
 #include <cstring>
 
+namespace {
+
+constexpr std::int64_t MostAhead = 64;
+
+} // namespace
+
 void CRows::Clear() {
     m_keys.clear();
     m_count = 0;
@@ -10,25 +16,45 @@ void CRows::Clear() {
     m_newKey.reset();
     m_deferred = false;
     m_rowRead = false;
+    m_ahead = 0;
+    m_cellRow = 0;
     m_values.clear();
     m_tags.clear();
     m_texts.clear();
 }
 
-void CRows::Read(CEngine::PreparedPtr prepared) {
+void CRows::Read(const CEngine& engine, CEngine::PreparedPtr prepared) {
     Clear();
     m_prepared = std::move(prepared);
-    sqlite::Statement& statement = m_prepared->statement;
     if (IsKeyset()) {
-        while (statement.Step())
-            m_keys.push_back(statement.Integer(0));
-        m_count = static_cast<std::int64_t>(m_keys.size());
+        ReadKeys(engine);
         return;
     }
+    sqlite::Statement& statement = m_prepared->statement;
     while (statement.Step()) {
-        Take(statement);
+        Take(statement, 0);
         ++m_count;
     }
+}
+
+void CRows::ReadKeys(const CEngine& engine) {
+    m_aheadTransaction = engine.Transaction();
+    m_aheadChanges = *m_prepared->changes;
+    const bool ahead = m_aheadTransaction != 0;
+    sqlite::Statement& statement = ahead ? m_prepared->ahead : m_prepared->statement;
+    while (statement.Step()) {
+        m_keys.push_back(statement.Integer(0));
+        if (ahead && m_ahead < MostAhead) {
+            Take(statement, 1);
+            ++m_ahead;
+        }
+    }
+    m_count = static_cast<std::int64_t>(m_keys.size());
+}
+
+bool CRows::IsAheadFresh(const CEngine& engine) const {
+    return m_position < m_ahead && !m_newKey && engine.Transaction() == m_aheadTransaction &&
+           *m_prepared->changes == m_aheadChanges;
 }
 
 void CRows::Defer(CEngine::PreparedPtr prepared) {
@@ -37,11 +63,11 @@ void CRows::Defer(CEngine::PreparedPtr prepared) {
     m_deferred = true;
 }
 
-void CRows::ReadDeferred() {
+void CRows::ReadDeferred(const CEngine& engine) {
     if (!m_deferred)
         return;
     const std::optional<std::int64_t> newKey = m_newKey;
-    Read(m_prepared);
+    Read(engine, m_prepared);
     if (newKey) {
         const auto found = std::find(m_keys.begin(), m_keys.end(), *newKey);
         m_position = found - m_keys.begin();
@@ -79,9 +105,16 @@ void CRows::Append(std::int64_t key) {
     m_newKey = key;
 }
 
-bool CRows::ReadRow() {
+bool CRows::ReadRow(const CEngine& engine) {
     if (m_rowRead || !IsKeyset())
         return true;
+    if (IsAheadFresh(engine)) {
+        m_cellRow = m_position;
+        m_rowRead = true;
+        return true;
+    }
+    m_ahead = 0;
+    m_cellRow = 0;
     m_values.clear();
     m_tags.clear();
     m_texts.clear();
@@ -89,21 +122,22 @@ bool CRows::ReadRow() {
     row.Bind(1, Key());
     if (!row.Step())
         return false;
-    Take(row);
+    Take(row, 0);
     row.Reset();
     m_rowRead = true;
     return true;
 }
 
-void CRows::Take(const sqlite::Statement& statement) {
+void CRows::Take(const sqlite::Statement& statement, int firstColumn) {
     const auto& columns = Translation().columns;
-    for (int i = 0; i < static_cast<int>(columns.size()); ++i) {
+    for (std::size_t column = 0; column < columns.size(); ++column) {
+        const int i = firstColumn + static_cast<int>(column);
         if (statement.IsNull(i)) {
             m_values.push_back(0);
             m_tags.push_back(Tag::Null);
             continue;
         }
-        switch (columns[static_cast<std::size_t>(i)].type) {
+        switch (columns[column].type) {
         case jet::ValueType::Text: {
             const std::string_view text = statement.Text(i);
             const auto size = static_cast<std::uint32_t>(text.size());
@@ -129,7 +163,7 @@ void CRows::Take(const sqlite::Statement& statement) {
 
 Variant CRows::Cell(int column) const {
     const auto& columns = Translation().columns;
-    const std::size_t row = IsKeyset() ? 0 : static_cast<std::size_t>(m_position) * columns.size();
+    const auto row = static_cast<std::size_t>(IsKeyset() ? m_cellRow : m_position) * columns.size();
     const std::size_t at = row + static_cast<std::size_t>(column);
     if (m_tags[at] == Tag::Null)
         return {};

@@ -9,10 +9,10 @@
 class CRows {
 public:
     /// Runs the statement (whose literals are bound).
-    void Read(CEngine::PreparedPtr prepared);
+    void Read(const CEngine& engine, CEngine::PreparedPtr prepared);
     /// A table whose keys are read when they are needed first.
     void Defer(CEngine::PreparedPtr prepared);
-    void ReadDeferred();
+    void ReadDeferred(const CEngine& engine);
 
     bool IsKeyset() const { return Translation().kind == jet::Translation::Kind::Keyset; }
     const jet::Translation& Translation() const { return m_prepared->translation; }
@@ -31,14 +31,17 @@ public:
     void Append(std::int64_t key);
     /// The cells of the current row are out of date.
     void Forget() { m_rowRead = false; }
-    /// Reads the current row of a keyset again unless that was done; false when it has vanished.
-    bool ReadRow();
+    /// Reads the current row of a keyset again unless that was done, or nobody can have changed it since; false when it
+    /// has vanished.
+    bool ReadRow(const CEngine& engine);
     Variant Cell(int column) const;
 
 private:
     enum class Tag : std::uint8_t { Null, Value, Invalid };
 
-    void Take(const sqlite::Statement& statement);
+    void Take(const sqlite::Statement& statement, int firstColumn);
+    void ReadKeys(const CEngine& engine);
+    bool IsAheadFresh(const CEngine& engine) const;
     void Clear();
 
     CEngine::PreparedPtr m_prepared;
@@ -48,6 +51,13 @@ private:
     std::optional<std::int64_t> m_newKey;
     bool m_deferred = false;
     bool m_rowRead = false;
+    /// The first rows of a keyset that was opened in a commit group: while its transaction lasts and the program itself
+    /// does not change the table, they are what the database holds.
+    std::int64_t m_ahead = 0;
+    std::uint64_t m_aheadTransaction = 0;
+    std::uint64_t m_aheadChanges = 0;
+    /// The row of the cells that is the current one.
+    std::int64_t m_cellRow = 0;
     /// Cells in row order. A text cell is the place in m_texts of its length and characters.
     std::vector<std::int64_t> m_values;
     std::vector<Tag> m_tags;

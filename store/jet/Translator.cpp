@@ -48,6 +48,7 @@ public:
         } else {
             m_result.kind = Translation::Kind::Command;
             Scope scope{NeedTable(syntax.table)};
+            m_result.table = scope[0]->name;
             if (syntax.kind == Syntax::Kind::Update) {
                 m_result.sql = "UPDATE " + scope[0]->name + " SET ";
                 for (const Assignment& assignment : syntax.assignments)
@@ -110,7 +111,9 @@ private:
             m_result.kind = Translation::Kind::Keyset;
             m_result.table = scope[0]->name;
             m_result.rowSql = "SELECT " + items + " FROM " + scope[0]->name + " WHERE rowid = ?1";
-            m_result.sql = "SELECT rowid" + Tail(select, scope, true);
+            const std::string tail = Tail(select, scope, true);
+            m_result.sql = "SELECT rowid" + tail;
+            m_result.aheadSql = "SELECT rowid, " + items + tail;
         } else {
             m_result.kind = Translation::Kind::Rows;
             m_result.sql = "SELECT " + items + Tail(select, scope, !aggregate && !select.orderBy.empty());
@@ -458,6 +461,7 @@ Translation TranslateTable(const Table& table) {
     }
     result.rowSql = "SELECT " + items + " FROM " + table.name + " WHERE rowid = ?1";
     result.sql = "SELECT rowid FROM " + table.name + " ORDER BY rowid";
+    result.aheadSql = "SELECT rowid, " + items + " FROM " + table.name + " ORDER BY rowid";
     return result;
 }
 

@@ -41,7 +41,8 @@ struct Translation {
     Kind kind = Kind::Command;
     std::string sql;
     std::string rowSql;
-    std::string table; // of a keyset
+    std::string aheadSql; // as `sql`, each row id followed by the row
+    std::string table;    // of a keyset, or changed by a command
     std::vector<ResultColumn> columns;
     std::vector<Parameter> parameters;
 };

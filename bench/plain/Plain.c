@@ -1,0 +1,240 @@
+#include "bench/plain/Plain.h"
+
+#include <unicode/ucol.h>
+#include <unicode/ustring.h>
+
+#include <stdint.h>
+#include <stdio.h>
+#include <stdlib.h>
+#include <string.h>
+#include <time.h>
+
+static void check(sqlite3* db, int result) {
+    if (result != SQLITE_OK && result != SQLITE_DONE && result != SQLITE_ROW) {
+        fprintf(stderr, "%s\n", sqlite3_errmsg(db));
+        abort();
+    }
+}
+
+void plain_exec(sqlite3* db, const char* sql) {
+    check(db, sqlite3_exec(db, sql, NULL, NULL, NULL));
+}
+
+sqlite3_stmt* plain_prepare(sqlite3* db, const char* sql) {
+    sqlite3_stmt* statement = NULL;
+    check(db, sqlite3_prepare_v3(db, sql, -1, SQLITE_PREPARE_PERSISTENT, &statement, NULL));
+    return statement;
+}
+
+sqlite3* plain_open(const char* path) {
+    sqlite3* db = NULL;
+    check(db, sqlite3_open_v2(path, &db, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, NULL));
+    sqlite3_busy_timeout(db, 5000);
+    plain_exec(db, "PRAGMA journal_mode = TRUNCATE; PRAGMA synchronous = FULL;");
+    return db;
+}
+
+void plain_close(sqlite3* db) {
+    sqlite3_close(db);
+}
+
+static int64_t now_ms(void) {
+    struct timespec t;
+    clock_gettime(CLOCK_MONOTONIC, &t);
+    return (int64_t)t.tv_sec * 1000 + t.tv_nsec / 1000000;
+}
+
+static void run(sqlite3* db, sqlite3_stmt* s) {
+    check(db, sqlite3_step(s));
+    sqlite3_reset(s);
+}
+
+long plain_recompute(sqlite3* db) {
+    sqlite3_stmt* begin = plain_prepare(db, "BEGIN IMMEDIATE");
+    sqlite3_stmt* commit = plain_prepare(db, "COMMIT");
+    sqlite3_stmt* lines =
+        plain_prepare(db, "SELECT mvprod_id, Move_Prod.move_id, prod_id, mvprod_qty, move_date FROM Move_Prod "
+                          "JOIN Move ON Move.move_id = Move_Prod.move_id");
+    sqlite3_stmt* delete_old = plain_prepare(db, "DELETE FROM Move_Cover WHERE mvprod_id = ?");
+    sqlite3_stmt* dates =
+        plain_prepare(db, "SELECT dt_id, dt_from FROM Prod_CoverDT WHERE prod_id = ? ORDER BY dt_from");
+    sqlite3_stmt* covers =
+        plain_prepare(db, "SELECT cp_usealways, cp_usefrom, cp_useto, cp_qtyprod, cp_qtycover, cover_id, "
+                          "cover_type, cover_org, cover_pay FROM Prod_Cover WHERE dt_id = ?");
+    sqlite3_stmt* insert =
+        plain_prepare(db, "INSERT INTO Move_Cover (mvprod_id, move_id, cover_id, mvcover_qty, cover_type, "
+                          "cover_org, cover_pay) VALUES (?, ?, ?, ?, ?, ?, ?)");
+    struct line {
+        int64_t id, move, product, quantity;
+        char date[20];
+    };
+    /* The lines are read first: the loop changes the database under them. */
+    size_t room = 1024, count = 0;
+    struct line* all = malloc(room * sizeof *all);
+    while (sqlite3_step(lines) == SQLITE_ROW) {
+        if (count == room)
+            all = realloc(all, (room *= 2) * sizeof *all);
+        struct line* l = &all[count++];
+        l->id = sqlite3_column_int64(lines, 0);
+        l->move = sqlite3_column_int64(lines, 1);
+        l->product = sqlite3_column_int64(lines, 2);
+        l->quantity = sqlite3_column_int64(lines, 3);
+        snprintf(l->date, sizeof l->date, "%s", (const char*)sqlite3_column_text(lines, 4));
+    }
+    sqlite3_finalize(lines);
+    run(db, begin);
+    int64_t start = now_ms(), changes = sqlite3_total_changes64(db);
+    for (size_t i = 0; i < count; ++i) {
+        const struct line* l = &all[i];
+        sqlite3_bind_int64(delete_old, 1, l->id);
+        run(db, delete_old);
+        int64_t definition = 0;
+        sqlite3_bind_int64(dates, 1, l->product);
+        while (sqlite3_step(dates) == SQLITE_ROW) {
+            if (strcmp(l->date, (const char*)sqlite3_column_text(dates, 1)) < 0)
+                break;
+            definition = sqlite3_column_int64(dates, 0);
+        }
+        sqlite3_reset(dates);
+        sqlite3_bind_int64(covers, 1, definition);
+        while (definition != 0 && sqlite3_step(covers) == SQLITE_ROW) {
+            if (!sqlite3_column_int(covers, 0) &&
+                (sqlite3_column_int64(covers, 1) > l->quantity || l->quantity > sqlite3_column_int64(covers, 2)))
+                continue;
+            int64_t per = sqlite3_column_int64(covers, 3), factor = 1;
+            if (per >= 0)
+                factor = per == 0 ? 0 : l->quantity / per;
+            sqlite3_bind_int64(insert, 1, l->id);
+            sqlite3_bind_int64(insert, 2, l->move);
+            sqlite3_bind_int64(insert, 3, sqlite3_column_int64(covers, 5));
+            sqlite3_bind_int64(insert, 4, factor * sqlite3_column_int64(covers, 4));
+            sqlite3_bind_int64(insert, 5, sqlite3_column_int64(covers, 6));
+            sqlite3_bind_int64(insert, 6, sqlite3_column_int64(covers, 7));
+            sqlite3_bind_int64(insert, 7, sqlite3_column_int64(covers, 8));
+            run(db, insert);
+        }
+        sqlite3_reset(covers);
+        if (sqlite3_total_changes64(db) - changes >= 5000 || now_ms() - start >= 1000) {
+            run(db, commit);
+            run(db, begin);
+            start = now_ms();
+            changes = sqlite3_total_changes64(db);
+        }
+    }
+    run(db, commit);
+    free(all);
+    sqlite3_stmt* done[] = {begin, commit, delete_old, dates, covers, insert};
+    for (size_t i = 0; i < sizeof done / sizeof *done; ++i)
+        sqlite3_finalize(done[i]);
+    return (long)count;
+}
+
+void plain_repeat(sqlite3* db, long count) {
+    plain_exec(db, "BEGIN IMMEDIATE");
+    sqlite3_stmt* s = plain_prepare(db, "DELETE FROM Move_Cover WHERE mvprod_id = ?");
+    for (long i = 0; i < count; ++i) {
+        sqlite3_bind_int64(s, 1, 1000000000 + i);
+        run(db, s);
+    }
+    sqlite3_finalize(s);
+    plain_exec(db, "COMMIT");
+}
+
+static void sort_key(sqlite3_context* context, int count, sqlite3_value** values) {
+    (void)count;
+    UCollator* collator = sqlite3_user_data(context);
+    UChar wide[512];
+    uint8_t key[2048];
+    UErrorCode status = U_ZERO_ERROR;
+    int32_t length = 0;
+    u_strFromUTF8(wide, 512, &length, (const char*)sqlite3_value_text(values[0]), sqlite3_value_bytes(values[0]),
+                  &status);
+    const int32_t size = ucol_getSortKey(collator, wide, length, key, sizeof key);
+    sqlite3_result_blob(context, key, size, SQLITE_TRANSIENT);
+}
+
+long plain_keyset(sqlite3* db) {
+    UErrorCode status = U_ZERO_ERROR;
+    UCollator* collator = ucol_open("cs", &status);
+    ucol_setStrength(collator, UCOL_SECONDARY);
+    sqlite3_create_function(db, "sort_key", 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC, collator, sort_key, NULL, NULL);
+    sqlite3_stmt* keys = plain_prepare(db, "SELECT move_id FROM Move ORDER BY sort_key(move_num), move_id");
+    size_t room = 1024, count = 0;
+    int64_t* all = malloc(room * sizeof *all);
+    while (sqlite3_step(keys) == SQLITE_ROW) {
+        if (count == room)
+            all = realloc(all, (room *= 2) * sizeof *all);
+        all[count++] = sqlite3_column_int64(keys, 0);
+    }
+    sqlite3_finalize(keys);
+    sqlite3_stmt* row = plain_prepare(db, "SELECT * FROM Move WHERE move_id = ?");
+    for (size_t i = 0; i < 50 && i < count; ++i) {
+        sqlite3_bind_int64(row, 1, all[i]);
+        check(db, sqlite3_step(row));
+        for (int c = 0; c < sqlite3_column_count(row); ++c)
+            sqlite3_column_text(row, c);
+        sqlite3_reset(row);
+    }
+    sqlite3_finalize(row);
+    free(all);
+    ucol_close(collator);
+    return (long)count;
+}
+
+/* A product of two currencies, rounded to the nearest ten-thousandth, ties to even, and its sum. */
+static void sum_step(sqlite3_context* context, int count, sqlite3_value** values) {
+    (void)count;
+    int64_t* sum = sqlite3_aggregate_context(context, sizeof *sum);
+    __int128 product = (__int128)sqlite3_value_int64(values[0]) * sqlite3_value_int64(values[1]);
+    int64_t quotient = (int64_t)(product / 10000), rest = (int64_t)(product % 10000);
+    if (rest > 5000 || (rest == 5000 && quotient % 2))
+        ++quotient;
+    *sum += quotient;
+}
+
+static void sum_final(sqlite3_context* context) {
+    int64_t* sum = sqlite3_aggregate_context(context, 0);
+    if (sum)
+        sqlite3_result_int64(context, *sum);
+}
+
+long plain_figures(sqlite3* db, const char* from, const char* after) {
+    sqlite3_create_function(db, "sum_mul", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC, NULL, NULL, sum_step, sum_final);
+    long rows = 0;
+    static const char* const joined = "FROM Move JOIN Move_Cover ON Move.move_id = Move_Cover.move_id JOIN Cover ON "
+                                      "Move_Cover.cover_id = Cover.cover_id WHERE move_date >= ?1 AND move_date < ?2";
+    for (int sheet = 0; sheet < 10; ++sheet) {
+        char sql[1024];
+        if (sheet < 8) {
+            static const int payments[] = {1, 2, 0};
+            char filter[128];
+            if (sheet % 4 == 3)
+                snprintf(filter, sizeof filter, "move_export = 1");
+            else
+                snprintf(filter, sizeof filter, "move_export = 0 AND Move_Cover.cover_pay = %d", payments[sheet % 4]);
+            snprintf(sql, sizeof sql,
+                     "SELECT cover_mat, Move_Cover.cover_type, Move_Cover.cover_org, sum_mul(mvcover_qty, "
+                     "cover_weight) %s AND "
+                     "cover_reusable = %d AND %s GROUP BY 1, 2, 3",
+                     joined, sheet / 4, filter);
+        } else if (sheet == 8) {
+            snprintf(sql, sizeof sql,
+                     "SELECT cover_mat, cover_type, disc_type, sum_mul(disc_qty, cover_weight) FROM CoverDiscard JOIN "
+                     "Cover ON "
+                     "CoverDiscard.cover_id = Cover.cover_id WHERE cover_reusable = 1 AND disc_date >= ?1 AND "
+                     "disc_date < ?2 GROUP BY 1, 2, 3");
+        } else {
+            snprintf(sql, sizeof sql,
+                     "SELECT cover_stat, cover_reusable, sum_mul(mvcover_qty, cover_weight) %s AND cover_stat <> 0 "
+                     "GROUP BY 1, 2",
+                     joined);
+        }
+        sqlite3_stmt* s = plain_prepare(db, sql);
+        sqlite3_bind_text(s, 1, from, -1, SQLITE_STATIC);
+        sqlite3_bind_text(s, 2, after, -1, SQLITE_STATIC);
+        while (sqlite3_step(s) == SQLITE_ROW)
+            ++rows;
+        sqlite3_finalize(s);
+    }
+    return rows;
+}

@@ -1,0 +1,30 @@
+/* The same work as one would write it by hand in C over SQLite: statements prepared once, the same indexes, the same
+   commits, the same settings of the connection. */
+#ifndef KUVEL_BENCH_PLAIN_H
+#define KUVEL_BENCH_PLAIN_H
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+#include <sqlite3.h>
+
+sqlite3* plain_open(const char* path);
+void plain_close(sqlite3* db);
+sqlite3_stmt* plain_prepare(sqlite3* db, const char* sql);
+void plain_exec(sqlite3* db, const char* sql);
+
+/* Deletes and computes anew the packaging of every issue line; answers the number of lines. */
+long plain_recompute(sqlite3* db);
+/* Deletes the packaging of line numbers that are not there, one after the other. */
+void plain_repeat(sqlite3* db, long count);
+/* The keys of all issues in the Czech order of their numbers, then the first 50 rows. Answers the number of keys. */
+long plain_keyset(sqlite3* db);
+/* The sums of all ten sheets of one quarter; answers the number of result rows. */
+long plain_figures(sqlite3* db, const char* from, const char* after);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif

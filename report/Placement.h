@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QString>
+
+#include <compare>
+#include <cstdint>
+#include <optional>
+
+/// The figure sheets of the forms before version 2.0, and from it on: those have industrial packaging too.
+enum class Layout { Old, New };
+
+/// A cell: the column counted from 0 (A), the row from 1.
+struct CellPlace {
+    int row = 0;
+    int column = 0;
+
+    friend auto operator<=>(const CellPlace&, const CellPlace&) = default;
+};
+
+/// "D11".
+QString CellText(CellPlace place);
+/// "D11:D11".
+QString RangeText(CellPlace place);
+
+/// Where the form has the total of a material and type. `share` is the third code: the origin of issued packaging, the
+/// kind of a discard. Nothing for codes that the form has no cell for; such packaging is not reported.
+std::optional<CellPlace> PlaceMaterial(Layout layout, bool reusable, std::int32_t material, std::int32_t type,
+                                       std::int32_t share);
+
+/// Where the form has the total of a pallet or carton code. `reusable` is nothing when the cover does not say.
+std::optional<CellPlace> PlaceStat(Layout layout, std::int32_t stat, std::optional<bool> reusable);
