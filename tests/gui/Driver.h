@@ -46,7 +46,8 @@ public:
     CRegisterView* lastExcept = nullptr;
 };
 
-template <class Child> Child& Find(QWidget& parent, const char* name) {
+template <class Child>
+Child& Find(QWidget& parent, const char* name) {
     auto* child = parent.findChild<Child*>(QString::fromLatin1(name));
     if (child == nullptr)
         throw std::runtime_error(std::string("no control ") + name);
