@@ -8,6 +8,11 @@
 
 #include <clocale>
 
+// Outside every namespace, as the macro demands; a static library's resources are left out unless they are named.
+static void InitResources() {
+    Q_INIT_RESOURCE(icons);
+}
+
 namespace {
 
 struct OwnWord {
@@ -35,10 +40,6 @@ public:
         return {};
     }
 };
-
-void InitResources() {
-    Q_INIT_RESOURCE(icons);
-}
 
 } // namespace
 
