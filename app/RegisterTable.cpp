@@ -1,6 +1,8 @@
 #include "app/RegisterTable.h"
 
 #include "app/EmptyView.h"
+#include "registers/ViewCompCover.h"
+#include "registers/ViewCover.h"
 
 namespace {
 
@@ -10,8 +12,8 @@ CRegisterView* Create(CDataStore& store, IBroadcaster& broadcaster, QWidget* par
 }
 
 constexpr RegisterEntry Table[] = {
-    {Command::ID_SHOW_COVERS, Create<CEmptyView>},
-    {Command::ID_SHOW_COMPOSITES, Create<CEmptyView>},
+    {Command::ID_SHOW_COVERS, Create<CViewCover>},
+    {Command::ID_SHOW_COMPOSITES, Create<CViewCompCover>},
     {Command::ID_SHOW_PRODUCTS, Create<CEmptyView>},
     {Command::ID_SHOW_ISSUES, Create<CEmptyView>},
 };
