@@ -172,6 +172,27 @@ void CRecordset::Find(std::string_view criterion) {
     m_rows->Find(keys);
 }
 
+/// The keys once read are there also when the database was closed meanwhile.
+void CRecordset::NeedPosition(int position) const {
+    if (!m_open || m_rows->Count() == 0)
+        NeedKeys();
+    if (!m_rows->IsKeyset())
+        Raise(ResultCode::ErrorsInCommand, m_source, QStringLiteral("Spojené tabulky nemají klíč."));
+    if (position < 0 || position >= m_rows->Count())
+        Raise(ResultCode::AtEnd, m_source, QStringLiteral("Žádný záznam není aktuální."));
+}
+
+std::int64_t CRecordset::KeyAt(int position) const {
+    NeedPosition(position);
+    return m_rows->KeyAt(position);
+}
+
+void CRecordset::Drop(int position) {
+    NeedPosition(position);
+    CancelUpdate();
+    m_rows->Drop(position);
+}
+
 int CRecordset::ColumnIndex(std::string_view name) const {
     const auto& columns = m_rows->Translation().columns;
     for (std::size_t i = 0; i < columns.size(); ++i)
