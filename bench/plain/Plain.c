@@ -153,12 +153,13 @@ static void sort_key(sqlite3_context* context, int count, sqlite3_value** values
     sqlite3_result_blob(context, key, size, SQLITE_TRANSIENT);
 }
 
-long plain_keyset(sqlite3* db) {
+/* All keys in order, then the first 50 rows, each by its key. */
+static long ordered(sqlite3* db, const char* keys_sql, const char* row_sql) {
     UErrorCode status = U_ZERO_ERROR;
     UCollator* collator = ucol_open("cs", &status);
     ucol_setStrength(collator, UCOL_SECONDARY);
     sqlite3_create_function(db, "sort_key", 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC, collator, sort_key, NULL, NULL);
-    sqlite3_stmt* keys = plain_prepare(db, "SELECT move_id FROM Move ORDER BY sort_key(move_num), move_id");
+    sqlite3_stmt* keys = plain_prepare(db, keys_sql);
     size_t room = 1024, count = 0;
     int64_t* all = malloc(room * sizeof *all);
     while (sqlite3_step(keys) == SQLITE_ROW) {
@@ -167,7 +168,7 @@ long plain_keyset(sqlite3* db) {
         all[count++] = sqlite3_column_int64(keys, 0);
     }
     sqlite3_finalize(keys);
-    sqlite3_stmt* row = plain_prepare(db, "SELECT * FROM Move WHERE move_id = ?");
+    sqlite3_stmt* row = plain_prepare(db, row_sql);
     for (size_t i = 0; i < 50 && i < count; ++i) {
         sqlite3_bind_int64(row, 1, all[i]);
         check(db, sqlite3_step(row));
@@ -179,6 +180,32 @@ long plain_keyset(sqlite3* db) {
     free(all);
     ucol_close(collator);
     return (long)count;
+}
+
+long plain_keyset(sqlite3* db) {
+    return ordered(db, "SELECT move_id FROM Move ORDER BY sort_key(move_num), move_id",
+                   "SELECT * FROM Move WHERE move_id = ?");
+}
+
+long plain_covers(sqlite3* db) {
+    return ordered(db, "SELECT cover_id FROM Cover WHERE deleted = 0 ORDER BY sort_key(cover_name), cover_id",
+                   "SELECT * FROM Cover WHERE cover_id = ?");
+}
+
+void plain_delete_covers(sqlite3* db, long count) {
+    plain_exec(db, "DELETE FROM TmpID");
+    sqlite3_stmt* add = plain_prepare(db, "INSERT INTO TmpID (id) VALUES (?)");
+    plain_exec(db, "BEGIN IMMEDIATE");
+    for (long id = 1; id <= count; ++id) {
+        sqlite3_bind_int64(add, 1, id);
+        run(db, add);
+    }
+    plain_exec(db, "COMMIT");
+    sqlite3_finalize(add);
+    plain_exec(db, "DELETE FROM CoverDiscard WHERE cover_id IN (SELECT id FROM TmpID)");
+    plain_exec(db, "DELETE FROM CompCover_Item WHERE cover_id IN (SELECT id FROM TmpID)");
+    plain_exec(db, "UPDATE Cover SET deleted = 1 WHERE cover_id IN (SELECT id FROM TmpID)");
+    plain_covers(db);
 }
 
 /* A product of two currencies, rounded to the nearest ten-thousandth, ties to even, and its sum. */

@@ -20,6 +20,10 @@ long plain_recompute(sqlite3* db);
 void plain_repeat(sqlite3* db, long count);
 /* The keys of all issues in the Czech order of their numbers, then the first 50 rows. Answers the number of keys. */
 long plain_keyset(sqlite3* db);
+/* The same for the covers that are not deleted, in the order of their names. */
+long plain_covers(sqlite3* db);
+/* Marks the covers 1 to `count` deleted by way of the scratch table, and reads the keys of the rest. */
+void plain_delete_covers(sqlite3* db, long count);
 /* The sums of all ten sheets of one quarter; answers the number of result rows. */
 long plain_figures(sqlite3* db, const char* from, const char* after);
 
