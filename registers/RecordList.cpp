@@ -97,7 +97,7 @@ bool RecordList::FillKeeping(const std::string& sql, std::int32_t id) {
     m_filling = true;
     const bool filled = Guarded([&] {
         if (id == KeepSelection)
-            id = SelectedId();
+            id = m_spec.keepsSelection ? SelectedId() : NoId;
         m_model->Clear();
         m_store.OpenRecordset(m_records, OrderedSql(sql), CursorType::Keyset, LockType::Optimistic, CommandType::Text);
         m_model->Show(m_records);
@@ -113,7 +113,7 @@ bool RecordList::Fill(const std::string& sql, std::int32_t id) {
     m_filling = true;
     const bool filled = Guarded([&] {
         if (id == KeepSelection)
-            id = SelectedId();
+            id = m_spec.keepsSelection ? SelectedId() : NoId;
         m_model->Clear();
         if (!sql.empty())
             m_model->Take(*m_store.Query(OrderedSql(sql)));
