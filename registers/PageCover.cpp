@@ -47,7 +47,7 @@ CPageCover::CPageCover(CDataStore& store, Offer offer)
     m_ui->tabs->addTab(m_simple, QStringLiteral("Jednoduché kuvel"));
     m_ui->tabs->addTab(m_composite, QStringLiteral("Složené kuvel"));
     m_ui->tabs->setTabVisible(1, offer == Offer::SimpleAndComposite);
-    setMinimumSize(560, 320);
+    setMinimumSize(720, 360);
     if (offer == Offer::SimpleAndComposite)
         m_ui->tabs->setCurrentIndex(s_lastTab);
     connect(m_ui->tabs, &QTabWidget::currentChanged, this, [this](int tab) {

@@ -15,6 +15,7 @@ namespace {
 /// Columns are measured by so many rows at each end of what is seen; reading a million for it would take minutes.
 constexpr int MeasuredRows = 200;
 constexpr int CellPadding = 12;
+constexpr int SortMarkWidth = 16;
 
 /// Up for ascending, as the users' other programs draw it, whatever the style thinks.
 class SortHeader : public QHeaderView {
@@ -193,7 +194,10 @@ void RecordList::RemoveRow(int row) {
 
 int RecordList::FittingWidth(int column) const {
     const QFontMetrics metrics(font());
-    int width = horizontalHeader()->sectionSizeHint(column);
+    const QString caption = m_model->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
+    int width = horizontalHeader()->fontMetrics().horizontalAdvance(caption) + CellPadding;
+    if (m_spec.clickableHeader && column == m_sortColumn)
+        width += SortMarkWidth;
     const auto measure = [&](int from, int to) {
         for (int row = std::max(0, from); row < std::min(to, RowCount()); ++row)
             width = std::max(width, metrics.horizontalAdvance(CellText(row, column)) + CellPadding);

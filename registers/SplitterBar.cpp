@@ -14,8 +14,13 @@ CSplitterBar::CSplitterBar(QWidget* parent) : QWidget(parent) {
 
 void CSplitterBar::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.fillRect(rect(), palette().window());
-    qDrawShadeRect(&painter, rect(), palette(), true, 1, 0);
+    const QColor window = palette().window().color();
+    painter.fillRect(rect(), window);
+    // Dark palettes often leave the edge colours bright.
+    QPalette edge(palette());
+    edge.setColor(QPalette::Light, window.lighter(140));
+    edge.setColor(QPalette::Dark, window.darker(140));
+    qDrawShadeRect(&painter, rect(), edge, true, 1, 0);
 }
 
 int CSplitterBar::PointerX(const QMouseEvent& event) const {
