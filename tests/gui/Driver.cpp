@@ -58,7 +58,12 @@ void TypeText(QWidget& dialog, const char* edit, const char* text) {
     line.setFocus();
     line.selectAll();
     QTest::keyClick(&line, Qt::Key_Delete);
-    QTest::keyClicks(&line, QString::fromUtf8(text));
+    for (const QChar letter : QString::fromUtf8(text)) {
+        if (letter.unicode() < 128)
+            QTest::keyClick(&line, letter.toLatin1());
+        else
+            QTest::sendKeyEvent(QTest::Click, &line, Qt::Key_unknown, QString(letter), Qt::NoModifier);
+    }
 }
 
 void Pick(QWidget& dialog, const char* combo, int row) {
