@@ -241,6 +241,9 @@ void RecordList::contextMenuEvent(QContextMenuEvent* event) {
 
 /// Home and End go to the first and last row, as in any list; the columns are no cells to walk through.
 QModelIndex RecordList::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
+    // Taking the focus looks for the next cell: a row made current there, but not selected, would be skipped by Down.
+    if (action == MoveNext && !currentIndex().isValid())
+        return {};
     const int column = std::max(0, currentIndex().column());
     if (action == MoveHome && RowCount() > 0)
         return m_model->index(0, column);
