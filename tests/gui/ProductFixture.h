@@ -96,9 +96,9 @@ protected:
     /// Nothing but this many notifications that packaging rows changed, each sent past the register itself.
     void ExpectTold(std::size_t times) {
         EXPECT_EQ(std::vector<ViewMessage>(times, ViewMessage::WM_COVERS_CHANGED), frame.told);
-        if (times > 0)
-            EXPECT_EQ(&view, frame.lastExcept);
+        EXPECT_EQ(times > 0 ? &view : nullptr, frame.lastExcept);
         frame.told.clear();
+        frame.lastExcept = nullptr;
     }
 
     StoreFolder folder;
