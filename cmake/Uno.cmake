@@ -16,4 +16,10 @@ endif()
 
 add_library(kuvel_uno INTERFACE)
 target_include_directories(kuvel_uno SYSTEM INTERFACE ${UNO_GENERATED_DIR} ${UNO_INCLUDE_DIR})
-target_compile_definitions(kuvel_uno INTERFACE LINUX UNX CPPU_ENV=gcc3)
+target_compile_definitions(kuvel_uno INTERFACE LINUX UNX CPPU_ENV=gcc3 KUVEL_UNO_PROGRAM_DIR="${UNO_PROGRAM_DIR}")
+# The libraries lie in LibreOffice's own folder, which not every distribution lists for the loader.
+foreach(UNO_LIBRARY uno_sal uno_salhelpergcc3 uno_cppu uno_cppuhelpergcc3)
+    find_library(${UNO_LIBRARY}_LIBRARY ${UNO_LIBRARY} REQUIRED PATHS /usr/lib/libreoffice/sdk/lib NO_DEFAULT_PATH)
+    target_link_libraries(kuvel_uno INTERFACE ${${UNO_LIBRARY}_LIBRARY})
+endforeach()
+target_link_options(kuvel_uno INTERFACE "LINKER:-rpath,${UNO_PROGRAM_DIR}")

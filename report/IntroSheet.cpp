@@ -80,7 +80,7 @@ QString NormalVersionText(QString cell) {
 
 Currency VersionValue(const QString& text) {
     const qsizetype point = text.indexOf(u'.');
-    if (point < 0 || point == text.size() - 1)
+    if (point < 0)
         return Currency::FromWhole(ToLong(text));
     const std::int64_t hundredths = ToLong(text.mid(point + 1));
     return Currency::FromCount(ToLong(text.left(point)) * Currency::One + hundredths * (Currency::One / 100));

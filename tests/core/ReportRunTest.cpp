@@ -161,11 +161,12 @@ TEST(ReportRun, FillsSavesAndCloses) {
 TEST(ReportRun, GoesOnWithoutAFigureSheetAndLeavesASavedReport) {
     ReportFolderTest test;
     ScriptedMessages messages;
-    test.office.absent = QStringList{QStringLiteral("3-1")};
+    test.office.absent = QStringList{QStringLiteral("1-3"), QStringLiteral("3-1")};
     test.office.failAt = QStringLiteral("close");
     EXPECT_FALSE(test.Run().isEmpty());
     EXPECT_TRUE(test.office.log.contains(QStringLiteral("C25:C25=1,2345")));
     EXPECT_FALSE(test.office.log.contains(QStringLiteral("D32:D32=3,0000")));
+    EXPECT_TRUE(test.office.log.contains(QStringLiteral("activate 4-1")));
     EXPECT_EQ("quit", test.office.log.last().toStdString());
     EXPECT_EQ(QStringLiteral("ctvrtletni_vykaz_o_produkci_obalu070201.XLS=filled"), test.Reports());
 }

@@ -30,7 +30,7 @@ private:
 
     std::vector<Step> m_steps;
     QWidget* m_current = nullptr;
-    QTimer* m_timer;
+    QObject m_alive;
     int m_waited = 0;
 };
 
@@ -46,7 +46,8 @@ public:
     CRegisterView* lastExcept = nullptr;
 };
 
-template <class Child> Child& Find(QWidget& parent, const char* name) {
+template <class Child>
+Child& Find(QWidget& parent, const char* name) {
     auto* child = parent.findChild<Child*>(QString::fromLatin1(name));
     if (child == nullptr)
         throw std::runtime_error(std::string("no control ") + name);
@@ -65,4 +66,5 @@ std::string Rows(const RecordList& list);
 /// The first column of the list, separated by ", ".
 std::string Names(const RecordList& list);
 void ClickRow(RecordList& list, int row, Qt::KeyboardModifiers modifiers = {});
+void DoubleClickRow(RecordList& list, int row);
 void ClickHeader(RecordList& list, int column);

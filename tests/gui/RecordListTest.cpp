@@ -1,6 +1,6 @@
+#include "registers/RecordList.h"
 #include "registers/CurrencyEdit.h"
 #include "registers/DateEdit.h"
-#include "registers/RecordList.h"
 #include "tests/gui/Driver.h"
 
 #include <gtest/gtest.h>

@@ -1,0 +1,134 @@
+#include "ctl/CommandLine.h"
+
+#include "ctl/Commands.h"
+#include "ctl/Failure.h"
+#include "ctl/Terminal.h"
+#include "store/AppDir.h"
+#include "store/DataStore.h"
+#include "store/Messages.h"
+#include "store/Shared.h"
+
+#include <QFile>
+
+#include <clocale>
+#include <iostream>
+
+namespace {
+
+enum ExitCode { Done = 0, NotDone = 1, WrongUsage = 2 };
+
+using AddCommand = void (*)(CLI::App&, Action&);
+constexpr AddCommand Commands[] = {AddInit, AddDemo, AddRecompute, AddFigures, AddCheck};
+
+std::string CommandNames(const CLI::App& app) {
+    std::string names;
+    for (const CLI::App* command : app.get_subcommands([](const CLI::App*) { return true; }))
+        names += (names.empty() ? "" : ", ") + command->get_name();
+    return names;
+}
+
+/// "kuvelctl figures YEAR QUARTER [--format csv|json]".
+std::string Usage(const CLI::App& command) {
+    std::string usage = "kuvelctl " + command.get_name();
+    for (const CLI::Option* option : command.get_options()) {
+        if (option == command.get_help_ptr())
+            continue;
+        std::string words = option->get_name();
+        if (!option->get_positional() && option->get_expected_max() > 0)
+            words += " " + option->get_option_text();
+        usage += option->get_required() ? " " + words : " [" + words + "]";
+    }
+    return usage;
+}
+
+/// One line: what is wrong, and what is allowed.
+std::string UsageError(const CLI::App& app, const CLI::ParseError& error) {
+    const std::vector<std::string> unknown = app.remaining(true);
+    const std::vector<CLI::App*> chosen = app.get_subcommands();
+    std::string wrong = error.what();
+    if (!unknown.empty() && (chosen.empty() || error.get_name() == "ExtrasError")) {
+        const bool isOption = unknown.front().starts_with('-');
+        wrong = std::string(isOption         ? "unknown option '"
+                            : chosen.empty() ? "unknown command '"
+                                             : "what is '") +
+                unknown.front() + (isOption || chosen.empty() ? "'" : "'?");
+    } else if (chosen.empty() && error.get_name() == "RequiredError") {
+        wrong = "a command is missing";
+    }
+    return "kuvelctl: " + wrong +
+           (chosen.empty() ? "; allowed: [--home DIR] and one of " + CommandNames(app)
+                           : "; usage: " + Usage(*chosen.front()) + " [--home DIR]");
+}
+
+void Define(CLI::App& app, std::string& home, Action& action) {
+    app.description("The packaging records of a company and their quarterly report, without windows.");
+    app.set_version_flag("--version", "kuvelctl " + FormatVersion().toStdString());
+    app.add_option("--home", home, "The program folder (instead of KUVEL_HOME or the folder of this program)")
+        ->option_text("DIR")
+        ->check(CLI::Validator([](std::string& folder) { return folder.empty() ? "is empty" : std::string(); }, ""));
+    app.require_subcommand(1);
+    app.fallthrough();
+    for (const AddCommand add : Commands)
+        add(app, action);
+}
+
+bool Run(const Action& action, CTerminal& terminal) {
+    try {
+        const bool done = action(terminal);
+        FlushOutput();
+        return done && terminal.ErrorCount() == 0;
+    } catch (const ComError& error) {
+        ShowComError(error);
+    } catch (const Failure& failure) {
+        ShowMessage(QStringLiteral("kuvelctl: ") + QString::fromUtf8(failure.what()));
+    } catch (const Interrupted&) {
+        ShowMessage(QStringLiteral("kuvelctl: interrupted"));
+    } catch (const std::bad_alloc&) {
+        ShowMessage(QStringLiteral("kuvelctl: out of memory"));
+    }
+    return false;
+}
+
+} // namespace
+
+int RunCommandLine(int argc, const char* const* argv) {
+    // Messages of the system in the user's language; numbers stay as they are.
+    std::setlocale(LC_MESSAGES, "");
+    CLI::App app;
+    std::string home;
+    Action action;
+    Define(app, home, action);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::Success& wish) {
+        return app.exit(wish);
+    } catch (const CLI::ParseError& error) {
+        std::cerr << UsageError(app, error) << '\n';
+        return WrongUsage;
+    }
+    SetAppDir(home.empty() ? DefaultAppDir() : QFile::decodeName(home.c_str()));
+    CTerminal terminal;
+    const bool done = Run(action, terminal);
+    g_dataStore.CloseDatabase();
+    return done ? Done : NotDone;
+}
+
+CLI::Option* AddNumber(CLI::App& command, const char* name, int& value, int lowest, int highest, const char* help) {
+    const auto read = [&value, name, lowest, highest](const std::string& text) {
+        bool good = false;
+        value = QString::fromStdString(text).toInt(&good);
+        if (!good || value < lowest || value > highest)
+            throw CLI::ValidationError(std::string(name) + " must be " + std::to_string(lowest) + " to " +
+                                       std::to_string(highest));
+    };
+    return command.add_option_function<std::string>(name, read, help);
+}
+
+void AddPeriod(CLI::App& command, int& year, int& quarter) {
+    AddNumber(command, "YEAR", year, 2000, 2012, "2000 to 2012")->required();
+    AddNumber(command, "QUARTER", quarter, 1, 4, "1 to 4")->required();
+}
+
+bool OpenStore() {
+    return g_dataStore.OpenDatabase();
+}

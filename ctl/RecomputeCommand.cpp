@@ -1,0 +1,45 @@
+#include "ctl/Commands.h"
+#include "ctl/Failure.h"
+#include "ctl/Terminal.h"
+#include "rules/BulkRecompute.h"
+#include "rules/ItemCovers.h"
+#include "store/DataStore.h"
+#include "store/SqlText.h"
+
+#include <limits>
+#include <memory>
+
+namespace {
+
+void PrintCount(std::int64_t lines) {
+    PrintLine(QStringLiteral("%1 lines").arg(lines));
+}
+
+bool RecomputeProduct(std::int32_t product) {
+    if (g_dataStore.Query(SqlText("SELECT * FROM Product WHERE prod_id = %li", product))->get_EOF())
+        throw Failure(QStringLiteral("there is no product %1").arg(product));
+    PrintCount(RecomputeProductCovers(g_dataStore, product));
+    return true;
+}
+
+bool RecomputeAll(CTerminal& terminal) {
+    std::int64_t lines = 0;
+    const BulkResult result = RecomputeAllIssues(g_dataStore, terminal, lines);
+    // Also after a cancel or an error: these lines are done and stay.
+    PrintCount(lines);
+    return result == BulkResult::Done;
+}
+
+} // namespace
+
+void AddRecompute(CLI::App& app, Action& action) {
+    CLI::App* command = app.add_subcommand("recompute", "Computes the packaging of every issue line anew");
+    const auto product = std::make_shared<int>(0);
+    AddNumber(*command, "--product", *product, 1, std::numeric_limits<int>::max(), "Only the lines of this product")
+        ->option_text("ID");
+    command->callback([product, &action] {
+        action = [product](CTerminal& terminal) {
+            return OpenStore() && (*product != 0 ? RecomputeProduct(*product) : RecomputeAll(terminal));
+        };
+    });
+}
