@@ -100,11 +100,6 @@ CViewMove::CViewMove(CDataStore& store, IBroadcaster& broadcaster, QWidget* pare
     On(Command::ID_SUBDETAIL_DELETE, [this] { OnDeleteCover(); });
 }
 
-void CViewMove::InitialUpdate() {
-    ListRegisterView::InitialUpdate();
-    EnableDetails();
-}
-
 void CViewMove::Receive(ViewMessage message) {
     switch (message) {
     case ViewMessage::WM_MOVES_CHANGED:

@@ -12,7 +12,6 @@ class CViewMove : public ListRegisterView {
 public:
     CViewMove(CDataStore& store, IBroadcaster& broadcaster, QWidget* parent = nullptr);
 
-    void InitialUpdate() override;
     void Receive(ViewMessage message) override;
 
 protected:
