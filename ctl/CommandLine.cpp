@@ -18,7 +18,7 @@ namespace {
 enum ExitCode { Done = 0, NotDone = 1, WrongUsage = 2 };
 
 using AddCommand = void (*)(CLI::App&, Action&);
-constexpr AddCommand Commands[] = {AddInit, AddDemo, AddRecompute, AddFigures, AddReport, AddCheck};
+constexpr AddCommand Commands[] = {AddInit, AddDemo, AddRecompute, AddFigures, AddReport, AddImport, AddCheck};
 
 std::string CommandNames(const CLI::App& app) {
     std::string names;
