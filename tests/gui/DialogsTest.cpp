@@ -20,6 +20,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTextBrowser>
+#include <QTimer>
 #include <QUrlQuery>
 
 namespace {
@@ -116,7 +117,7 @@ TEST_F(BackupDlg, BrowsingProposesTheNameInTheField) {
     };
     using enum CBackupDlg::Mode;
     const Row rows[] = {
-        {Backup, QStringLiteral("/a/b/z.mdb // "), QStringLiteral("/a/b/z.mdb"), {}, QStringLiteral("/a/b/z.mdb // ")},
+        {Backup, QStringLiteral("/a/b/z.mdb//  "), QStringLiteral("/a/b/z.mdb"), {}, QStringLiteral("/a/b/z.mdb//  ")},
         {Backup, QStringLiteral("z.mdb"), {}, QStringLiteral("/c/n.mdb"), QStringLiteral("/c/n.mdb")},
         {Restore, QStringLiteral("/z.mdb"), {}, QStringLiteral("/c/n.mdb"), QStringLiteral("/c/n.mdb")},
     };
@@ -158,6 +159,7 @@ TEST(AboutDlg, NamesItsVersionAndItsLinksOpenByKey) {
     LinkCatcher links;
     CAboutDlg dialog(nullptr);
     dialog.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
     EXPECT_EQ("O aplikaci Kuvel", dialog.windowTitle().toStdString());
     const QString version = Find<QLabel>(dialog, "versionLabel").text();
     EXPECT_EQ("Kuvel, verze " KUVEL_VERSION "  (rel. Jul  2 2012)", version.toStdString());
@@ -194,6 +196,7 @@ TEST(MessageBoxDoor, SpeaksCzechAndAnswersNoWhenClosed) {
     for (const Row& row : rows) {
         Steps steps;
         steps.Then([&](QWidget& box) {
+            EXPECT_TRUE(QTest::qWaitForWindowActive(&box));
             EXPECT_EQ("Kuvel", box.windowTitle().toStdString());
             EXPECT_EQ("Ano", label(box, "yesButton"));
             EXPECT_EQ("Ne", label(box, "noButton"));
