@@ -56,7 +56,7 @@ bool RunImport(CDataStore& store, IImportSource& source, const ImportOptions& op
         return false;
     const std::unique_ptr<IProgress> progress = progressDoor.Open(source.Title(), true);
     progress->SetRange(0, BarRange);
-    if (!source.Connect())
+    if (!source.Connect(*progress))
         return false;
     if (options.products) {
         const std::unique_ptr<ISourceProducts> products = source.OpenProducts();

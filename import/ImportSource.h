@@ -1,5 +1,6 @@
 #pragma once
 
+#include "store/Progress.h"
 #include "store/Variant.h"
 
 #include <cstdint>
@@ -79,8 +80,9 @@ public:
     /// Whether the product phase is shown when there is nothing in it.
     virtual bool ShowsEmptyProductPhase() const = 0;
 
-    /// Called first, with the progress window open. False, after a message, ends the import with nothing imported.
-    virtual bool Connect() { return true; }
+    /// Called first, with the progress window open, which a source that is long in opening keeps alive. False, after a
+    /// message, ends the import with nothing imported.
+    virtual bool Connect(IProgress&) { return true; }
     /// None, after a message, ends the import with nothing imported.
     virtual std::unique_ptr<ISourceProducts> OpenProducts() = 0;
     /// None ends the document phase only.

@@ -48,7 +48,14 @@ public:
     /// none. Keysets only. The values are those in the database now.
     void Find(std::string_view criterion);
 
-    /// The field's value now. The first of the columns of this name, in any case.
+    /// The key of the record at this position, counted from 0, without reading its row; also when the database was
+    /// closed meanwhile. Keysets only.
+    std::int64_t KeyAt(int position) const;
+    /// Takes the record at this position, counted from 0, out of the set; the database is not touched. Keysets only.
+    void Drop(int position);
+
+    /// The field's value when the record was visited, or what was put since. The first of the columns of this name, in
+    /// any case.
     Variant get_Collect(std::string_view column) const;
     /// A code-list index; −1 for null.
     std::int32_t Code(std::string_view column) const { return ToCode(get_Collect(column)); }
@@ -72,6 +79,7 @@ private:
     void NeedOpen() const;
     void NeedKeys() const;
     void NeedRecord() const;
+    void NeedPosition(int position) const;
     void ReadCurrentRow() const;
     int ColumnIndex(std::string_view name) const;
     void Insert();

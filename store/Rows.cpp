@@ -105,6 +105,13 @@ void CRows::Append(std::int64_t key) {
     m_newKey = key;
 }
 
+void CRows::Drop(std::int64_t position) {
+    m_keys.erase(m_keys.begin() + position);
+    --m_count;
+    m_ahead = 0;
+    MoveTo(m_position > position ? m_position - 1 : m_position);
+}
+
 bool CRows::ReadRow(const CEngine& engine) {
     if (m_rowRead || !IsKeyset())
         return true;

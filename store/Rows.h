@@ -23,6 +23,9 @@ public:
     bool AtEnd() const { return m_position >= m_count; }
     void MoveTo(std::int64_t position);
     std::int64_t Key() const { return m_newKey ? *m_newKey : m_keys[static_cast<std::size_t>(m_position)]; }
+    std::int64_t KeyAt(std::int64_t position) const { return m_keys[static_cast<std::size_t>(position)]; }
+    /// Takes a key out of the keyset; the current record stays, unless it is this one.
+    void Drop(std::int64_t position);
     bool OnNewRow() const { return m_newKey.has_value(); }
     /// From the current record on, the first whose key is among these (sorted); to the end when none is.
     void Find(const std::vector<std::int64_t>& keys);

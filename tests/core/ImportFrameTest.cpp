@@ -55,7 +55,7 @@ struct MemorySource : IImportSource {
     QString Title() const override { return QStringLiteral("Import"); }
     QString ProductPhase() const override { return QStringLiteral("Produkty"); }
     bool ShowsEmptyProductPhase() const override { return showsEmpty; }
-    bool Connect() override { return connects; }
+    bool Connect(IProgress&) override { return connects; }
     std::unique_ptr<ISourceProducts> OpenProducts() override;
     std::unique_ptr<ISourceLines> OpenLines() override;
 

@@ -1,0 +1,53 @@
+#include "app/MessageBoxDoor.h"
+
+#include "app/ActiveWindow.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QShortcut>
+
+namespace {
+
+QMessageBox::Icon BoxIcon(Message::Icon icon) {
+    switch (icon) {
+    case Message::Icon::Error:
+        return QMessageBox::Critical;
+    case Message::Icon::Question:
+        return QMessageBox::Question;
+    case Message::Icon::Warning:
+        return QMessageBox::Warning;
+    case Message::Icon::Information:
+        return QMessageBox::Information;
+    case Message::Icon::None:
+        break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+} // namespace
+
+Message::Answer CMessageBoxDoor::Show(const Message& message) {
+    const bool isQuestion = message.buttons == Message::Buttons::YesNo;
+    QMessageBox box(ActiveWindow());
+    box.setObjectName(QStringLiteral("messageBox"));
+    box.setWindowTitle(QStringLiteral("Kuvel"));
+    box.setIcon(BoxIcon(message.icon));
+    // A path in the text must not be taken for markup.
+    box.setTextFormat(Qt::PlainText);
+    box.setText(message.text);
+    if (isQuestion) {
+        box.addButton(QMessageBox::Yes)->setObjectName(QStringLiteral("yesButton"));
+        box.addButton(QMessageBox::No)->setObjectName(QStringLiteral("noButton"));
+        box.setDefaultButton(QMessageBox::Yes);
+        box.setEscapeButton(QMessageBox::No);
+    } else {
+        box.addButton(QMessageBox::Ok)->setObjectName(QStringLiteral("okButton"));
+    }
+    const QShortcut copy(QKeySequence::Copy, &box, [&] { QGuiApplication::clipboard()->setText(message.text); });
+    const int answer = box.exec();
+    if (!isQuestion)
+        return Message::Answer::Ok;
+    return answer == QMessageBox::Yes ? Message::Answer::Yes : Message::Answer::No;
+}

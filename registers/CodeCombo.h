@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QStringList>
+
+#include <cstdint>
+
+class QComboBox;
+
+/// Drop-down lists of code-list texts, each item carrying its code.
+void FillCodes(QComboBox& combo, const QStringList& texts);
+/// Selects the item of the code; none for a code that is not in the list.
+void SelectCode(QComboBox& combo, std::int32_t code);
+/// −1 when none is chosen.
+std::int32_t ChosenCode(const QComboBox& combo);

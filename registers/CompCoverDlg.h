@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QDialog>
+
+#include <cstdint>
+#include <memory>
+
+class CDataStore;
+class RecordList;
+enum class Command : int;
+namespace Ui {
+class CompCoverDlg;
+}
+
+/// "Detail složeného obalu". Works on a scratch copy of the composite's items; storing it is the caller's.
+class CCompCoverDlg : public QDialog {
+    Q_OBJECT
+
+public:
+    static constexpr std::int32_t NewComposite = -1;
+
+    /// Makes the scratch copy; an error while copying is shown, and the dialog opens with what was copied.
+    CCompCoverDlg(CDataStore& store, std::int32_t compositeId, const QString& name, const QString& note,
+                  QWidget* parent);
+    ~CCompCoverDlg() override;
+
+    /// After OK.
+    const QString& Name() const { return m_name; }
+    const QString& Note() const { return m_note; }
+
+    void accept() override;
+
+private:
+    void AddButtons();
+    void AddShortcuts();
+    void Fill(std::int32_t id);
+    void Run(Command command);
+    void AddItem();
+    void EditItem();
+    void DeleteItem();
+    void ShowMenu(const QPoint& screen, bool onRow);
+    /// −1 after the warning that nothing is selected.
+    int SelectedItem();
+
+    CDataStore& m_store;
+    std::unique_ptr<Ui::CompCoverDlg> m_ui;
+    RecordList* m_items;
+    QString m_name;
+    QString m_note;
+};

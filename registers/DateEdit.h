@@ -1,0 +1,20 @@
+#pragma once
+
+#include "store/DateTime.h"
+
+#include <QDateEdit>
+
+/// A date picker. The time of day that came with the date stays when another day is chosen.
+class DateEdit : public QDateEdit {
+    Q_OBJECT
+
+public:
+    explicit DateEdit(QWidget* parent = nullptr);
+
+    /// A date that is not valid shows today.
+    void SetValue(const DateTime& date);
+    DateTime Value() const;
+
+private:
+    DateTime m_date;
+};

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QPushButton>
+
+/// An icon of the program's resources by its name ("add").
+QIcon RegisterIcon(const QString& name);
+
+/// A small owner-drawn push button with an icon, and a text after it if it has one. Latched, it stays drawn pressed.
+class CIconButton : public QPushButton {
+    Q_OBJECT
+
+public:
+    explicit CIconButton(const QIcon& icon, QWidget* parent = nullptr);
+
+    bool IsLatched() const { return m_latched; }
+    void SetLatched(bool latched);
+    QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    bool m_latched = false;
+};

@@ -1,0 +1,342 @@
+#include "store/Backup.h"
+#include "tests/support/ProgramFolder.h"
+#include "tests/support/ScriptedDoors.h"
+
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <csignal>
+#include <cstring>
+#include <random>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+QString Win32Error(int code) {
+    return QStringLiteral("Došlo k chybě č.%1\n\n%2").arg(code).arg(QString::fromUtf8(std::strerror(code)));
+}
+
+/// A program folder whose database holds one mark, and what a backup or restore did besides.
+struct Backups : testing::Test {
+    StoreFolder f;
+    ScriptedMessages messages;
+    int reloads = 0;
+    std::vector<int> ended;
+    BackupActions actions{[this] { ++reloads; }, [this](int code) { ended.push_back(code); }};
+
+    QString File(const char* name) const { return f.folder.File(name); }
+    QString Database() const { return File("Kuvel.mdb"); }
+    QString CannotOpen() const { return QStringLiteral("Nemohu otevřít databázi '%1'").arg(Database()); }
+    void Mark(int mark) const {
+        f.Sql(("DELETE FROM TmpID; INSERT INTO TmpID VALUES (" + std::to_string(mark) + ")").c_str());
+    }
+    std::string Marks() const { return f.AskAll("SELECT id FROM TmpID"); }
+    bool Backup(const QString& target) { return BackupDatabase(f.store, target, actions); }
+    bool Restore(const QString& source) { return RestoreDatabase(f.store, source, actions); }
+    QStringList Files() const {
+        QStringList files = QDir(f.folder.Path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden);
+        files.removeAll(QStringLiteral("Kuvel.mdb-journal"));
+        return files;
+    }
+};
+
+/// The data of a file that is not the live one.
+std::string MarksIn(const QString& path) {
+    sqlite3* database = nullptr;
+    std::string marks;
+    const auto append = [](void* text, int, char** values, char**) {
+        *static_cast<std::string*>(text) += values[0];
+        return 0;
+    };
+    EXPECT_EQ(SQLITE_OK,
+              sqlite3_open_v2(QFile::encodeName(path).constData(), &database, SQLITE_OPEN_READWRITE, nullptr));
+    EXPECT_EQ(SQLITE_OK, sqlite3_exec(database, "SELECT id FROM TmpID", append, &marks, nullptr));
+    sqlite3_close(database);
+    return marks;
+}
+
+} // namespace
+
+TEST_F(Backups, DefaultNameHasTheWholeYear) {
+    EXPECT_EQ(File("Zalohy/Zaloha20120702.mdb"), DefaultBackupPath());
+}
+
+TEST_F(Backups, BackupMakesMissingFoldersAndIsTheSameFile) {
+    Mark(1);
+    const QString target = File("a/b c/zaloha.mdb");
+    EXPECT_TRUE(Backup(target));
+    EXPECT_EQ(FileBytes(Database()), FileBytes(target));
+    EXPECT_EQ(1, reloads);
+    EXPECT_TRUE(f.store.IsOpen());
+    EXPECT_EQ(QStringList(QStringLiteral("zaloha.mdb")), QDir(File("a/b c")).entryList(QDir::Files | QDir::Hidden));
+}
+
+TEST_F(Backups, AnExistingTargetIsAskedAbout) {
+    const QString target = File("stara.mdb");
+    const QString question = QStringLiteral("Soubor '%1' již existuje. Přejete si ho přepsat?").arg(target);
+    WriteFile(target, "stara");
+    messages.ExpectQuestion(question, Message::Answer::No);
+    EXPECT_FALSE(Backup(target));
+    EXPECT_EQ("stara", FileBytes(target));
+    EXPECT_EQ(0, reloads);
+    messages.ExpectQuestion(question, Message::Answer::Yes);
+    EXPECT_TRUE(Backup(target));
+    EXPECT_EQ(FileBytes(Database()), FileBytes(target));
+}
+
+TEST_F(Backups, ATargetThatCannotBeWrittenLeavesEverythingAsItWas) {
+    Mark(7);
+    QDir(f.folder.Path()).mkdir(QStringLiteral("slozka"));
+    ASSERT_TRUE(QFile::link(Database(), File("odkaz.mdb")));
+    WriteFile(File("soubor"), "x");
+    struct Row {
+        QString target;
+        bool asked;
+        int error;
+    };
+    const Row rows[] = {
+        {Database(), true, EBUSY},
+        {File("odkaz.mdb"), true, EBUSY},
+        {File("./Kuvel.mdb"), true, EBUSY},
+        {File("slozka"), false, EISDIR},
+        {QString(), false, ENOENT},
+        {File("soubor/x.mdb"), false, ENOTDIR},
+        {File("nova/x.mdb/"), false, ENOENT},
+    };
+    const QStringList before = Files();
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.target.toStdString());
+        if (row.asked)
+            messages.ExpectQuestion(QStringLiteral("Soubor '%1' již existuje. Přejete si ho přepsat?").arg(row.target),
+                                    Message::Answer::Yes);
+        messages.Expect(Win32Error(row.error), Message::Icon::Error);
+        EXPECT_FALSE(Backup(row.target));
+        EXPECT_TRUE(f.store.IsOpen());
+        EXPECT_EQ("7", Marks());
+        EXPECT_EQ(before, Files());
+    }
+    EXPECT_EQ(static_cast<int>(std::size(rows)), reloads);
+}
+
+/// Stands in for a full disk: no file of the process may grow past a few pages.
+struct SmallFiles {
+    SmallFiles() {
+        getrlimit(RLIMIT_FSIZE, &before);
+        rlimit small = before;
+        small.rlim_cur = 20000;
+        setrlimit(RLIMIT_FSIZE, &small);
+        handler = std::signal(SIGXFSZ, SIG_IGN);
+    }
+    ~SmallFiles() {
+        setrlimit(RLIMIT_FSIZE, &before);
+        std::signal(SIGXFSZ, handler);
+    }
+    rlimit before{};
+    void (*handler)(int);
+};
+
+TEST_F(Backups, ACopyThatDoesNotFitIsNotThere) {
+    Mark(1);
+    ASSERT_TRUE(Backup(File("plna.mdb")));
+    const QByteArray backup = FileBytes(File("plna.mdb"));
+    const QStringList before = Files();
+    Mark(2);
+    messages.ExpectQuestion(QStringLiteral("Soubor '%1' již existuje. Přejete si ho přepsat?").arg(File("plna.mdb")),
+                            Message::Answer::Yes);
+    messages.Expect(Win32Error(EFBIG), Message::Icon::Error);
+    messages.Expect(Win32Error(EFBIG), Message::Icon::Error);
+    {
+        SmallFiles small;
+        EXPECT_FALSE(Backup(File("plna.mdb")));
+        EXPECT_EQ(backup, FileBytes(File("plna.mdb")));
+        EXPECT_FALSE(Restore(File("plna.mdb")));
+    }
+    EXPECT_EQ("2", Marks());
+    EXPECT_EQ(before, Files());
+}
+
+TEST_F(Backups, ABackupIsWholeWhileAnotherProgramReads) {
+    Mark(5);
+    sqlite3* other = nullptr;
+    sqlite3_open(QFile::encodeName(Database()).constData(), &other);
+    sqlite3_exec(other, "BEGIN; SELECT * FROM TmpID", nullptr, nullptr, nullptr);
+    EXPECT_TRUE(Backup(File("z.mdb")));
+    sqlite3_close(other);
+    EXPECT_EQ("5", MarksIn(File("z.mdb")));
+}
+
+TEST_F(Backups, ProcessEndsWhenTheDatabaseIsGoneAfterABackup) {
+    messages.Expect(Win32Error(EISDIR), Message::Icon::Error);
+    messages.Meanwhile([&] { QFile::remove(Database()); });
+    messages.Expect(CannotOpen(), Message::Icon::Error);
+    messages.Expect(QStringLiteral("Během zálohování došlo k chybě. Program bude ukončen!"), Message::Icon::Warning);
+    EXPECT_FALSE(Backup(f.folder.Path()));
+    EXPECT_EQ(std::vector<int>{1}, ended);
+    EXPECT_EQ(0, reloads);
+}
+
+TEST_F(Backups, RestoreBringsTheOldDataBackAndKeepsTheNew) {
+    Mark(1);
+    ASSERT_TRUE(Backup(File("z.mdb")));
+    Mark(2);
+    EXPECT_TRUE(Restore(File("z.mdb")));
+    EXPECT_EQ("1", Marks());
+    EXPECT_EQ("2", MarksIn(File("KuvelTmp.MDB")));
+    EXPECT_EQ(2, reloads);
+    EXPECT_TRUE(Restore(File("KuvelTmp.MDB"))); // taken back
+    EXPECT_EQ("2", Marks());
+    EXPECT_EQ("1", MarksIn(File("KuvelTmp.MDB")));
+}
+
+TEST_F(Backups, AMissingSourceChangesNothing) {
+    for (const QString& source : {File("neni.mdb"), f.folder.Path(), QString()}) {
+        messages.Expect(QStringLiteral("Nemohu nalézt soubor '%1'!").arg(source), Message::Icon::Warning);
+        EXPECT_FALSE(Restore(source));
+    }
+    EXPECT_EQ(0, reloads);
+    EXPECT_FALSE(QFile::exists(File("KuvelTmp.MDB")));
+}
+
+TEST_F(Backups, TheDatabaseItselfCannotBeRestored) {
+    Mark(3);
+    messages.Expect(Win32Error(EBUSY), Message::Icon::Error);
+    EXPECT_FALSE(Restore(Database()));
+    EXPECT_EQ("3", Marks());
+    EXPECT_EQ(1, reloads);
+}
+
+TEST_F(Backups, ASourceThatIsNoDatabaseOfOursPutsTheOldDataBack) {
+    Mark(9);
+    const QByteArray whole = FileBytes(Database());
+    QByteArray scratched = whole;
+    scratched.replace(whole.size() / 2, 3000, QByteArray(3000, 'x'));
+    QByteArray stranger = whole;
+    stranger[71] = 'X'; // the application id
+    const QByteArray sources[] = {"jen text", "", scratched, stranger, whole.first(whole.size() / 2)};
+    for (const QByteArray& source : sources) {
+        SCOPED_TRACE(source.size());
+        WriteFile(File("zaloha.mdb"), source);
+        messages.Expect(CannotOpen(), Message::Icon::Error);
+        bool putBack = false;
+        EXPECT_TRUE(RestoreDatabase(f.store, File("zaloha.mdb"), actions, &putBack));
+        EXPECT_TRUE(putBack);
+        EXPECT_EQ(whole, FileBytes(Database()));
+        EXPECT_TRUE(f.store.IsOpen());
+    }
+    EXPECT_EQ(static_cast<int>(std::size(sources)), reloads);
+    EXPECT_TRUE(ended.empty());
+}
+
+TEST_F(Backups, WithoutASafetyCopyOnlyAWholeDatabaseIsLetIn) {
+    Mark(1);
+    ASSERT_TRUE(Backup(File("z.mdb")));
+    Mark(2);
+    QDir(f.folder.Path()).mkdir(QStringLiteral("KuvelTmp.MDB"));
+    WriteFile(File("text.mdb"), "jen text");
+    messages.Expect(Win32Error(EISDIR), Message::Icon::Error);
+    EXPECT_FALSE(Restore(File("text.mdb")));
+    EXPECT_EQ("2", Marks());
+    EXPECT_TRUE(Restore(File("z.mdb")));
+    EXPECT_EQ("1", Marks());
+}
+
+TEST_F(Backups, ProcessEndsWhenTheSafetyCopyIsGoneToo) {
+    WriteFile(File("text.mdb"), "jen text");
+    messages.Expect(CannotOpen(), Message::Icon::Error);
+    messages.Meanwhile([&] { QFile::remove(File("KuvelTmp.MDB")); });
+    messages.Expect(CannotOpen(), Message::Icon::Error);
+    messages.Expect(QStringLiteral("Během obnovování zálohy došlo k chybě. Program bude ukončen!"),
+                    Message::Icon::Warning);
+    Restore(File("text.mdb"));
+    EXPECT_EQ(std::vector<int>{1}, ended);
+    EXPECT_EQ(0, reloads);
+}
+
+namespace {
+
+/// Runs the act in a process of its own; answers its id. The act must not return.
+template <class Act>
+pid_t InChild(const Act& act) {
+    const pid_t child = fork();
+    if (child == 0) {
+        act();
+        std::_Exit(3);
+    }
+    return child;
+}
+
+void Kill(pid_t child) {
+    kill(child, SIGKILL);
+    waitpid(child, nullptr, 0);
+}
+
+} // namespace
+
+TEST_F(Backups, AJournalLeftByACrashIsNotAppliedToTheRestoredData) {
+    f.Sql("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 20000) INSERT INTO TmpID SELECT i "
+          "FROM n");
+    ASSERT_TRUE(Backup(File("z.mdb")));
+    f.store.CloseDatabase();
+    int pipes[2];
+    ASSERT_EQ(0, pipe(pipes));
+    const pid_t child = InChild([&] {
+        sqlite3* database = nullptr;
+        sqlite3_open(QFile::encodeName(Database()).constData(), &database);
+        // A cache of ten pages: the change reaches the file, its undoing the journal.
+        sqlite3_exec(database, "PRAGMA cache_size = 10; BEGIN; UPDATE TmpID SET id = id + 1000000", nullptr, nullptr,
+                     nullptr);
+        (void)!write(pipes[1], "x", 1);
+        pause();
+    });
+    char ready = 0;
+    ASSERT_EQ(1, read(pipes[0], &ready, 1));
+    Kill(child);
+    ASSERT_GT(QFileInfo(Database() + QStringLiteral("-journal")).size(), 0);
+    EXPECT_TRUE(Restore(File("z.mdb")));
+    EXPECT_EQ("20000|20000", f.AskAll("SELECT count(*), max(id) FROM TmpID"));
+    EXPECT_EQ("ok", f.AskAll("PRAGMA integrity_check"));
+}
+
+TEST_F(Backups, AKillLeavesTheOldOrTheNewDataWhole) {
+    const char* const fill = "DELETE FROM TmpID; WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE "
+                             "i < 40000) INSERT INTO TmpID SELECT i + ";
+    f.Sql((std::string(fill) + "0 FROM n").c_str());
+    ASSERT_TRUE(Backup(File("a.mdb")));
+    f.Sql((std::string(fill) + "1000000 FROM n").c_str());
+    ASSERT_TRUE(Backup(File("b.mdb")));
+    f.store.CloseDatabase();
+
+    std::mt19937 random(20120702);
+    int seen[2] = {};
+    for (int round = 0; round < 20; ++round) {
+        const pid_t child = InChild([&] {
+            messages.AcceptAny();
+            CDataStore store;
+            for (;;) {
+                RestoreDatabase(store, File("a.mdb"), actions);
+                RestoreDatabase(store, File("b.mdb"), actions);
+                QFile::remove(File("c.mdb"));
+                BackupDatabase(store, File("c.mdb"), actions);
+            }
+        });
+        usleep(std::uniform_int_distribution<useconds_t>(1000, 60000)(random));
+        Kill(child);
+        ASSERT_TRUE(f.store.OpenDatabase(true)) << round;
+        const std::string marks = f.AskAll("SELECT count(*), min(id) FROM TmpID");
+        EXPECT_TRUE(marks == "40000|1" || marks == "40000|1000001") << marks;
+        ++seen[marks == "40000|1"];
+        f.store.CloseDatabase();
+        if (QFile::exists(File("c.mdb"))) {
+            EXPECT_EQ(FileBytes(File("b.mdb")), FileBytes(File("c.mdb")));
+        }
+    }
+    EXPECT_TRUE(f.store.OpenDatabase());
+    RecordProperty("old", seen[0]);
+    RecordProperty("new", seen[1]);
+}
