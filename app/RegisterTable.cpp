@@ -3,6 +3,7 @@
 #include "app/EmptyView.h"
 #include "registers/ViewCompCover.h"
 #include "registers/ViewCover.h"
+#include "registers/ViewProd.h"
 
 namespace {
 
@@ -14,7 +15,7 @@ CRegisterView* Create(CDataStore& store, IBroadcaster& broadcaster, QWidget* par
 constexpr RegisterEntry Table[] = {
     {Command::ID_SHOW_COVERS, Create<CViewCover>},
     {Command::ID_SHOW_COMPOSITES, Create<CViewCompCover>},
-    {Command::ID_SHOW_PRODUCTS, Create<CEmptyView>},
+    {Command::ID_SHOW_PRODUCTS, Create<CViewProd>},
     {Command::ID_SHOW_ISSUES, Create<CEmptyView>},
 };
 
