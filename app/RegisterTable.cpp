@@ -2,10 +2,7 @@
 
 #include "registers/ViewCompCover.h"
 #include "registers/ViewCover.h"
-<<<<<<< .merge_file_nABkuJ
 #include "registers/ViewMove.h"
-=======
->>>>>>> .merge_file_syaTlc
 #include "registers/ViewProd.h"
 
 namespace {
@@ -19,11 +16,7 @@ constexpr RegisterEntry Table[] = {
     {Command::ID_SHOW_COVERS, Create<CViewCover>},
     {Command::ID_SHOW_COMPOSITES, Create<CViewCompCover>},
     {Command::ID_SHOW_PRODUCTS, Create<CViewProd>},
-<<<<<<< .merge_file_nABkuJ
     {Command::ID_SHOW_ISSUES, Create<CViewMove>},
-=======
-    {Command::ID_SHOW_ISSUES, Create<CEmptyView>},
->>>>>>> .merge_file_syaTlc
 };
 
 } // namespace
