@@ -1,8 +1,12 @@
 #include "app/RegisterTable.h"
 
-#include "app/EmptyView.h"
 #include "registers/ViewCompCover.h"
 #include "registers/ViewCover.h"
+<<<<<<< .merge_file_nABkuJ
+#include "registers/ViewMove.h"
+=======
+>>>>>>> .merge_file_syaTlc
+#include "registers/ViewProd.h"
 
 namespace {
 
@@ -14,8 +18,12 @@ CRegisterView* Create(CDataStore& store, IBroadcaster& broadcaster, QWidget* par
 constexpr RegisterEntry Table[] = {
     {Command::ID_SHOW_COVERS, Create<CViewCover>},
     {Command::ID_SHOW_COMPOSITES, Create<CViewCompCover>},
-    {Command::ID_SHOW_PRODUCTS, Create<CEmptyView>},
+    {Command::ID_SHOW_PRODUCTS, Create<CViewProd>},
+<<<<<<< .merge_file_nABkuJ
+    {Command::ID_SHOW_ISSUES, Create<CViewMove>},
+=======
     {Command::ID_SHOW_ISSUES, Create<CEmptyView>},
+>>>>>>> .merge_file_syaTlc
 };
 
 } // namespace

@@ -18,7 +18,7 @@ namespace {
 enum ExitCode { Done = 0, NotDone = 1, WrongUsage = 2 };
 
 using AddCommand = void (*)(CLI::App&, Action&);
-constexpr AddCommand Commands[] = {AddInit, AddDemo, AddRecompute, AddFigures, AddCheck};
+constexpr AddCommand Commands[] = {AddInit, AddDemo, AddRecompute, AddFigures, AddReport, AddImport, AddCheck};
 
 std::string CommandNames(const CLI::App& app) {
     std::string names;
@@ -46,15 +46,10 @@ std::string UsageError(const CLI::App& app, const CLI::ParseError& error) {
     const std::vector<std::string> unknown = app.remaining(true);
     const std::vector<CLI::App*> chosen = app.get_subcommands();
     std::string wrong = error.what();
-    if (!unknown.empty() && (chosen.empty() || error.get_name() == "ExtrasError")) {
-        const bool isOption = unknown.front().starts_with('-');
-        wrong = std::string(isOption         ? "unknown option '"
-                            : chosen.empty() ? "unknown command '"
-                                             : "what is '") +
-                unknown.front() + (isOption || chosen.empty() ? "'" : "'?");
-    } else if (chosen.empty() && error.get_name() == "RequiredError") {
+    if (chosen.empty() && !unknown.empty())
+        wrong = (unknown.front().starts_with('-') ? "unknown option '" : "unknown command '") + unknown.front() + "'";
+    else if (chosen.empty() && error.get_name() == "RequiredError")
         wrong = "a command is missing";
-    }
     return "kuvelctl: " + wrong +
            (chosen.empty() ? "; allowed: [--home DIR] and one of " + CommandNames(app)
                            : "; usage: " + Usage(*chosen.front()) + " [--home DIR]");
@@ -76,16 +71,19 @@ bool Run(const Action& action, CTerminal& terminal) {
     try {
         const bool done = action(terminal);
         FlushOutput();
-        return done && terminal.ErrorCount() == 0;
+        if (done || !terminal.WasInterrupted())
+            return done && terminal.ErrorCount() == 0;
     } catch (const ComError& error) {
         ShowComError(error);
     } catch (const Failure& failure) {
         ShowMessage(QStringLiteral("kuvelctl: ") + QString::fromUtf8(failure.what()));
     } catch (const Interrupted&) {
-        ShowMessage(QStringLiteral("kuvelctl: interrupted"));
+        // Said below.
     } catch (const std::bad_alloc&) {
         ShowMessage(QStringLiteral("kuvelctl: out of memory"));
     }
+    if (terminal.WasInterrupted())
+        ShowMessage(QStringLiteral("kuvelctl: interrupted"));
     return false;
 }
 

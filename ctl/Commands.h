@@ -18,6 +18,7 @@ void AddDemo(CLI::App& app, Action& action);
 void AddRecompute(CLI::App& app, Action& action);
 void AddFigures(CLI::App& app, Action& action);
 void AddReport(CLI::App& app, Action& action);
+void AddImport(CLI::App& app, Action& action);
 void AddCheck(CLI::App& app, Action& action);
 
 /// An argument that must be a whole decimal number within the bounds.

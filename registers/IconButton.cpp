@@ -1,7 +1,5 @@
 #include "registers/IconButton.h"
 
-#include <QFile>
-#include <QPainter>
 #include <QStyleOptionButton>
 #include <QStylePainter>
 
@@ -11,15 +9,7 @@ constexpr int TextGap = 3;
 } // namespace
 
 QIcon RegisterIcon(const QString& name) {
-    const QString path = QStringLiteral(":/icons/%1.svg").arg(name);
-    if (QFile::exists(path))
-        return QIcon(path);
-    QPixmap sign(IconSize, IconSize);
-    sign.fill(Qt::transparent);
-    QPainter painter(&sign);
-    painter.setPen(QColor(0, 131, 125));
-    painter.drawText(sign.rect(), Qt::AlignCenter, name.left(1).toUpper());
-    return QIcon(sign);
+    return QIcon(QStringLiteral(":/icons/%1.svg").arg(name));
 }
 
 CIconButton::CIconButton(const QIcon& icon, QWidget* parent) : QPushButton(parent) {

@@ -2,7 +2,7 @@
 
 #include <QPushButton>
 
-/// An icon of the program's resources by its name ("add"); a plain sign where the resources do not have it.
+/// An icon of the program's resources by its name ("add").
 QIcon RegisterIcon(const QString& name);
 
 /// A small owner-drawn push button with an icon, and a text after it if it has one. Latched, it stays drawn pressed.

@@ -37,6 +37,7 @@ inline constexpr std::uint32_t NoSuchField = 0x800A0CC1;     // adErrItemNotFoun
 inline constexpr std::uint32_t ObjectClosed = 0x800A0E78;    // adErrObjectClosed
 inline constexpr std::uint32_t AtEnd = 0x800A0BCD;           // adErrNoCurrentRecord
 inline constexpr std::uint32_t TypeMismatch = 0x80020005;    // DISP_E_TYPEMISMATCH
+inline constexpr std::uint32_t Overflow = 0x8002000A;        // DISP_E_OVERFLOW
 inline constexpr std::uint32_t DiskFull = 0x80070070;        // ERROR_DISK_FULL
 inline constexpr std::uint32_t WriteProtected = 0x80070013;  // ERROR_WRITE_PROTECT
 inline constexpr std::uint32_t Locked = 0x80070021;          // ERROR_LOCK_VIOLATION

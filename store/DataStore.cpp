@@ -51,7 +51,9 @@ bool CDataStore::CloseDatabase() {
         engine->Close();
         return true;
     } catch (const ComError&) {
+        // What recordsets still hold of it must not keep the file.
         engine->AbandonGroup();
+        engine->Close();
         return false;
     }
 }
@@ -78,7 +80,7 @@ void CDataStore::ExecuteSQL(std::string_view sql) {
     if (prepared->translation.kind != jet::Translation::Kind::Command)
         jet::RaiseSyntax(sql, "příkaz vrací záznamy");
     ++*prepared->changes;
-    prepared->statement.Run();
+    NamingText(sql, [&] { prepared->statement.Run(); });
 }
 
 bool CDataStore::OpenRecordset(RecordsetPtr& recordset, std::string_view source, CursorType, LockType,

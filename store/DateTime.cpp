@@ -36,7 +36,8 @@ bool ReadDigits(std::string_view text, std::size_t at, int digits, int& value) {
 } // namespace
 
 DateTime DateTime::FromDay(int year, int month, int day, int hour, int minute, int second) {
-    if (month < 1 || day < 1 || hour < 0 || minute < 0 || second < 0)
+    // A library's month and day are one byte each, and would take 257 for 1.
+    if (month < 1 || month > 12 || day < 1 || day > 31 || hour < 0 || minute < 0 || second < 0)
         return Invalid();
     const std::chrono::year_month_day date{std::chrono::year(year), std::chrono::month(month), std::chrono::day(day)};
     if (year < 1 || year > 9999 || !date.ok() || hour > 23 || minute > 59 || second > 59)

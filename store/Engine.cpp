@@ -9,7 +9,6 @@ namespace {
 
 constexpr int ApplicationId = 1265988172; // "KuvL", as the delivered database carries it
 constexpr int SchemaVersion = 1;
-constexpr int BusyTimeoutMs = 5000;
 constexpr std::size_t MostPrepared = 500;
 constexpr std::int64_t GroupRows = 5000;
 constexpr std::chrono::seconds GroupAge{1};
@@ -63,6 +62,19 @@ DateTime DateLiteral(std::string_view sql, std::string_view text) {
     return date;
 }
 
+/// The day, moved by some days, as the database holds it; beyond the calendar a text that sorts before or after every
+/// date.
+std::string MovedDay(const DateTime& day, std::string_view days, int sign, int shift) {
+    constexpr std::int64_t calendar = 4'000'000; // days of ten thousand years, and more
+    std::int64_t moved = 0;
+    if (std::from_chars(days.data(), days.data() + days.size(), moved).ec != std::errc())
+        moved = calendar;
+    const DateTime target = day.AddDays(static_cast<int>(sign * std::min(moved, calendar) + shift));
+    if (target.Year() < 1)
+        return {};
+    return target.Year() > 9999 ? std::string(":") : target.Stored().substr(0, 10);
+}
+
 void BindNumber(sqlite::Statement& statement, int index, std::string_view text, bool scaled) {
     std::int64_t value = 0;
     if (scaled) {
@@ -84,7 +96,7 @@ void BindNumber(sqlite::Statement& statement, int index, std::string_view text, 
 
 CEngine::CEngine(const std::string& path, bool checkIntegrity) : m_database(sqlite::Open(path)) {
     sqlite3* const database = m_database.get();
-    sqlite3_busy_timeout(database, BusyTimeoutMs);
+    sqlite3_busy_timeout(database, static_cast<int>(s_patience.count()));
     sqlite3_db_config(database, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
     sqlite3_db_config(database, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
     sqlite3_db_config(database, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
@@ -110,6 +122,17 @@ void CEngine::CheckIdentity(const std::string& path) {
     if (Pragma(database, "PRAGMA application_id") != ApplicationId ||
         Pragma(database, "PRAGMA user_version") != SchemaVersion)
         sqlite::Raise(database, SQLITE_NOTADB, "open", path);
+    // The engine reads what a last page lacks as noughts. The lock keeps a writer from being caught half-way.
+    sqlite::Execute(database, "BEGIN");
+    const std::int64_t pageSize = Pragma(database, "PRAGMA page_size");
+    Pragma(database, "SELECT count(*) FROM sqlite_schema");
+    sqlite3_file* file = nullptr;
+    sqlite3_int64 size = 0;
+    sqlite3_file_control(database, "main", SQLITE_FCNTL_FILE_POINTER, &file);
+    const int result = file->pMethods->xFileSize(file, &size);
+    sqlite::Execute(database, "COMMIT");
+    if (result != SQLITE_OK || size % pageSize != 0)
+        sqlite::Raise(database, SQLITE_CORRUPT, "open", path);
 }
 
 void CEngine::Close() {
@@ -158,17 +181,19 @@ CEngine::PreparedPtr CEngine::Prepare(std::string_view sql) {
     jet::Shape(sql, m_shape, m_literals);
     PreparedPtr prepared = Cached(m_shape);
     if (!prepared)
-        prepared = Keep(m_shape, jet::Translate(sql, m_schema));
+        prepared = NamingText(sql, [&] { return Keep(m_shape, jet::Translate(sql, m_schema)); });
     Bind(*prepared, sql);
     return prepared;
 }
+
+// What is no statement is kept under a key that no statement can have, since "?" is outside of the dialect.
 
 CEngine::PreparedPtr CEngine::PrepareTable(std::string_view name) {
     Handle();
     const jet::Table* table = m_schema.FindTable(name);
     if (table == nullptr)
         jet::RaiseSyntax(name, "neznámá tabulka");
-    const std::string key = "TABLE " + table->name;
+    const std::string key = "? " + table->name;
     PreparedPtr prepared = Cached(key);
     return prepared ? prepared : Keep(key, jet::TranslateTable(*table));
 }
@@ -176,10 +201,12 @@ CEngine::PreparedPtr CEngine::PrepareTable(std::string_view name) {
 CEngine::PreparedPtr CEngine::PrepareCriterion(std::string_view criterion, const std::string& table) {
     Handle();
     jet::Shape(criterion, m_shape, m_literals);
-    const std::string key = "FIND " + table + " " + m_shape;
+    const std::string key = "? " + table + " " + m_shape;
     PreparedPtr prepared = Cached(key);
     if (!prepared)
-        prepared = Keep(key, jet::TranslateCriterion(criterion, *m_schema.FindTable(table), m_schema));
+        prepared = NamingText(criterion, [&] {
+            return Keep(key, jet::TranslateCriterion(criterion, *m_schema.FindTable(table), m_schema));
+        });
     Bind(*prepared, criterion);
     return prepared;
 }
@@ -193,7 +220,7 @@ std::shared_ptr<sqlite::Statement> CEngine::PrepareOwn(const std::string& sql) {
 
 void CEngine::Bind(Prepared& prepared, std::string_view sql) {
     // Inside a group a keyset reads its first rows with its keys.
-    sqlite::Statement& statement = m_inGroup && prepared.ahead ? prepared.ahead : prepared.statement;
+    sqlite::Statement& statement = InTransaction() && prepared.ahead ? prepared.ahead : prepared.statement;
     int index = 0;
     for (const jet::Parameter& parameter : prepared.translation.parameters) {
         ++index;
@@ -210,13 +237,8 @@ void CEngine::Bind(Prepared& prepared, std::string_view sql) {
             statement.Bind(index, DateLiteral(sql, text).Stored());
             break;
         case jet::Parameter::Kind::DayStart: {
-            int days = 0;
-            if (parameter.days >= 0) {
-                const std::string_view number = m_literals[static_cast<std::size_t>(parameter.days)].text;
-                std::from_chars(number.data(), number.data() + number.size(), days);
-            }
-            const DateTime day = DateLiteral(sql, text).AddDays(parameter.shift + parameter.daysSign * days);
-            statement.Bind(index, std::string_view(day.Stored()).substr(0, 10));
+            const std::string_view days = m_literals[static_cast<std::size_t>(parameter.days)].text;
+            statement.Bind(index, MovedDay(DateLiteral(sql, text), days, parameter.daysSign, parameter.shift));
             break;
         }
         }
@@ -241,15 +263,18 @@ void CEngine::RecordDone() {
     const bool full = sqlite3_total_changes64(Handle()) - m_groupChanges >= GroupRows;
     if (!full && std::chrono::steady_clock::now() - m_groupStart < GroupAge)
         return;
-    PrepareOwn("COMMIT")->Run();
+    Commit();
     BeginTransaction();
+}
+
+void CEngine::Commit() {
+    if (IsOpen() && sqlite3_get_autocommit(Handle()) == 0)
+        PrepareOwn("COMMIT")->Run();
 }
 
 void CEngine::EndGroup() {
     m_inGroup = false;
-    // A full disk makes the engine roll the transaction back by itself.
-    if (IsOpen() && sqlite3_get_autocommit(Handle()) == 0)
-        PrepareOwn("COMMIT")->Run();
+    Commit();
 }
 
 void CEngine::AbandonGroup() noexcept {

@@ -10,6 +10,16 @@
 #include <string_view>
 #include <unordered_map>
 
+/// Runs `act`; an error that it raises names this text of the dialect, not what the engine was given for it.
+template <class Act>
+auto NamingText(std::string_view sql, Act act) {
+    try {
+        return act();
+    } catch (const ComError& error) {
+        throw ComError(error.Operation(), std::string(sql), error.Code(), error.Description());
+    }
+}
+
 /// The open database behind `CDataStore` and its recordsets: the connection, what its columns hold, and the statements
 /// prepared so far. Every member raises ComError.
 class CEngine {
@@ -27,6 +37,8 @@ public:
 
     /// Refuses a file that is not ours: application id, schema version and tables are checked.
     explicit CEngine(const std::string& path, bool checkIntegrity = false);
+    /// How long a connection opened from here on waits for another program's lock (5 s unless told).
+    static void SetPatience(std::chrono::milliseconds patience) { s_patience = patience; }
 
     /// Everything that holds the engine raises from here on.
     void Close();
@@ -51,14 +63,19 @@ public:
     void AbandonGroup() noexcept;
     bool InGroup() const { return m_inGroup; }
     /// 0 outside a commit group; inside, the number of the transaction, which locks other programs out.
-    std::uint64_t Transaction() const { return m_inGroup ? m_transaction : 0; }
+    std::uint64_t Transaction() const { return InTransaction() ? m_transaction : 0; }
 
 private:
+    /// False inside a group too, where a full disk made the engine roll back by itself.
+    bool InTransaction() const { return m_inGroup && IsOpen() && sqlite3_get_autocommit(m_database.get()) == 0; }
     void CheckIdentity(const std::string& path);
     void BeginTransaction();
+    void Commit();
     void Bind(Prepared& prepared, std::string_view sql);
     PreparedPtr Cached(const std::string& key) const;
     PreparedPtr Keep(const std::string& key, jet::Translation translation);
+
+    static inline std::chrono::milliseconds s_patience{5000};
 
     sqlite::Database m_database;
     jet::Schema m_schema;

@@ -14,18 +14,21 @@ namespace {
 bool Fits(jet::ValueType type, const Variant& value) {
     if (IsNull(value))
         return true;
-    const bool isText = std::holds_alternative<QString>(value);
-    const bool isDate = std::holds_alternative<DateTime>(value);
+    const Currency number = ToCurrency(value);
+    const std::int64_t whole = number.count / Currency::One;
     switch (type) {
     case jet::ValueType::Text:
-        return isText;
+        return std::holds_alternative<QString>(value);
     case jet::ValueType::Date:
-        return isDate;
+        return std::holds_alternative<DateTime>(value);
     case jet::ValueType::Currency:
-        return !isDate && (!isText || ToCurrency(value).status != ValueStatus::Invalid);
-    default:
-        return !isDate;
+        return number.status != ValueStatus::Invalid || std::holds_alternative<Currency>(value);
+    case jet::ValueType::Long:
+        return number.IsValid() && static_cast<std::int32_t>(whole) == whole;
+    case jet::ValueType::Boolean:
+        return number.IsValid();
     }
+    return false;
 }
 
 void BindValue(sqlite::Statement& statement, int index, jet::ValueType type, const Variant& value) {
@@ -81,7 +84,7 @@ void CRecordset::Open(std::shared_ptr<CEngine> engine, std::string_view source, 
         CEngine::PreparedPtr prepared = m_engine->Prepare(source);
         if (prepared->translation.kind == jet::Translation::Kind::Command)
             jet::RaiseSyntax(source, "příkaz nevrací záznamy");
-        m_rows->Read(*m_engine, std::move(prepared));
+        NamingText(source, [&] { m_rows->Read(*m_engine, std::move(prepared)); });
     }
     m_open = true;
 }
@@ -224,6 +227,8 @@ void CRecordset::put_Collect(std::string_view column, const Variant& value) {
     if (!m_adding)
         NeedRecord();
     const int index = ColumnIndex(column);
+    if (!m_rows->Translation().columns[static_cast<std::size_t>(index)].stored)
+        Raise(ResultCode::ErrorsInCommand, std::string(column), QStringLiteral("Vypočtené pole nelze měnit."));
     if (!Fits(m_rows->Translation().columns[static_cast<std::size_t>(index)].type, value))
         Raise(ResultCode::TypeMismatch, std::string(column), QStringLiteral("Hodnota neodpovídá typu pole."));
     for (Edit& edit : m_edits) {

@@ -54,7 +54,8 @@ public:
     /// Takes the record at this position, counted from 0, out of the set; the database is not touched. Keysets only.
     void Drop(int position);
 
-    /// The field's value now. The first of the columns of this name, in any case.
+    /// The field's value when the record was visited, or what was put since. The first of the columns of this name, in
+    /// any case.
     Variant get_Collect(std::string_view column) const;
     /// A code-list index; −1 for null.
     std::int32_t Code(std::string_view column) const { return ToCode(get_Collect(column)); }

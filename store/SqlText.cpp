@@ -25,8 +25,9 @@ std::string FormatText(std::string_view format, std::initializer_list<FormatArgu
             text += '%';
         } else if (next != arguments.end()) {
             if (next->IsNumber()) {
-                const std::string number = std::to_string(next->Number());
-                text.append(number.size() < width ? width - number.size() : 0, '0');
+                std::string number = std::to_string(next->Number());
+                if (number.size() < width)
+                    number.insert(number[0] == '-' ? 1 : 0, width - number.size(), '0');
                 text += number;
             } else {
                 text += next->Text();

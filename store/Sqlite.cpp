@@ -41,6 +41,8 @@ QString DescriptionOf(sqlite3* database, int result) {
         return QStringLiteral("Soubor databáze je poškozen.");
     case SQLITE_NOTADB:
         return QStringLiteral("Soubor není databází programu.");
+    case SQLITE_IOERR:
+        return QStringLiteral("Soubor databáze nelze číst nebo zapsat.");
     default:
         return QString::fromUtf8(database != nullptr ? sqlite3_errmsg(database) : sqlite3_errstr(result));
     }

@@ -30,9 +30,13 @@ __int128 RoundedProduct(std::int64_t a, std::int64_t b) {
     return quotient;
 }
 
+void RaiseRange(sqlite3_context* context) {
+    sqlite3_result_error(context, "Hodnota je mimo rozsah měny.", -1);
+}
+
 void Answer(sqlite3_context* context, __int128 value) {
     if (value < Lowest || value > Highest)
-        sqlite3_result_error(context, "Hodnota je mimo rozsah měny.", -1);
+        RaiseRange(context);
     else
         sqlite3_result_int64(context, static_cast<std::int64_t>(value));
 }
@@ -41,9 +45,25 @@ bool AnyNull(sqlite3_value** values) {
     return sqlite3_value_type(values[0]) == SQLITE_NULL || sqlite3_value_type(values[1]) == SQLITE_NULL;
 }
 
+bool AnyInexact(sqlite3_value** values) {
+    return sqlite3_value_type(values[0]) != SQLITE_INTEGER || sqlite3_value_type(values[1]) != SQLITE_INTEGER;
+}
+
+/// The engine goes over to floating point where a whole number leaves 64 bits.
+void Exact(sqlite3_context* context, int, sqlite3_value** values) {
+    if (sqlite3_value_type(values[0]) == SQLITE_FLOAT)
+        RaiseRange(context);
+    else
+        sqlite3_result_value(context, values[0]);
+}
+
 void Mul(sqlite3_context* context, int, sqlite3_value** values) {
     if (AnyNull(values))
         return;
+    if (AnyInexact(values)) {
+        RaiseRange(context);
+        return;
+    }
     Answer(context, RoundedProduct(sqlite3_value_int64(values[0]), sqlite3_value_int64(values[1])));
 }
 
@@ -55,6 +75,13 @@ struct Sum {
 void SumMulStep(sqlite3_context* context, int, sqlite3_value** values) {
     if (AnyNull(values))
         return;
+    const __int128 product = AnyInexact(values)
+                                 ? Highest + 1
+                                 : RoundedProduct(sqlite3_value_int64(values[0]), sqlite3_value_int64(values[1]));
+    if (product < Lowest || product > Highest) {
+        RaiseRange(context);
+        return;
+    }
     // The engine aligns its memory to 8 bytes only, which a 128-bit number does not bear.
     auto* memory = sqlite3_aggregate_context(context, sizeof(Sum));
     if (memory == nullptr) {
@@ -63,7 +90,7 @@ void SumMulStep(sqlite3_context* context, int, sqlite3_value** values) {
     }
     Sum sum;
     std::memcpy(&sum, memory, sizeof sum);
-    sum.total += RoundedProduct(sqlite3_value_int64(values[0]), sqlite3_value_int64(values[1]));
+    sum.total += product;
     sum.any = true;
     std::memcpy(memory, &sum, sizeof sum);
 }
@@ -240,6 +267,7 @@ void Drop(void* collator) {
 void RegisterFunctions(sqlite3* database) {
     constexpr int flags = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_DIRECTONLY;
     Register(database, "kuvel_mul", 2, Mul);
+    Register(database, "kuvel_exact", 1, Exact);
     Register(database, "kuvel_like", 2, Like);
     Register(database, "kuvel_isdate", 1, IsDate);
     Register(database, "kuvel_datediff", 2, DateDiff);

@@ -7,6 +7,7 @@ namespace jet {
 /// Registers what translated statements call:
 ///   kuvel_mul(a, b)          the product of two currencies, exact, rounded to the nearest ten-thousandth, ties to even
 ///   kuvel_sum_mul(a, b)      the sum of such products
+///   kuvel_exact(n)           the whole number itself; an error for what the engine could not keep as one
 ///   kuvel_like(pattern, t)   LIKE with % and _, without regard to case, accents respected
 ///   kuvel_sortkey(t)         the Czech sort key of a text
 ///   kuvel_isdate(t)          whether a stored date can be read

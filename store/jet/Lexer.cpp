@@ -37,6 +37,11 @@ void RaiseSyntax(std::string_view sql, const char* czechReason) {
                    QStringLiteral("Chyba syntaxe v příkazu SQL: %1.").arg(QString::fromUtf8(czechReason)));
 }
 
+Lexer::Lexer(std::string_view sql) : m_sql(sql) {
+    if (sql.find('\0') != std::string_view::npos)
+        RaiseSyntax(sql, "neznámý znak");
+}
+
 Token Lexer::Delimited(TokenKind kind, char delimiter) {
     const std::size_t begin = ++m_at;
     while (true) {

@@ -21,7 +21,8 @@ struct Token {
 /// an unclosed literal.
 class Lexer {
 public:
-    explicit Lexer(std::string_view sql) : m_sql(sql) {}
+    /// A NUL byte anywhere raises, since it would end the text for half of what reads it.
+    explicit Lexer(std::string_view sql);
     Token Next();
     std::string_view Sql() const { return m_sql; }
 

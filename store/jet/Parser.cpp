@@ -8,8 +8,11 @@ namespace jet {
 
 namespace {
 
-/// How deep brackets and operators may nest; a statement of the program needs five levels.
-constexpr int DeepestNesting = 200;
+/// How deep the rules below may nest. A statement of the program needs fifteen; the engine's parser bears a hundred
+/// open brackets and operators.
+constexpr int DeepestNesting = 40;
+/// Operators without brackets nest too, one in the other; a statement of the program has some fifty nodes.
+constexpr int MostNodes = 1000;
 
 constexpr std::array<std::string_view, 20> Keywords = {"SELECT", "FROM", "WHERE", "GROUP", "ORDER", "BY",  "INNER",
                                                        "JOIN",   "ON",   "AS",    "AND",   "OR",    "NOT", "IN",
@@ -109,7 +112,9 @@ private:
         return Take().text;
     }
 
-    static ExpressionPtr Node(Expression::Kind kind, ExpressionPtr first = {}, ExpressionPtr second = {}) {
+    ExpressionPtr Node(Expression::Kind kind, ExpressionPtr first = {}, ExpressionPtr second = {}) {
+        if (++m_nodes > MostNodes)
+            Fail("příliš složitý příkaz");
         auto node = std::make_unique<Expression>();
         node->kind = kind;
         if (first)
@@ -236,7 +241,7 @@ private:
         return left;
     }
 
-    static ExpressionPtr Negated(bool negated, ExpressionPtr node) {
+    ExpressionPtr Negated(bool negated, ExpressionPtr node) {
         return negated ? Node(Expression::Kind::Not, std::move(node)) : std::move(node);
     }
 
@@ -332,6 +337,7 @@ private:
     Lexer m_lexer;
     Token m_token;
     int m_depth = 0;
+    int m_nodes = 0;
 };
 
 } // namespace

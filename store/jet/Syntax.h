@@ -40,6 +40,14 @@ struct Expression {
 };
 using ExpressionPtr = std::unique_ptr<Expression>;
 
+bool IsLiteral(const Expression& e, TokenKind kind);
+/// A number as it is written, or the negative of one.
+bool IsNumberLiteral(const Expression& e);
+bool IsDecimal(const Expression& e);
+bool HasAggregate(const Expression& e);
+/// The comparison with its sides exchanged.
+std::string_view Mirrored(std::string_view op);
+
 struct SelectItem {
     bool star = false;
     std::string_view qualifier{}; // of the star

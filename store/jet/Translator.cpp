@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 namespace jet {
 
@@ -17,24 +18,8 @@ struct Typed {
     std::optional<ValueType> type;
 };
 
-bool IsNumberLiteral(const Expression& e) {
-    if (e.kind == Kind::Negate)
-        return IsNumberLiteral(*e.operands[0]);
-    return e.kind == Kind::Literal && (e.token.kind == TokenKind::Integer || e.token.kind == TokenKind::Decimal);
-}
-
-bool IsLiteral(const Expression& e, TokenKind kind) {
-    return e.kind == Kind::Literal && e.token.kind == kind;
-}
-
-std::string_view Mirrored(std::string_view op) {
-    if (op == "<")
-        return ">";
-    if (op == ">")
-        return "<";
-    if (op == "<=")
-        return ">=";
-    return op == ">=" ? "<=" : op;
+bool IsNumber(const Typed& value) {
+    return !value.type || value.type == ValueType::Long || value.type == ValueType::Currency;
 }
 
 class Translator {
@@ -68,7 +53,7 @@ public:
         m_result.kind = Translation::Kind::Rows;
         m_result.table = table.name;
         m_result.sql = "SELECT rowid FROM " + table.name + " WHERE " + Condition(*condition, Scope{&table});
-        m_result.columns.push_back({"rowid", ValueType::Long});
+        m_result.columns.push_back({"rowid", ValueType::Long, false});
         return std::move(m_result);
     }
 
@@ -86,8 +71,11 @@ private:
 
     Scope ScopeOf(const Select& select) const {
         Scope scope;
-        for (const TableJoin& join : select.from)
+        for (const TableJoin& join : select.from) {
+            if (FindInScope(scope, join.table) != nullptr)
+                Fail("tabulka je uvedena dvakrát");
             scope.push_back(NeedTable(join.table));
+        }
         return scope;
     }
 
@@ -102,9 +90,10 @@ private:
     void SelectStatement(const Select& select) {
         const Scope scope = ScopeOf(select);
         const bool aggregate =
-            !select.groupBy.empty() || std::any_of(select.items.begin(), select.items.end(), [](auto& item) {
-                return item.value && (item.value->kind == Kind::Sum || item.value->kind == Kind::CountAll);
-            });
+            !select.groupBy.empty() || std::any_of(select.items.begin(), select.items.end(),
+                                                   [](auto& item) { return item.value && HasAggregate(*item.value); });
+        if (aggregate)
+            m_groups.emplace(GroupColumns(select, scope));
         const std::string items = Items(select, scope);
         const bool keyset = scope.size() == 1 && !aggregate && m_result.parameters.empty();
         if (keyset) {
@@ -122,32 +111,46 @@ private:
 
     std::string Items(const Select& select, const Scope& scope) {
         std::string items;
-        const auto add = [&](const std::string& sql, std::string_view name, ValueType type) {
+        const auto add = [&](const std::string& sql, std::string_view name, ValueType type, bool stored) {
             items += (items.empty() ? "" : ", ") + sql;
-            m_result.columns.push_back({std::string(name), type});
+            m_result.columns.push_back({std::string(name), type, stored});
         };
         for (const SelectItem& item : select.items) {
             if (item.star) {
                 if (!item.qualifier.empty() && FindInScope(scope, item.qualifier) == nullptr)
                     Fail("neznámá tabulka");
+                if (m_groups)
+                    Fail("pole není součástí seskupení");
                 for (const Table* table : scope) {
                     if (!item.qualifier.empty() && !SameName(table->name, item.qualifier))
                         continue;
                     for (const Column& column : table->columns)
-                        add(table->name + "." + column.name, column.name, column.type);
+                        add(table->name + "." + column.name, column.name, column.type, true);
                 }
                 continue;
             }
             const Typed value = Value(*item.value, scope);
             const std::string_view name = !item.alias.empty() ? item.alias : item.value->name;
-            add(value.sql, name, value.type.value_or(ValueType::Long));
+            add(value.sql, name, value.type.value_or(ValueType::Long),
+                item.alias.empty() && item.value->kind == Kind::Column);
         }
         return items;
+    }
+
+    std::vector<std::string> GroupColumns(const Select& select, const Scope& scope) {
+        std::vector<std::string> groups;
+        for (const ExpressionPtr& group : select.groupBy) {
+            if (group->kind != Kind::Column)
+                Fail("seskupit lze jen podle pole");
+            groups.push_back(Value(*group, scope).sql);
+        }
+        return groups;
     }
 
     /// A tie is broken by the row id, so that an order is the same each time.
     std::string Tail(const Select& select, const Scope& scope, bool breakTies) {
         std::string sql;
+        std::optional<std::vector<std::string>> groups = std::exchange(m_groups, std::nullopt);
         for (std::size_t i = 0; i < scope.size(); ++i) {
             sql += (i == 0 ? " FROM " : " JOIN ") + scope[i]->name;
             if (select.from[i].on)
@@ -156,20 +159,26 @@ private:
         if (select.where)
             sql += " WHERE " + Condition(*select.where, scope);
         std::string separator = " GROUP BY ";
-        for (const ExpressionPtr& group : select.groupBy) {
-            sql += separator + Value(*group, scope).sql;
-            separator = ", ";
-        }
+        for (const std::string& group : groups.value_or(std::vector<std::string>()))
+            sql += std::exchange(separator, ", ") + group;
+        m_groups = std::move(groups);
         separator = " ORDER BY ";
         for (const OrderItem& item : select.orderBy) {
-            const Typed value = Value(*item.value, scope);
-            sql += separator + (value.type == ValueType::Text ? "kuvel_sortkey(" + value.sql + ")" : value.sql) +
-                   (item.descending ? " DESC" : "");
-            separator = ", ";
+            sql += std::exchange(separator, ", ") + OrderValue(Value(*item.value, scope));
+            sql += item.descending ? " DESC" : "";
         }
         if (breakTies)
             sql += separator + scope[0]->name + ".rowid";
         return sql;
+    }
+
+    /// True is -1 to whoever sorts by it, so that it comes before false.
+    std::string OrderValue(const Typed& value) const {
+        if (!value.type)
+            Fail("podle čísla nelze řadit");
+        if (*value.type == ValueType::Text)
+            return "kuvel_sortkey(" + value.sql + ")";
+        return *value.type == ValueType::Boolean ? "-(" + value.sql + ")" : value.sql;
     }
 
     // -- values --
@@ -200,6 +209,8 @@ private:
         }
         if (!value.type)
             Fail("neznámé pole");
+        if (m_groups && std::find(m_groups->begin(), m_groups->end(), value.sql) == m_groups->end())
+            Fail("pole není součástí seskupení");
         return value;
     }
 
@@ -216,19 +227,20 @@ private:
             case TokenKind::Date:
                 return {AddParameter({Parameter::Kind::Date, e.token.literal}), ValueType::Date};
             default:
-                return {Number(e, false), std::nullopt};
+                return {Whole(e), std::nullopt};
             }
         case Kind::Truth:
             return {e.truth ? "1" : "0", ValueType::Boolean};
         case Kind::Negate:
             if (IsNumberLiteral(e))
-                return {Number(e, false), std::nullopt};
+                return {Whole(e), std::nullopt};
             return Negated(Value(*e.operands[0], scope));
         case Kind::Arithmetic:
             return Arithmetic(e, scope);
         case Kind::Sum:
             return Sum(*e.operands[0], scope);
         case Kind::CountAll:
+            NeedAggregates();
             return {"count(*)", ValueType::Long};
         case Kind::DateDiff:
             return {"kuvel_datediff(" + DateValue(*e.operands[0], scope) + ", " + DateValue(*e.operands[1], scope) +
@@ -239,10 +251,22 @@ private:
         }
     }
 
+    /// A number that stands for itself, not beside a currency.
+    std::string Whole(const Expression& e) {
+        if (IsDecimal(e))
+            Fail("neslučitelné typy");
+        return Number(e, false);
+    }
+
     Typed Negated(const Typed& value) {
         if (value.type != ValueType::Long && value.type != ValueType::Currency)
             Fail("neslučitelné typy");
-        return {"-(" + value.sql + ")", value.type};
+        return {"kuvel_exact(-(" + value.sql + "))", value.type};
+    }
+
+    void NeedAggregates() const {
+        if (!m_groups)
+            Fail("souhrn zde být nesmí");
     }
 
     std::string DateValue(const Expression& e, const Scope& scope) {
@@ -255,38 +279,43 @@ private:
     Typed Arithmetic(const Expression& e, const Scope& scope) {
         const Expression& left = *e.operands[0];
         const Expression& right = *e.operands[1];
-        const auto [a, b] = Pair(left, right, scope, e.op != "*");
-        const auto isNumber = [](const Typed& value) {
-            return !value.type || value.type == ValueType::Long || value.type == ValueType::Currency;
-        };
-        if (!isNumber(a) || !isNumber(b))
+        const auto [a, b] = Pair(left, right, scope);
+        if (!IsNumber(a) || !IsNumber(b))
             Fail("neslučitelné typy");
         const bool bothCurrency = a.type == ValueType::Currency && b.type == ValueType::Currency;
         if (e.op == "*" && bothCurrency)
             return {"kuvel_mul(" + a.sql + ", " + b.sql + ")", ValueType::Currency};
         const bool anyCurrency = a.type == ValueType::Currency || b.type == ValueType::Currency;
-        if (anyCurrency && !bothCurrency && e.op != "*" && a.type && b.type)
+        if ((anyCurrency && !bothCurrency) || (!anyCurrency && (IsDecimal(left) || IsDecimal(right))))
             Fail("neslučitelné typy");
-        return {"(" + a.sql + " " + std::string(e.op) + " " + b.sql + ")",
+        return {"kuvel_exact(" + a.sql + " " + std::string(e.op) + " " + b.sql + ")",
                 anyCurrency ? ValueType::Currency : ValueType::Long};
     }
 
-    /// Both values of an operator; with `scale`, a number literal beside a currency becomes ten-thousandths.
-    std::pair<Typed, Typed> Pair(const Expression& left, const Expression& right, const Scope& scope, bool scale) {
+    /// Both values of an operator; a number literal beside a currency becomes ten-thousandths.
+    std::pair<Typed, Typed> Pair(const Expression& left, const Expression& right, const Scope& scope) {
         if (IsNumberLiteral(left) && !IsNumberLiteral(right)) {
             const Typed b = Value(right, scope);
-            const bool scaled = scale && b.type == ValueType::Currency;
+            const bool scaled = b.type == ValueType::Currency;
             return {{Number(left, scaled), scaled ? b.type : std::nullopt}, b};
         }
         const Typed a = Value(left, scope);
         if (IsNumberLiteral(right)) {
-            const bool scaled = scale && a.type == ValueType::Currency;
+            const bool scaled = a.type == ValueType::Currency;
             return {a, {Number(right, scaled), scaled ? a.type : std::nullopt}};
         }
         return {a, Value(right, scope)};
     }
 
     Typed Sum(const Expression& e, const Scope& scope) {
+        NeedAggregates();
+        const auto groups = std::exchange(m_groups, std::nullopt); // each row has every column
+        const Typed sum = SumOfRows(e, scope);
+        m_groups = groups;
+        return sum;
+    }
+
+    Typed SumOfRows(const Expression& e, const Scope& scope) {
         if (e.kind == Kind::Arithmetic && e.op == "*") {
             const Typed a = Value(*e.operands[0], scope);
             const Typed b = Value(*e.operands[1], scope);
@@ -306,10 +335,13 @@ private:
         switch (e.kind) {
         case Kind::And:
         case Kind::Or:
-            return "(" + Condition(*e.operands[0], scope) + (e.kind == Kind::And ? " AND " : " OR ") +
-                   Condition(*e.operands[1], scope) + ")";
-        case Kind::Not:
-            return "NOT (" + Condition(*e.operands[0], scope) + ")";
+            return "(" + Chain(e, scope) + ")";
+        case Kind::Not: {
+            const bool before = std::exchange(m_underNot, true);
+            const std::string condition = Condition(*e.operands[0], scope);
+            m_underNot = before;
+            return "NOT (" + condition + ")";
+        }
         case Kind::IsNull:
             return Value(*e.operands[0], scope).sql + " IS NULL";
         case Kind::Like: {
@@ -320,7 +352,11 @@ private:
         }
         case Kind::In: {
             const Typed value = Value(*e.operands[0], scope);
-            return value.sql + " IN (" + SubSelect(*e.select) + ")";
+            const Typed chosen = SubSelect(*e.select);
+            if (value.type.value_or(ValueType::Long) != chosen.type.value_or(ValueType::Long))
+                Fail("neslučitelné typy");
+            return value.sql + (value.type == ValueType::Text ? " COLLATE kuvel_fold" : "") + " IN (" + chosen.sql +
+                   ")";
         }
         case Kind::Compare:
             return Compare(e, scope);
@@ -337,32 +373,42 @@ private:
         }
     }
 
-    std::string SubSelect(const Select& select) {
+    /// A row of ANDs (or ORs) without brackets, which would nest as deep as the row is long.
+    std::string Chain(const Expression& e, const Scope& scope) {
+        const Expression& left = *e.operands[0];
+        return (left.kind == e.kind ? Chain(left, scope) : Condition(left, scope)) +
+               (e.kind == Kind::And ? " AND " : " OR ") + Condition(*e.operands[1], scope);
+    }
+
+    /// The SELECT, with the type of its one column.
+    Typed SubSelect(const Select& select) {
         const Scope scope = ScopeOf(select);
-        if (select.items.size() != 1 || select.items[0].star || !select.orderBy.empty())
+        if (select.items.size() != 1 || select.items[0].star || !select.orderBy.empty() || !select.groupBy.empty())
             Fail("vnořený dotaz musí vracet jedno pole");
-        return "SELECT " + Value(*select.items[0].value, scope).sql + Tail(select, scope, false);
+        const bool underNot = std::exchange(m_underNot, false);
+        const Typed value = Value(*select.items[0].value, scope);
+        const Typed whole{"SELECT " + value.sql + Tail(select, scope, false), value.type};
+        m_underNot = underNot;
+        return whole;
     }
 
     std::string Compare(const Expression& e, const Scope& scope) {
         const Expression& left = *e.operands[0];
         const Expression& right = *e.operands[1];
-        if (left.kind == Kind::DateDiff && IsNumberLiteral(right))
+        // A date that cannot be read meets neither a condition nor its opposite; a range would not know.
+        if (left.kind == Kind::DateDiff && IsNumberLiteral(right) && !m_underNot)
             if (std::optional<std::string> range = DayRange(left, e.op, right, scope))
                 return *range;
-        if (right.kind == Kind::DateDiff && IsNumberLiteral(left))
+        if (right.kind == Kind::DateDiff && IsNumberLiteral(left) && !m_underNot)
             if (std::optional<std::string> range = DayRange(right, Mirrored(e.op), left, scope))
                 return *range;
-        const auto [a, b] = Pair(left, right, scope, true);
+        const auto [a, b] = Pair(left, right, scope);
         return a.sql + " " + std::string(e.op) + " " + b.sql + Collation(a, b, e);
     }
 
     /// Text is compared without regard to case; a plain text by the engine's own rule, so that an index serves.
     std::string Collation(const Typed& a, const Typed& b, const Expression& e) const {
-        const bool isNumberA = !a.type || a.type == ValueType::Long || a.type == ValueType::Currency;
-        const bool isNumberB = !b.type || b.type == ValueType::Long || b.type == ValueType::Currency;
-        const bool fits = (isNumberA && isNumberB && (!a.type || !b.type || a.type == b.type)) || a.type == b.type ||
-                          (a.type == ValueType::Boolean && !b.type) || (b.type == ValueType::Boolean && !a.type);
+        const bool fits = (IsNumber(a) && IsNumber(b) && (!a.type || !b.type)) || a.type == b.type;
         if (!fits)
             Fail("neslučitelné typy");
         if (a.type != ValueType::Text)
@@ -402,18 +448,15 @@ private:
             return AddParameter({Parameter::Kind::DayStart, date.token.literal, shift, number->token.literal, sign});
         };
         std::string range;
-        if (op == ">=")
-            range = column + " >= " + start(0);
-        else if (op == ">")
-            range = column + " >= " + start(1);
-        else if (op == "<")
-            range = column + " < " + start(0);
-        else if (op == "<=")
-            range = column + " < " + start(1);
-        else if (op == "=")
-            range = column + " >= " + start(0) + " AND " + column + " < " + start(1);
-        else
+        if (op == "<>") {
             range = "(" + column + " < " + start(0) + " OR " + column + " >= " + start(1) + ")";
+        } else {
+            if (op != "<" && op != "<=")
+                range = column + " >= " + start(op == ">" ? 1 : 0);
+            range += op == "=" ? " AND " : "";
+            if (op != ">" && op != ">=")
+                range += column + " < " + start(op == "<" ? 0 : 1);
+        }
         return "(" + range + " AND kuvel_isdate(" + column + "))";
     }
 
@@ -423,9 +466,10 @@ private:
             Fail("neznámé pole");
         std::string value;
         if (IsNumberLiteral(*assignment.value)) {
-            if (column->type == ValueType::Text || column->type == ValueType::Date)
+            const bool isCurrency = column->type == ValueType::Currency;
+            if (!isCurrency && (column->type != ValueType::Long || IsDecimal(*assignment.value)))
                 Fail("neslučitelné typy");
-            value = Number(*assignment.value, column->type == ValueType::Currency);
+            value = "kuvel_exact(" + Number(*assignment.value, isCurrency) + ")";
         } else {
             const Typed typed = Value(*assignment.value, scope);
             if (typed.type && typed.type != column->type)
@@ -438,6 +482,9 @@ private:
     std::string_view m_sql;
     const Schema& m_schema;
     Translation m_result;
+    /// The columns that a query with totals may name outside of them; none in a query, or a place, without totals.
+    std::optional<std::vector<std::string>> m_groups;
+    bool m_underNot = false;
 };
 
 } // namespace
@@ -448,21 +495,6 @@ Translation Translate(std::string_view sql, const Schema& schema) {
 
 Translation TranslateCriterion(std::string_view criterion, const Table& table, const Schema& schema) {
     return Translator(criterion, schema).Criterion(table);
-}
-
-Translation TranslateTable(const Table& table) {
-    Translation result;
-    result.kind = Translation::Kind::Keyset;
-    result.table = table.name;
-    std::string items;
-    for (const Column& column : table.columns) {
-        items += (items.empty() ? "" : ", ") + column.name;
-        result.columns.push_back({column.name, column.type});
-    }
-    result.rowSql = "SELECT " + items + " FROM " + table.name + " WHERE rowid = ?1";
-    result.sql = "SELECT rowid FROM " + table.name + " ORDER BY rowid";
-    result.aheadSql = "SELECT rowid, " + items + " FROM " + table.name + " ORDER BY rowid";
-    return result;
 }
 
 } // namespace jet

@@ -17,18 +17,20 @@ struct Parameter {
         Scaled, // a number beside a currency: its ten-thousandths
         Text,
         Date,     // "YYYY-MM-DD HH:MM:SS"
-        DayStart, // "YYYY-MM-DD" of a date, moved by `shift` days and by `days` if there is one
+        DayStart, // "YYYY-MM-DD" of a date, moved by `shift` days and by the number in `days`
     };
     Kind kind;
     int literal;
     int shift = 0;
-    int days = -1; // the literal with a number of days, or -1
+    int days = -1; // a literal
     int daysSign = 1;
 };
 
 struct ResultColumn {
     std::string name;
     ValueType type;
+    /// A column of the table under its own name, which can be written.
+    bool stored = false;
 };
 
 /// One statement of the dialect in the engine's SQL. `?1`, `?2` … are `parameters`, in order.

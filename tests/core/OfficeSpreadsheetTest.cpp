@@ -188,8 +188,6 @@ TEST_F(OfficeSpreadsheet, WhatIsWrittenIsWhatTheSavedFileHolds) {
     sheet->SetText("D2:D2", "");
     sheet->SetText("D3:D3", "x");
     sheet->SetCurrency("D3:D3", Currency::Null());
-    const QString longest(32767, QChar(u'č'));
-    sheet->SetText("IV65536:IV65536", longest);
     EXPECT_EQ(ReportFiles(), QStringList{"výkaz.XLS"}) << "a lock file beside the open workbook";
     workbook->Save();
     workbook->Close();
@@ -215,7 +213,11 @@ TEST_F(OfficeSpreadsheet, WhatIsWrittenIsWhatTheSavedFileHolds) {
     for (const char* text : texts)
         EXPECT_EQ(reread->GetText(QString("A%1:A%1").arg(++row)).toStdString(), text);
     EXPECT_EQ(reread->GetText("C3:C3"), "1.2345");
-    EXPECT_EQ(reread->GetText("IV65536:IV65536"), longest);
+    // The last cell of the format with the longest text of the format, which is more than FreeXL can read.
+    const QString longest(32767, QChar(u'č'));
+    reread->SetText("IV65536:IV65536", longest);
+    again->Save();
+    EXPECT_EQ(office->Open(path)->Worksheet("1-1")->GetText("IV65536:IV65536"), longest);
     office->Quit();
     ExpectNothingLeft({});
     EXPECT_EQ(ReportFiles(), QStringList{"výkaz.XLS"});
@@ -307,7 +309,7 @@ TEST_F(OfficeSpreadsheet, AKilledOrHangingOfficeRaisesAndLeavesTheFileWhole) {
     for (const auto& row : cases) {
         SCOPED_TRACE(row.what);
         OfficeLimits limits;
-        limits.call = 1500ms;
+        limits.call = 3s; // ample for a call on a busy machine
         auto office = LibreOfficeFactory(limits)();
         ASSERT_TRUE(office);
         auto workbook = office->Open(path);
@@ -318,7 +320,7 @@ TEST_F(OfficeSpreadsheet, AKilledOrHangingOfficeRaisesAndLeavesTheFileWhole) {
         const auto start = std::chrono::steady_clock::now();
         SignalOffice(row.signal, row.program);
         EXPECT_EQ(CodeOf([&] { row.atSave ? workbook->Save() : sheet->SetInteger("A2:A2", 1); }), row.code);
-        EXPECT_LT(std::chrono::steady_clock::now() - start, 5s);
+        EXPECT_LT(std::chrono::steady_clock::now() - start, 8s);
         ExpectNothingLeft(processes);
         EXPECT_EQ(CodeOf([&] { workbook->Save(); }), row.code) << "later calls must raise too";
         EXPECT_EQ(CodeOf([&] { workbook->Close(); }), row.code);

@@ -590,8 +590,7 @@ TEST_F(CoverRegisterTest, DoubleClickEditsARowAndOnlyARow) {
         EXPECT_EQ(Czech("Fólie"), Find<QLineEdit>(dialog, "name").text());
         Click(dialog, "cancel");
     });
-    ClickRow(list, 1);
-    QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, list.visualRect(list.model()->index(1, 0)).center());
+    DoubleClickRow(list, 1);
 }
 
 TEST_F(CoverRegisterTest, ContextMenusGreyWhatHasNoRow) {

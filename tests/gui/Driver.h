@@ -30,7 +30,7 @@ private:
 
     std::vector<Step> m_steps;
     QWidget* m_current = nullptr;
-    QTimer* m_timer;
+    QObject m_alive;
     int m_waited = 0;
 };
 
@@ -66,4 +66,5 @@ std::string Rows(const RecordList& list);
 /// The first column of the list, separated by ", ".
 std::string Names(const RecordList& list);
 void ClickRow(RecordList& list, int row, Qt::KeyboardModifiers modifiers = {});
+void DoubleClickRow(RecordList& list, int row);
 void ClickHeader(RecordList& list, int column);

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "import/ImportOptions.h"
+#include "import/ImportSource.h"
+#include "import/OverwriteDoor.h"
+#include "store/DataStore.h"
+
+#include <optional>
+
+/// Records written, inserted or overwritten; never taken back.
+struct ImportCounts {
+    std::int32_t products = 0;
+    std::int32_t documents = 0;
+};
+
+/// Writes what one phase of an import read: finds the record of an earlier import, decides whether to overwrite it,
+/// writes and counts. Every member raises ComError; what was written before it stays.
+///
+/// Commits are joined, between whole records only: a product, or a document with all its lines, so that an import that
+/// is killed leaves no half of a document for the next one to keep.
+class CImportWriter {
+public:
+    /// The policy holds for this phase; the answers "to all" change it.
+    CImportWriter(CDataStore& store, const IImportSource& source, ExistingRecords policy, IOverwriteDoor& door,
+                  ImportCounts& counts);
+
+    void WriteProduct(const SourceProduct& product);
+    /// False when the document of an earlier import is kept: its lines are then not written either. An overwritten one
+    /// has lost its old lines and their packaging.
+    bool WriteDocument(const SourceDocument& document);
+    /// A line of the document written last, with its packaging.
+    void WriteLine(const SourceLine& line);
+    /// Commits the rest.
+    void Finish();
+
+private:
+    /// The question as a function, since most records need none.
+    template <class Question>
+    bool MayOverwrite(const Question& question);
+    bool AskMayOverwrite(const QString& question);
+    /// Leaves `m_product` on the product of this key; false when there is none.
+    bool FindProduct(std::int32_t key);
+    void StoreProduct(const SourceProduct& product, bool isNew);
+    void BeginRecord();
+
+    CDataStore& m_store;
+    const std::int32_t m_code;
+    const QString m_name;
+    ExistingRecords m_policy;
+    IOverwriteDoor& m_door;
+    ImportCounts& m_counts;
+    RecordsetPtr m_product;
+    RecordsetPtr m_document;
+    RecordsetPtr m_lines;
+    RecordsetPtr m_covers;
+    Variant m_moveId;
+    std::optional<CCommitGroup> m_group;
+};

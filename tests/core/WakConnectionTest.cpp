@@ -1,0 +1,373 @@
+#include "import/OleDbString.h"
+#include "import/SqlServerConnection.h"
+#include "store/ComError.h"
+#include "tests/support/ScriptedDoors.h"
+#include "tests/support/TdsServer.h"
+
+#include <gtest/gtest.h>
+
+#include <QTemporaryDir>
+
+#include <chrono>
+
+namespace {
+
+using SourceType = CSqlServerConnection::SourceType;
+
+const char* const Query = "SELECT * FROM pol_mj";
+
+/// A value as the test tables write it: its type's letter, then the value.
+std::string Show(const CSqlServerRows& rows, const char* column) {
+    try {
+        const Variant value = rows.get_Collect(column);
+        if (const auto* text = std::get_if<QString>(&value))
+            return "t " + text->toStdString();
+        if (const auto* number = std::get_if<std::int32_t>(&value))
+            return "i " + std::to_string(*number);
+        if (const auto* currency = std::get_if<Currency>(&value))
+            return "c " + FormatCurrency(*currency, 1, 'D').toStdString();
+        if (const auto* date = std::get_if<DateTime>(&value))
+            return "d " + date->Stored();
+        if (const auto* real = std::get_if<double>(&value))
+            return "f " + std::to_string(*real);
+        if (const auto* flag = std::get_if<bool>(&value))
+            return *flag ? "b 1" : "b 0";
+        return IsNull(value) ? "null" : "?";
+    } catch (const ComError& error) {
+        return QString::asprintf("%08X", error.Code()).toStdString();
+    }
+}
+
+/// What `act` raised.
+template <class Act>
+std::string Raised(const Act& act) {
+    try {
+        act();
+        return "nothing";
+    } catch (const ComError& error) {
+        return QString::asprintf("%08X ", error.Code()).toStdString() + error.Description().toStdString();
+    }
+}
+
+class WakConnection : public testing::Test {
+protected:
+    bool Connect() { return connection.Connect(server.Name(), "wak", "sa", "heslo", false); }
+
+    ScriptedMessages messages;
+    TdsServer server;
+    CSqlServerConnection connection{{2, QStringLiteral("FreeTDS")}};
+};
+
+} // namespace
+
+TEST(OleDbString, HoldsTheValuesAsTheyStand) {
+    EXPECT_EQ("Provider=SQLOLEDB; Data Source=s\\i; User ID=\"u\"; Password=\"a\";}b\"; Initial Catalog=d;",
+              OleDbConnectionString({"s\\i", "d", "u", "a\";}b", false}));
+    EXPECT_EQ("Provider=SQLOLEDB; Data Source=s; Integrated Security=SSPI; Initial Catalog=d;",
+              OleDbConnectionString({"s", "d", "u", "p", true}));
+}
+
+TEST(OleDbString, IsReadAsTheProviderReadsIt) {
+    const struct {
+        QString password;
+        const char* read; // server|database|user|password
+    } cases[] = {
+        {"", "s|d|u|"},
+        {" a;b}c'=\\ ", "s|d|u| a;b}c'=\\ "},
+        {"a\"\"b", "s|d|u|a\"b"},
+        {"a\"b", nullptr},
+        {"a\"", nullptr},
+        {"\"\"", "s|d|u|\""},
+        {"a\"; Initial Catalog=x; Data Source=\"other", "other|d|u|a"},
+    };
+    for (const auto& c : cases) {
+        const auto login = ParseOleDbString(OleDbConnectionString({" s ", "d", "u", c.password, false}));
+        ASSERT_EQ(c.read != nullptr, login.has_value()) << c.password.toStdString();
+        if (login) {
+            EXPECT_EQ(c.read, login->server + "|" + login->database + "|" + login->user + "|" + login->password);
+            EXPECT_FALSE(login->windows);
+        }
+    }
+    EXPECT_TRUE(ParseOleDbString(OleDbConnectionString({"s", "d", "u", "p", true}))->windows);
+}
+
+TEST(OleDbString, TheServerIsReadInEveryForm) {
+    const struct {
+        const char* server;
+        const char* read; // host|instance|port
+    } cases[] = {
+        {"pc1", "pc1||0"},
+        {" tcp:pc1 , 1500", "pc1||1500"},
+        {"10.0.0.1\\WAK", "10.0.0.1|WAK|0"},
+        {"(LOCAL)", "localhost||0"},
+        {".", "localhost||0"},
+        {".\\WAK,1500", "localhost|WAK|1500"},
+        {"(local),1500", "localhost||1500"},
+        {"pc1,", nullptr},
+        {"pc1,0", nullptr},
+        {"pc1,65536", nullptr},
+        {"pc1,sql", nullptr},
+    };
+    for (const auto& c : cases) {
+        const auto address = ParseServer(c.server);
+        ASSERT_EQ(c.read != nullptr, address.has_value()) << c.server;
+        if (address) {
+            EXPECT_EQ(c.read, address->host + "|" + address->instance + "|" + QString::number(address->port));
+        }
+    }
+}
+
+TEST_F(WakConnection, SetsTheSessionAndReadsEveryType) {
+    server.products.columns = {
+        {"nPol", "int"},          {"short", "smallint"}, {"long", "bigint"},         {"flag", "bit"},
+        {"real", "float"},        {"money", "money"},    {"exact", "decimal(38,4)"}, {"fine", "decimal(9,6)"},
+        {"when", "datetime"},     {"day", "date"},       {"old", "varchar"},         {"new", "nvarchar"},
+        {"big", "nvarchar(max)"}, {"nPol", "nvarchar"}};
+    const std::string longText = QString("Žluťoučký kůň ").repeated(2000).toStdString();
+    server.products.rows = {
+        {"2147483647", "-32768", "5", "1", "-0.25", "922337203685477.5807", "-12.3456", "1.000050",
+         "2023-12-31 23:59:59.997", "2024-02-29", "Příliš žluťoučký €", "ďábelské ódy Ω", longText, "second"},
+        {{}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}},
+        {"-1", "0", "99999999999", "0", "0", "-0.0001", "99999999999999999999999999.0", "-1.000049",
+         "1899-12-30 00:00:00", "0001-01-01", "", "", "", "second"},
+    };
+    const std::vector<std::vector<std::string>> expected = {
+        {"i 2147483647", "i -32768", "i 5", "b 1", "f -0.250000", "c 922337203685477,5807", "c -12,3456", "c 1,0001",
+         "d 2023-12-31 23:59:59", "d 2024-02-29 00:00:00", "t Příliš žluťoučký €", "t ďábelské ódy Ω", "t " + longText},
+        {13, "null"},
+        {"i -1", "i 0", "80020005", "b 0", "f 0.000000", "c -0,0001", "80020005", "c -1,0000", "d 1899-12-30 00:00:00",
+         "d 0001-01-01 00:00:00", "t ", "t ", "t "},
+    };
+    server.Start();
+    ASSERT_TRUE(Connect());
+    EXPECT_EQ((std::vector<std::string>{"SET LOCK_TIMEOUT 1000", "SET TRANSACTION ISOLATION LEVEL READ UNCOMMITTED"}),
+              server.TakeStatements());
+    std::vector<std::string> names;
+    for (const auto& column : server.products.columns)
+        names.push_back(column.name);
+    SqlServerRowsPtr rows;
+    ASSERT_TRUE(connection.OpenRecordset(rows, Query, SourceType::Text, names));
+    ASSERT_EQ(3, rows->get_RecordCount());
+    for (const auto& row : expected) {
+        const std::vector<std::string> want = row.size() == 13 ? row : std::vector<std::string>(13, "null");
+        for (std::size_t i = 0; i < 13; ++i)
+            EXPECT_EQ(want[i], Show(*rows, names[i].c_str())) << names[i];
+        rows->MoveNext();
+    }
+    EXPECT_TRUE(rows->get_EOF());
+    EXPECT_EQ("800A0BCD", Show(*rows, "nPol"));
+    EXPECT_NE("nothing", Raised([&] { rows->MoveNext(); }));
+}
+
+TEST_F(WakConnection, ReadsOnlyTheColumnsAskedForInAnyCase) {
+    server.products.columns = {{"NPOL", "int"}, {"IdeMJ", "nvarchar"}};
+    server.products.rows = {{"1", "ks"}, {"2", "ks"}};
+    server.Start();
+    ASSERT_TRUE(Connect());
+    SqlServerRowsPtr rows;
+    ASSERT_TRUE(connection.OpenRecordset(rows, Query, SourceType::Text, {"nPol", "missing"}));
+    EXPECT_EQ("i 1", Show(*rows, "npol"));
+    EXPECT_EQ("800A0CC1", Show(*rows, "IdeMJ"));
+    EXPECT_EQ("800A0CC1", Show(*rows, "missing"));
+    const CSqlServerRows* object = rows.get();
+    server.products.rows.clear();
+    ASSERT_TRUE(connection.OpenRecordset(rows, Query, SourceType::Text, {"IdeMJ"}));
+    EXPECT_EQ(object, rows.get());
+    EXPECT_TRUE(rows->get_EOF());
+}
+
+TEST_F(WakConnection, CallsTheRoutineAsAStatement) {
+    server.documents.columns = {{"nPol", "int"}};
+    server.documents.rows = {{"1"}, {"2"}};
+    server.Start();
+    ASSERT_TRUE(Connect());
+    server.TakeStatements();
+    SqlServerRowsPtr rows;
+    ASSERT_TRUE(
+        connection.OpenRecordset(rows, "DoklSkl_Pre('20231001', '20231231')", SourceType::StoredProcedure, {"nPol"}));
+    EXPECT_EQ(std::vector<std::string>{"EXEC DoklSkl_Pre '20231001', '20231231'"}, server.TakeStatements());
+    EXPECT_EQ(2, rows->get_RecordCount());
+}
+
+TEST_F(WakConnection, KeepsAliveEveryThousandRows) {
+    server.products.columns = {{"nPol", "int"}};
+    server.products.rows.assign(2500, {"1"});
+    server.Start();
+    ASSERT_TRUE(Connect());
+    SqlServerRowsPtr rows;
+    int calls = 0;
+    ASSERT_TRUE(connection.OpenRecordset(rows, Query, SourceType::Text, {"nPol"}, [&] { ++calls; }));
+    EXPECT_EQ(2, calls);
+    struct Stop {};
+    EXPECT_THROW(connection.OpenRecordset(rows, Query, SourceType::Text, {"nPol"}, [] { throw Stop(); }), Stop);
+    EXPECT_FALSE(rows->get_State());
+    // The answer that was given up does not stand in the way of the next one.
+    ASSERT_TRUE(connection.OpenRecordset(rows, Query, SourceType::Text, {"nPol"}));
+    EXPECT_EQ(2500, rows->get_RecordCount());
+}
+
+TEST_F(WakConnection, RaisesWhatTheServerSays) {
+    using Fault = TdsTable::Fault;
+    const struct {
+        Fault fault;
+        std::size_t after;
+        int number;
+        const char* text;
+        const char* raised;
+    } cases[] = {
+        {Fault::Error, 0, 208, "Invalid object name 'pol_mj'.", "80040E37 Invalid object name 'pol_mj'."},
+        {Fault::Error, 0, 229, "The SELECT permission was denied.", "80040E09 The SELECT permission was denied."},
+        {Fault::Error, 0, 1222, "Lock request time out period exceeded.",
+         "80040E31 Lock request time out period exceeded."},
+        {Fault::Error, 3, 1222, "Lock request time out period exceeded.",
+         "80040E31 Lock request time out period exceeded."},
+        {Fault::Error, 5, 50000, "Chyba až za řádky: ěščř", "80040E14 Chyba až za řádky: ěščř"},
+    };
+    server.products.columns = {{"nPol", "int"}, {"NazPol", "varchar"}};
+    server.products.rows.assign(5, {"1", "víko"});
+    server.Start();
+    ASSERT_TRUE(Connect());
+    SqlServerRowsPtr rows;
+    for (const auto& c : cases) {
+        server.products.fault = c.fault;
+        server.products.faultAfter = c.after;
+        server.products.errorNumber = c.number;
+        server.products.errorText = c.text;
+        EXPECT_EQ(c.raised, Raised([&] {
+                      connection.OpenRecordset(rows, Query, SourceType::Text, {"nPol", "NazPol"});
+                  }));
+        EXPECT_TRUE(!rows || !rows->get_State());
+    }
+    EXPECT_EQ("80040E14 Incorrect syntax near 'DELETE'.", Raised([&] { connection.Execute("DELETE"); }));
+}
+
+TEST_F(WakConnection, RaisesWhenTheLineDrops) {
+    server.products.columns = {{"nPol", "int"}, {"NazPol", "varchar"}};
+    server.products.rows.assign(3000, {"1", "víko"});
+    server.products.fault = TdsTable::Fault::Drop;
+    server.Start();
+    SqlServerRowsPtr rows;
+    for (const std::size_t after : {0, 1, 2999}) {
+        server.products.faultAfter = after;
+        ASSERT_TRUE(Connect());
+        EXPECT_EQ("80004005", Raised([&] {
+                                  connection.OpenRecordset(rows, Query, SourceType::Text, {"nPol", "NazPol"});
+                              }).substr(0, 8))
+            << after;
+        EXPECT_FALSE(rows->get_State());
+        EXPECT_NE("nothing", Raised([&] { connection.Execute("SET LOCK_TIMEOUT 1000"); }));
+    }
+}
+
+TEST_F(WakConnection, SaysWhyItCannotBeOpened) {
+    server.database = "účetnictví";
+    server.user = "jiří";
+    server.password = "tajné;}heslo";
+    server.Start();
+    const struct {
+        const char* database;
+        const char* user;
+        const char* password;
+        const char* reason;
+    } cases[] = {
+        {"účetnictví", "jiří", "tajné", "0x80040E4D. Login failed for user 'jiří'."},
+        {"účetnictví", "sa", "tajné;}heslo", "0x80040E4D. Login failed for user 'sa'."},
+        {"jiná", "jiří", "tajné;}heslo",
+         "0x80040E14. Cannot open database \"jiná\" requested by the login. The login failed."},
+        {"účetnictví", "jiří", "tajné};UID=sa",
+         "0x80004005. Ovladač neumí předat přihlašovací údaje, ve kterých stojí „};“."},
+        {"účetnictví", "jiří", "tajné\"heslo",
+         "0x80040E73. Formát inicializačního řetězce neodpovídá specifikaci OLE DB."},
+    };
+    for (const auto& c : cases) {
+        messages.Expect(QString("Nemohu otevřít databázi '%1' na serveru '%2'\n\nChyba č.%3")
+                            .arg(c.database, server.Name(), c.reason),
+                        Message::Icon::Error);
+        EXPECT_FALSE(connection.Connect(server.Name(), c.database, c.user, c.password, false));
+        EXPECT_FALSE(connection.IsOpen());
+    }
+    EXPECT_TRUE(connection.Connect(server.Name(), "účetnictví", "jiří", "tajné;}heslo", false));
+}
+
+TEST_F(WakConnection, PasswordsArriveAsTheyWereEntered) {
+    server.Start();
+    for (const char* password : {"", " ", "a;DSN=x", "}", "{a}", "{", "a;}b", " {b", "a'b", "100%s", "ěščřžýáíé"}) {
+        server.password = password;
+        EXPECT_TRUE(connection.Connect(server.Name(), "wak", "sa", password, false)) << password;
+    }
+    server.password = "a\"b";
+    EXPECT_TRUE(connection.Connect(server.Name(), "wak", "sa", "a\"\"b", false));
+}
+
+TEST_F(WakConnection, FailsInBoundedTimeAndWithoutThePassword) {
+    server.silent = true;
+    server.Start();
+    int port = 0;
+    {
+        const TdsServer closed;
+        port = closed.Port();
+    }
+    const struct {
+        QString server;
+        bool windows;
+        const char* reason;
+    } cases[] = {
+        {server.Name(), false, ""},
+        {QString("127.0.0.1,%1").arg(port), false, ""},
+        {"127.0.0.1,x", false, "Neplatný port serveru."},
+        {QString("127.0.0.1,%1").arg(port), true, "Kerberos"},
+        {"no-such-host.invalid", false, ""},
+    };
+    CSqlServerConnection hasty({1, QStringLiteral("FreeTDS")});
+    messages.AcceptAny();
+    for (const auto& c : cases) {
+        const auto start = std::chrono::steady_clock::now();
+        EXPECT_FALSE(hasty.Connect(c.server, "wak", "sa", "TajneHeslo", c.windows));
+        EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(8)) << c.server.toStdString();
+        const QString text = messages.Shown().back().text;
+        EXPECT_TRUE(
+            text.startsWith(QString("Nemohu otevřít databázi 'wak' na serveru '%1'\n\nChyba č.0x8").arg(c.server)))
+            << text.toStdString();
+        EXPECT_TRUE(text.contains(c.reason)) << text.toStdString();
+        EXPECT_FALSE(text.contains("TajneHeslo"));
+    }
+    EXPECT_EQ(std::size(cases), messages.Shown().size());
+}
+
+TEST_F(WakConnection, FindsAnInstanceThroughTheBrowser) {
+    // An address of this test's own, since the browser's port is fixed.
+    TdsServer instance("127.0.77.1");
+    instance.Browse("WAK");
+    instance.Start();
+    EXPECT_TRUE(connection.Connect("127.0.77.1\\wak", "wak", "sa", "heslo", false));
+    EXPECT_EQ(2U, instance.TakeStatements().size());
+}
+
+TEST_F(WakConnection, RaisesWhenThereIsNothingToSpeakThrough) {
+    CSqlServerConnection missing({1, QStringLiteral("no such driver")});
+    EXPECT_EQ("80004003", Raised([&] { missing.Connect("s", "d", "u", "TajneHeslo", false); }).substr(0, 8));
+    SqlServerRowsPtr rows;
+    EXPECT_EQ("800A0E78", Raised([&] { connection.Execute("SET LOCK_TIMEOUT 1000"); }).substr(0, 8));
+    EXPECT_EQ("800A0E78",
+              Raised([&] { connection.OpenRecordset(rows, Query, SourceType::Text, {"nPol"}); }).substr(0, 8));
+    server.refused = "SET TRANSACTION ISOLATION LEVEL READ UNCOMMITTED";
+    server.Start();
+    EXPECT_EQ("80040E14", Raised([&] { Connect(); }).substr(0, 8));
+}
+
+TEST_F(WakConnection, FindsTheDriverThatIsNotRegistered) {
+    const QTemporaryDir empty;
+    qputenv("ODBCSYSINI", empty.path().toLocal8Bit());
+    server.Start();
+    EXPECT_TRUE(Connect());
+    qunsetenv("ODBCSYSINI");
+}
+
+TEST_F(WakConnection, OpensAnewAndCloses) {
+    server.Start();
+    EXPECT_TRUE(Connect());
+    EXPECT_TRUE(Connect()); // one line at a time: the first must have been given up
+    connection.Close();
+    EXPECT_FALSE(connection.IsOpen());
+    connection.Close();
+}

@@ -1,0 +1,148 @@
+#include "import/WakPassword.h"
+#include "import/WakOptions.h"
+#include "store/AppDir.h"
+#include "store/Profile.h"
+#include "tests/support/ProgramFolder.h"
+
+#include <gtest/gtest.h>
+
+TEST(WakPassword, IsHiddenAndComesBack) {
+    const struct {
+        QString password;
+        QString stored;
+        QString back;
+    } cases[] = {
+        {"", "", ""},
+        // 'A' is 41; its halves swapped 14; with the key's 5A it is 4E, the low half of the first number.
+        {"A", "134EE2C79B08F14420 6D3EB807915FCCA972841D", "A"},
+        {"heslo", "45DC24F09BFEF14420 6D3EB807915FCCA972841D", "heslo"},
+        {"ž\"};' ě", "", "ž\"};' ě"},
+        {"12345678901234567890ABCDE", "", "12345678901234567890"},
+        {"α", "", "?"},
+    };
+    for (const auto& c : cases) {
+        const QString stored = ScrambleWakPassword(c.password);
+        if (!c.stored.isEmpty() || c.password.isEmpty()) {
+            EXPECT_EQ(QString(c.stored).remove(u' '), stored) << c.password.toStdString();
+        } else {
+            EXPECT_EQ(40, stored.size());
+        }
+        EXPECT_EQ(c.back, UnscrambleWakPassword(stored)) << c.password.toStdString();
+        EXPECT_EQ(c.back, UnscrambleWakPassword(stored.toLower())) << c.password.toStdString();
+    }
+}
+
+TEST(WakPassword, AValueOfAnotherFormIsNoPassword) {
+    const QString good = ScrambleWakPassword("heslo");
+    for (const QString& bad : {good.left(39), good + "0", good.left(39) + "G", good.left(36) + " +12",
+                               good.left(36) + "-001", good.left(39) + "١", QString("heslo")})
+        EXPECT_EQ(QString(), UnscrambleWakPassword(bad)) << bad.toStdString();
+}
+
+TEST(WakOptions, ComeBackFromTheSettingsWithThePasswordHidden) {
+    const ProgramFolder folder;
+    WakOptions options;
+    options.Read();
+    EXPECT_EQ("(local)", options.server);
+    EXPECT_EQ("sa", options.user);
+    EXPECT_EQ("", options.database + options.password);
+    EXPECT_FALSE(options.windows);
+
+    options.server = "10.0.0.1\\WAK";
+    options.database = "Účetnictví";
+    options.windows = true;
+    options.user = "";
+    options.password = "tajné heslo";
+    options.products = false;
+    ASSERT_TRUE(options.Write());
+    EXPECT_EQ(-1, FileBytes(SettingsPath()).indexOf("heslo "));
+    EXPECT_FALSE(FileBytes(SettingsPath()).contains("tajn"));
+    WakOptions again;
+    again.Read();
+    EXPECT_EQ("10.0.0.1\\WAK|Účetnictví||tajné heslo",
+              again.server + "|" + again.database + "|" + again.user + "|" + again.password);
+    EXPECT_TRUE(again.windows);
+    EXPECT_FALSE(again.products);
+    EXPECT_TRUE(again.documents);
+}
+
+TEST(WakOptions, TheRangeIsThePreviousQuarter) {
+    const struct {
+        DateTime today;
+        const char* from;
+        const char* to;
+    } cases[] = {
+        {DateTime::FromDay(2024, 2, 15, 8), "2023-10-01 00:00:00", "2023-12-31 23:59:59"},
+        {DateTime::FromDay(2024, 4, 1), "2024-01-01 00:00:00", "2024-03-31 23:59:59"},
+        {DateTime::FromDay(2024, 9, 30, 23, 59, 59), "2024-04-01 00:00:00", "2024-06-30 23:59:59"},
+        {DateTime::FromDay(2024, 12, 31), "2024-07-01 00:00:00", "2024-09-30 23:59:59"},
+    };
+    for (const auto& c : cases) {
+        const WakDateRange range = WakDateRange::PreviousQuarter(c.today);
+        EXPECT_EQ(c.from, range.from.Stored());
+        EXPECT_EQ(c.to, range.to.Stored());
+    }
+}
+
+TEST(WakOptions, TheConnectionPageIsCheckedFieldByField) {
+    using Field = WakComplaint::Field;
+    const struct {
+        const char* server;
+        const char* database;
+        const char* user;
+        bool windows;
+        const char* text;
+        Field field;
+    } cases[] = {
+        {" \t", "", "", false, "Zadejte server!", Field::Server},
+        {" s ", "  ", "", true, "Zadejte databázi!", Field::Database},
+        {" s ", " d ", "  ", false, "Zadejte uživatele!", Field::User},
+        {" s ", " d ", "", true, nullptr, {}},
+        {" s ", " d ", " u ", false, nullptr, {}},
+    };
+    for (const auto& c : cases) {
+        WakOptions options;
+        options.server = c.server;
+        options.database = c.database;
+        options.user = c.user;
+        options.password = " p ";
+        options.windows = c.windows;
+        const auto complaint = CheckWakConnection(options);
+        ASSERT_EQ(c.text != nullptr, complaint.has_value()) << c.server << c.database;
+        if (complaint) {
+            EXPECT_EQ(c.text, complaint->text);
+            EXPECT_EQ(c.field, complaint->field);
+        } else {
+            EXPECT_EQ("s|d| p ", options.server + "|" + options.database + "|" + options.password);
+            EXPECT_EQ(c.windows ? "" : "u", options.user);
+        }
+    }
+}
+
+TEST(WakOptions, TheParameterPageIsChecked) {
+    const DateTime morning = DateTime::FromDay(2024, 3, 31, 8);
+    const DateTime evening = DateTime::FromDay(2024, 3, 31, 20);
+    const struct {
+        bool products;
+        bool documents;
+        WakDateRange range;
+        const char* text;
+    } cases[] = {
+        {false, false, {morning, evening}, "Není vybrán import produktů ani dokladů!"},
+        {true, false, {evening.AddDays(9), morning}, nullptr},
+        {true, true, {evening.AddDays(1), morning}, "Datum od nesmí být větší než datum do!"},
+        {false, true, {evening, morning}, nullptr},
+    };
+    for (const auto& c : cases) {
+        ImportOptions options;
+        options.products = c.products;
+        options.documents = c.documents;
+        WakDateRange range = c.range;
+        EXPECT_EQ(c.text ? std::optional<QString>(c.text) : std::nullopt, CheckWakParameters(options, range));
+    }
+    ImportOptions options;
+    WakDateRange range{evening, morning};
+    CheckWakParameters(options, range);
+    EXPECT_EQ("2024-03-31 00:00:00", range.from.Stored());
+    EXPECT_EQ("2024-03-31 23:59:59", range.to.Stored());
+}
