@@ -128,6 +128,28 @@ TEST_P(Looks, NoDialogCutsItsTextsOff) {
     }
 }
 
+TEST_P(Looks, EveryRegisterFitsIntoTheSmallestMainWindow) {
+    SetUpDesktop();
+    const WithLook look(GetParam());
+    FreshSettings settings;
+    StoreFolder f;
+    f.Sql("INSERT INTO Cover(cover_name, cover_weight) VALUES ('Krabice', 2200)");
+    CKuvelDoc document(f.store);
+    CMainFrame frame(document);
+    frame.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&frame));
+    for (const RegisterEntry& entry : Registers()) {
+        frame.RunCommand(entry.show);
+        frame.resize(600, 400);
+        QTest::qWait(1);
+        const QString name = QStringLiteral("main-%1-%2").arg(static_cast<int>(entry.show)).arg(GetParam().name);
+        Keep(frame, name);
+        if (GetParam().fontPercent == 100) {
+            EXPECT_EQ(QSize(600, 400), frame.size()) << name.toStdString();
+        }
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(Palettes, Looks,
                          testing::Values(Look{"light", false, 100}, Look{"dark", true, 100}, Look{"large", false, 200}),
                          [](const auto& look) { return std::string(look.param.name); });
