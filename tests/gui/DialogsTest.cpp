@@ -163,10 +163,10 @@ TEST(AboutDlg, NamesItsVersionAndItsLinksOpenByKey) {
     EXPECT_EQ("O aplikaci Kuvel", dialog.windowTitle().toStdString());
     const QString version = Find<QLabel>(dialog, "versionLabel").text();
     EXPECT_EQ("Kuvel, verze " KUVEL_VERSION "  (rel. Jul  2 2012)", version.toStdString());
-    for (const char* const name : {"mailLabel", "webLabel"}) {
-        auto& label = Find<QLabel>(dialog, name);
-        label.setFocus(Qt::TabFocusReason);
-        QTest::keyClick(&label, Qt::Key_Return);
+    for (const char* const name : {"mailButton", "webButton"}) {
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Tab);
+        EXPECT_EQ(name, dialog.focusWidget()->objectName().toStdString());
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Space);
     }
     ASSERT_EQ(2, links.taken.size());
     EXPECT_EQ("mailto", links.taken[0].scheme().toStdString());
@@ -202,6 +202,8 @@ TEST(MessageBoxDoor, SpeaksCzechAndAnswersNoWhenClosed) {
             EXPECT_EQ("Ne", label(box, "noButton"));
             EXPECT_EQ(Qt::PlainText, static_cast<QMessageBox&>(box).textFormat());
             QTest::keyClick(&box, row.key, row.key < 0x100 ? Qt::AltModifier : Qt::NoModifier);
+            // A mnemonic shows its button pressed for a moment.
+            EXPECT_TRUE(QTest::qWaitFor([&] { return !box.isVisible(); }, 2000));
         });
         EXPECT_EQ(row.answer, door.Show(question)) << row.key;
     }
