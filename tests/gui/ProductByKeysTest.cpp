@@ -22,6 +22,8 @@ protected:
     }
     /// To whatever has the focus.
     static void Press(QWidget& window, Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        // Shortcuts reach only the active window, which it becomes a little after a dialog closed.
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
         QWidget* control = window.focusWidget();
         QTest::keyClick(control != nullptr ? control : &window, key, modifiers);
     }
