@@ -1,8 +1,9 @@
 #include "app/RegisterTable.h"
 
-#include "app/EmptyView.h"
 #include "registers/ViewCompCover.h"
 #include "registers/ViewCover.h"
+#include "registers/ViewMove.h"
+#include "registers/ViewProd.h"
 
 namespace {
 
@@ -14,8 +15,8 @@ CRegisterView* Create(CDataStore& store, IBroadcaster& broadcaster, QWidget* par
 constexpr RegisterEntry Table[] = {
     {Command::ID_SHOW_COVERS, Create<CViewCover>},
     {Command::ID_SHOW_COMPOSITES, Create<CViewCompCover>},
-    {Command::ID_SHOW_PRODUCTS, Create<CEmptyView>},
-    {Command::ID_SHOW_ISSUES, Create<CEmptyView>},
+    {Command::ID_SHOW_PRODUCTS, Create<CViewProd>},
+    {Command::ID_SHOW_ISSUES, Create<CViewMove>},
 };
 
 } // namespace

@@ -18,18 +18,23 @@ namespace {
 enum ExitCode { Done = 0, NotDone = 1, WrongUsage = 2 };
 
 using AddCommand = void (*)(CLI::App&, Action&);
-constexpr AddCommand Commands[] = {AddInit, AddDemo, AddRecompute, AddFigures, AddImport, AddCheck};
+constexpr AddCommand Commands[] = {AddInit,   AddDemo,   AddRecompute, AddFigures, AddReport,
+                                   AddImport, AddBackup, AddRestore,   AddCheck};
 
-std::string CommandNames(const CLI::App& app) {
+std::string CommandNames(const CLI::App& app, const char* separator) {
     std::string names;
     for (const CLI::App* command : app.get_subcommands([](const CLI::App*) { return true; }))
-        names += (names.empty() ? "" : ", ") + command->get_name();
+        names += (names.empty() ? "" : separator) + command->get_name();
     return names;
 }
 
 /// "kuvelctl figures YEAR QUARTER [--format csv|json]".
 std::string Usage(const CLI::App& command) {
-    std::string usage = "kuvelctl " + command.get_name();
+    std::string usage = command.get_name();
+    for (const CLI::App* above = command.get_parent(); above != nullptr; above = above->get_parent())
+        usage = (above->get_parent() == nullptr ? "kuvelctl" : above->get_name()) + " " + usage;
+    if (const std::string names = CommandNames(command, "|"); !names.empty())
+        usage += " " + names;
     for (const CLI::Option* option : command.get_options()) {
         if (option == command.get_help_ptr())
             continue;
@@ -44,20 +49,18 @@ std::string Usage(const CLI::App& command) {
 /// One line: what is wrong, and what is allowed.
 std::string UsageError(const CLI::App& app, const CLI::ParseError& error) {
     const std::vector<std::string> unknown = app.remaining(true);
-    const std::vector<CLI::App*> chosen = app.get_subcommands();
+    const CLI::App* chosen = &app;
+    while (!chosen->get_subcommands().empty())
+        chosen = chosen->get_subcommands().front();
+    const bool mustChoose = !CommandNames(*chosen, "").empty();
     std::string wrong = error.what();
-    if (!unknown.empty() && (chosen.empty() || error.get_name() == "ExtrasError")) {
-        const bool isOption = unknown.front().starts_with('-');
-        wrong = std::string(isOption         ? "unknown option '"
-                            : chosen.empty() ? "unknown command '"
-                                             : "what is '") +
-                unknown.front() + (isOption || chosen.empty() ? "'" : "'?");
-    } else if (chosen.empty() && error.get_name() == "RequiredError") {
+    if (mustChoose && !unknown.empty())
+        wrong = (unknown.front().starts_with('-') ? "unknown option '" : "unknown command '") + unknown.front() + "'";
+    else if (mustChoose && error.get_name() == "RequiredError")
         wrong = "a command is missing";
-    }
     return "kuvelctl: " + wrong +
-           (chosen.empty() ? "; allowed: [--home DIR] and one of " + CommandNames(app)
-                           : "; usage: " + Usage(*chosen.front()) + " [--home DIR]");
+           (chosen != &app ? "; usage: " + Usage(*chosen) + " [--home DIR]"
+                           : "; allowed: [--home DIR] and one of " + CommandNames(app, ", "));
 }
 
 void Define(CLI::App& app, std::string& home, Action& action) {
@@ -76,16 +79,19 @@ bool Run(const Action& action, CTerminal& terminal) {
     try {
         const bool done = action(terminal);
         FlushOutput();
-        return done && terminal.ErrorCount() == 0;
+        if (done || !terminal.WasInterrupted())
+            return done && terminal.ErrorCount() == 0;
     } catch (const ComError& error) {
         ShowComError(error);
     } catch (const Failure& failure) {
         ShowMessage(QStringLiteral("kuvelctl: ") + QString::fromUtf8(failure.what()));
     } catch (const Interrupted&) {
-        ShowMessage(QStringLiteral("kuvelctl: interrupted"));
+        // Said below.
     } catch (const std::bad_alloc&) {
         ShowMessage(QStringLiteral("kuvelctl: out of memory"));
     }
+    if (terminal.WasInterrupted())
+        ShowMessage(QStringLiteral("kuvelctl: interrupted"));
     return false;
 }
 

@@ -59,7 +59,7 @@ bool Demo(CTerminal& terminal) {
     if (built.isEmpty() || terminal.ErrorCount() > 0)
         return false;
     if (interrupts.Noted())
-        throw Interrupted();
+        terminal.Interrupt();
     WriteMissingCompany();
     const QString database = g_strAppDir + QStringLiteral("Kuvel.mdb");
     PlaceFile(built, database);

@@ -41,4 +41,5 @@ void AddImport(CLI::App& app, Action& action) {
     CLI::App* import = app.add_subcommand("import", "Takes over products and issue documents from another system");
     import->require_subcommand(1);
     AddImportMoney(*import, action);
+    AddImportWak(*import, action);
 }

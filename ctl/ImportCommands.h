@@ -26,3 +26,4 @@ bool RunImportHere(const ImportCommand& command);
 
 /// Each adds one command to `import`.
 void AddImportMoney(CLI::App& import, Action& action);
+void AddImportWak(CLI::App& import, Action& action);

@@ -1,8 +1,11 @@
 #include "ctl/Interrupts.h"
 
 static volatile std::sig_atomic_t s_noted = 0;
+static int s_depth = 0;
 
 CInterrupts::CInterrupts() {
+    if (s_depth++ > 0)
+        return;
     s_noted = 0;
     struct sigaction action = {};
     action.sa_handler = [](int) { s_noted = 1; };
@@ -16,6 +19,8 @@ CInterrupts::CInterrupts() {
 }
 
 CInterrupts::~CInterrupts() {
+    if (--s_depth > 0)
+        return;
     for (int i = 0; i < 3; ++i)
         sigaction(Signals[i], &m_before[i], nullptr);
 }

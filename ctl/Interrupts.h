@@ -3,6 +3,7 @@
 #include <csignal>
 
 /// While it lives, the first Ctrl-C, hang-up or polite end from outside is only noted; a second one ends the program.
+/// One inside another leaves all to the outer one.
 class CInterrupts {
 public:
     CInterrupts();
@@ -14,5 +15,5 @@ public:
 
 private:
     static constexpr int Signals[] = {SIGINT, SIGTERM, SIGHUP};
-    struct sigaction m_before[3];
+    struct sigaction m_before[3] = {};
 };

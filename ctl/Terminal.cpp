@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr int BarWidth = 30;
+constexpr int BarWidth = 20;
 constexpr int DefaultColumns = 80;
 
 class TerminalWindow : public IProgress {
@@ -48,7 +48,7 @@ public:
 private:
     void BreakOff() const {
         if (!m_hasCancel && m_interrupts.Noted())
-            throw Interrupted();
+            m_terminal.Interrupt();
     }
 
     void Draw() {
@@ -93,6 +93,11 @@ Message::Answer CTerminal::Show(const Message& message) {
 
 std::unique_ptr<IProgress> CTerminal::Open(const QString& title, bool showCancel) {
     return std::make_unique<TerminalWindow>(*this, title, showCancel);
+}
+
+void CTerminal::Interrupt() {
+    m_interrupted = true;
+    throw Interrupted();
 }
 
 void CTerminal::ShowBar(const QString& line) {

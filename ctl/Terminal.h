@@ -25,6 +25,10 @@ public:
 
     /// How many messages were errors.
     int ErrorCount() const { return m_errors; }
+    /// Also when whoever was interrupted took Interrupted for its own cue and ended quietly.
+    bool WasInterrupted() const { return m_interrupted; }
+    /// Raises Interrupted.
+    [[noreturn]] void Interrupt();
 
     /// Replaces the bar by this line; nothing when there is no terminal.
     void ShowBar(const QString& line);
@@ -35,6 +39,7 @@ private:
     bool m_isTerminal;
     bool m_barShown = false;
     int m_errors = 0;
+    bool m_interrupted = false;
 };
 
 /// A line of the result, to standard output.

@@ -19,7 +19,7 @@ struct Diagnostic {
     int native = 0;
     QString text;
 
-    /// The result code that the documented provider gives for it.
+    /// The result code that the provider on Windows gives for it.
     std::uint32_t Code() const;
 };
 Diagnostic DiagnosticOf(SQLSMALLINT type, SQLHANDLE handle);

@@ -4,7 +4,6 @@
 #include "registers/HelpDoor.h"
 #include "registers/Refuse.h"
 #include "store/DataStore.h"
-#include "store/SqlText.h"
 #include "ui_CoverDlg.h"
 
 namespace {
@@ -69,14 +68,6 @@ void CCoverDlg::OnStatChosen() {
     default:
         break;
     }
-}
-
-bool CCoverDlg::IsShortEnough(QLineEdit& edit, int most) {
-    if (edit.text().size() <= most)
-        return true;
-    Refuse(edit, MessageText("Zadejte nejvýše %i znaků.", most));
-    edit.selectAll();
-    return false;
 }
 
 bool CCoverDlg::TakeValues() {

@@ -7,7 +7,6 @@
 #include <memory>
 
 class CDataStore;
-class QLineEdit;
 namespace Ui {
 class CoverDlg;
 }
@@ -32,7 +31,6 @@ private:
     void OnMaterialChosen();
     void OnStatChosen();
     bool TakeValues();
-    static bool IsShortEnough(QLineEdit& edit, int most);
 
     std::unique_ptr<Ui::CoverDlg> m_ui;
     CoverValues m_values;

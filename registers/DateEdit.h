@@ -15,6 +15,10 @@ public:
     void SetValue(const DateTime& date);
     DateTime Value() const;
 
+protected:
+    /// Tab leaves the picker at once; the arrows walk through day, month and year.
+    bool focusNextPrevChild(bool next) override { return QWidget::focusNextPrevChild(next); }
+
 private:
     DateTime m_date;
 };

@@ -44,4 +44,6 @@ struct ListSpec {
     /// Grid lines, and columns that can be dragged to another place.
     bool grid = true;
     Fallback fallback = Fallback::First;
+    /// Whether a fill that asks for no id selects again what was selected before it.
+    bool keepsSelection = true;
 };

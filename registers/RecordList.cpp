@@ -98,7 +98,7 @@ bool RecordList::FillKeeping(const std::string& sql, std::int32_t id) {
     m_filling = true;
     const bool filled = Guarded([&] {
         if (id == KeepSelection)
-            id = SelectedId();
+            id = m_spec.keepsSelection ? SelectedId() : NoId;
         m_model->Clear();
         m_store.OpenRecordset(m_records, OrderedSql(sql), CursorType::Keyset, LockType::Optimistic, CommandType::Text);
         m_model->Show(m_records);
@@ -114,7 +114,7 @@ bool RecordList::Fill(const std::string& sql, std::int32_t id) {
     m_filling = true;
     const bool filled = Guarded([&] {
         if (id == KeepSelection)
-            id = SelectedId();
+            id = m_spec.keepsSelection ? SelectedId() : NoId;
         m_model->Clear();
         if (!sql.empty())
             m_model->Take(*m_store.Query(OrderedSql(sql)));
@@ -241,6 +241,9 @@ void RecordList::contextMenuEvent(QContextMenuEvent* event) {
 
 /// Home and End go to the first and last row, as in any list; the columns are no cells to walk through.
 QModelIndex RecordList::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
+    // Taking the focus looks for the next cell: a row made current there, but not selected, would be skipped by Down.
+    if (action == MoveNext && !currentIndex().isValid())
+        return {};
     const int column = std::max(0, currentIndex().column());
     if (action == MoveHome && RowCount() > 0)
         return m_model->index(0, column);

@@ -11,7 +11,7 @@ class RecordList : public QTableView {
     Q_OBJECT
 
 public:
-    /// For a fill: keep the id that is selected now.
+    /// For a fill: keep the id that is selected now, in a list that keeps its selection.
     static constexpr std::int32_t KeepSelection = -1;
     /// For a fill: no id, the list's fallback row is selected.
     static constexpr std::int32_t NoId = 0;

@@ -49,12 +49,17 @@ static void run(sqlite3* db, sqlite3_stmt* s) {
     sqlite3_reset(s);
 }
 
-long plain_recompute(sqlite3* db) {
+/* Of one product, or with 0 of all. */
+static long recompute(sqlite3* db, int64_t product) {
     sqlite3_stmt* begin = plain_prepare(db, "BEGIN IMMEDIATE");
     sqlite3_stmt* commit = plain_prepare(db, "COMMIT");
-    sqlite3_stmt* lines =
-        plain_prepare(db, "SELECT mvprod_id, Move_Prod.move_id, prod_id, mvprod_qty, move_date FROM Move_Prod "
-                          "JOIN Move ON Move.move_id = Move_Prod.move_id");
+    sqlite3_stmt* lines = plain_prepare(
+        db, product == 0 ? "SELECT mvprod_id, Move_Prod.move_id, prod_id, mvprod_qty, move_date FROM Move_Prod JOIN "
+                           "Move ON Move.move_id = Move_Prod.move_id"
+                         : "SELECT mvprod_id, Move_Prod.move_id, prod_id, mvprod_qty, move_date FROM Move_Prod JOIN "
+                           "Move ON Move.move_id = Move_Prod.move_id WHERE prod_id = ?");
+    if (product != 0)
+        sqlite3_bind_int64(lines, 1, product);
     sqlite3_stmt* delete_old = plain_prepare(db, "DELETE FROM Move_Cover WHERE mvprod_id = ?");
     sqlite3_stmt* dates =
         plain_prepare(db, "SELECT dt_id, dt_from FROM Prod_CoverDT WHERE prod_id = ? ORDER BY dt_from");
@@ -127,6 +132,19 @@ long plain_recompute(sqlite3* db) {
     for (size_t i = 0; i < sizeof done / sizeof *done; ++i)
         sqlite3_finalize(done[i]);
     return (long)count;
+}
+
+long plain_recompute(sqlite3* db) {
+    return recompute(db, 0);
+}
+
+long plain_change_packaging(sqlite3* db, long row, long product, long pieces) {
+    sqlite3_stmt* change = plain_prepare(db, "UPDATE Prod_Cover SET cp_qtycover = ? WHERE cp_id = ?");
+    sqlite3_bind_int64(change, 1, pieces);
+    sqlite3_bind_int64(change, 2, row);
+    run(db, change);
+    sqlite3_finalize(change);
+    return recompute(db, product);
 }
 
 void plain_repeat(sqlite3* db, long count) {

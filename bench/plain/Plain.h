@@ -16,6 +16,9 @@ void plain_exec(sqlite3* db, const char* sql);
 
 /* Deletes and computes anew the packaging of every issue line; answers the number of lines. */
 long plain_recompute(sqlite3* db);
+/* Sets the pieces (in ten-thousandths) of one packaging row and computes the product's issue lines anew; answers the
+   number of lines. */
+long plain_change_packaging(sqlite3* db, long row, long product, long pieces);
 /* Deletes the packaging of line numbers that are not there, one after the other. */
 void plain_repeat(sqlite3* db, long count);
 /* The keys of all issues in the Czech order of their numbers, then the first 50 rows. Answers the number of keys. */

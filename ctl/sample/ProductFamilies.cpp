@@ -136,7 +136,7 @@ const std::vector<ProductFamily>& ProductFamilies() {
          "kg",
          25,
          {},
-         {{PotatoNet, 25}, {PlainPallet, 1000}}},
+         {{PotatoNet, 25}, {JuteSack, 50, One, 500, 1000000}, {PlainPallet, 1000}}},
         {"POT", "Smetana čerstvá", {"12 %", "20 %", "33 %", "kysaná"}, "v konvi", "kg", 25, {}, {{MilkCan, 25}}},
         {"DRO", "Šampon", {"kopřiva", "heřmánek", "bříza", "med"}, "400 ml", "ks", 12, Key::Shampoo, {}},
         {"DRO",
