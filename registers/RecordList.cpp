@@ -16,6 +16,8 @@ namespace {
 constexpr int MeasuredRows = 200;
 constexpr int CellPadding = 12;
 constexpr int SortMarkWidth = 16;
+/// Longer lists are not searched by typing: letters that no row begins with would read all of them.
+constexpr int SearchedRows = 20000;
 
 /// Up for ascending, as the users' other programs draw it, whatever the style thinks.
 class SortHeader : public QHeaderView {
@@ -222,6 +224,11 @@ void RecordList::StretchLastColumn() {
     for (int column = 0; column < last; ++column)
         others += columnWidth(column);
     setColumnWidth(last, std::max(m_lastColumnWidth, viewport()->width() - others));
+}
+
+void RecordList::keyboardSearch(const QString& search) {
+    if (RowCount() <= SearchedRows)
+        QTableView::keyboardSearch(search);
 }
 
 void RecordList::resizeEvent(QResizeEvent* event) {

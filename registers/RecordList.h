@@ -50,6 +50,8 @@ public:
     bool SortDescending() const { return m_descending; }
     /// Columns to fit contents and header; the last one takes what is left.
     void AutosizeColumns();
+    /// Typed letters look for a row, except in a list too long to be read for it.
+    void keyboardSearch(const QString& search) override;
 
 signals:
     /// The user changed the selection (a fill does not tell).
