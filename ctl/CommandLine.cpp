@@ -29,7 +29,13 @@ std::string CommandNames(const CLI::App& app) {
 
 /// "kuvelctl figures YEAR QUARTER [--format csv|json]".
 std::string Usage(const CLI::App& command) {
-    std::string usage = "kuvelctl " + command.get_name();
+    std::string usage = command.get_name();
+    for (const CLI::App* above = command.get_parent(); above != nullptr; above = above->get_parent())
+        usage = (above->get_parent() != nullptr ? above->get_name() : std::string("kuvelctl")) + " " + usage;
+    std::string commands;
+    for (const CLI::App* below : command.get_subcommands([](const CLI::App*) { return true; }))
+        commands += (commands.empty() ? " " : "|") + below->get_name();
+    usage += commands;
     for (const CLI::Option* option : command.get_options()) {
         if (option == command.get_help_ptr())
             continue;
@@ -39,6 +45,12 @@ std::string Usage(const CLI::App& command) {
         usage += option->get_required() ? " " + words : " [" + words + "]";
     }
     return usage;
+}
+
+/// "import money" is a command in a command.
+const CLI::App& Innermost(const CLI::App& chosen) {
+    const std::vector<CLI::App*> inner = chosen.get_subcommands();
+    return inner.empty() ? chosen : Innermost(*inner.front());
 }
 
 /// One line: what is wrong, and what is allowed.
@@ -52,7 +64,7 @@ std::string UsageError(const CLI::App& app, const CLI::ParseError& error) {
         wrong = "a command is missing";
     return "kuvelctl: " + wrong +
            (chosen.empty() ? "; allowed: [--home DIR] and one of " + CommandNames(app)
-                           : "; usage: " + Usage(*chosen.front()) + " [--home DIR]");
+                           : "; usage: " + Usage(Innermost(*chosen.front())) + " [--home DIR]");
 }
 
 void Define(CLI::App& app, std::string& home, Action& action) {
