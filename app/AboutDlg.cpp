@@ -16,8 +16,11 @@ constexpr int LongestAddress = 500;
 constexpr const char* MailAddress = "podpora@pelrond.example";
 constexpr const char* WebAddress = "https://www.pelrond.example/kuvel";
 
-QString Link(const char* address) {
-    return QStringLiteral("<a href=\"%1\">%1</a>").arg(QString::fromLatin1(address));
+void MakeLink(QPushButton& button, const char* address) {
+    button.setText(QString::fromLatin1(address));
+    QPalette palette = button.palette();
+    palette.setColor(QPalette::ButtonText, palette.color(QPalette::Link));
+    button.setPalette(palette);
 }
 
 } // namespace
@@ -26,12 +29,13 @@ CAboutDlg::CAboutDlg(QWidget* parent) : QDialog(parent), m_ui(std::make_unique<U
     m_ui->setupUi(this);
     m_ui->iconLabel->setPixmap(QIcon(QStringLiteral(":/icons/kuvel.svg")).pixmap(QSize(48, 48), devicePixelRatioF()));
     m_ui->versionLabel->setText(MessageText("Kuvel, verze %s  (rel. %s)", FormatVersion(), "Jul  2 2012"));
-    m_ui->mailLabel->setText(Link(MailAddress));
-    m_ui->webLabel->setText(Link(WebAddress));
-    connect(m_ui->mailLabel, &QLabel::linkActivated, this, &CAboutDlg::SendMail);
-    connect(m_ui->webLabel, &QLabel::linkActivated, this,
-            [](const QString& address) { QDesktopServices::openUrl(QUrl(address)); });
+    MakeLink(*m_ui->mailButton, MailAddress);
+    MakeLink(*m_ui->webButton, WebAddress);
+    connect(m_ui->mailButton, &QPushButton::clicked, this, &CAboutDlg::SendMail);
+    connect(m_ui->webButton, &QPushButton::clicked, this,
+            [this] { QDesktopServices::openUrl(QUrl(m_ui->webButton->text())); });
     connect(m_ui->okButton, &QPushButton::clicked, this, &QDialog::accept);
+    m_ui->okButton->setFocus();
 }
 
 CAboutDlg::~CAboutDlg() = default;
@@ -39,7 +43,7 @@ CAboutDlg::~CAboutDlg() = default;
 void CAboutDlg::SendMail() {
     QUrl mail;
     mail.setScheme(QStringLiteral("mailto"));
-    mail.setPath(QString::fromLatin1(MailAddress).left(LongestAddress));
+    mail.setPath(m_ui->mailButton->text().left(LongestAddress));
     QUrlQuery query;
     query.addQueryItem(QStringLiteral("subject"),
                        QStringLiteral("Připomínka k programu \"%1\"").arg(m_ui->versionLabel->text()));

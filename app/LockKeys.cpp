@@ -5,7 +5,8 @@
 
 std::optional<LockKeys> QueryLockKeys() {
     const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (x11 == nullptr)
+    // The platform without a screen has the interface too, but no display behind it.
+    if (x11 == nullptr || x11->display() == nullptr)
         return std::nullopt;
     // Looked up at run time: the program also runs on a desktop that has no X.
     using IndicatorState = int (*)(Display*, unsigned, unsigned*);

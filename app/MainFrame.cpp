@@ -163,6 +163,7 @@ void CMainFrame::RunCommand(Command command) {
     // A long operation disables the window, but its key strokes may still be on their way.
     if (!isEnabled() || !IsCommandEnabled(command))
         return;
+    const bool wasActive = isActiveWindow();
     Guarded([=, this] {
         if (m_registers->Knows(command))
             m_registers->Show(command);
@@ -172,6 +173,9 @@ void CMainFrame::RunCommand(Command command) {
             m_registers->ActiveView()->Run(command);
     });
     UpdateCommands();
+    // When a box and the dialog under it close at once, some desktops leave no window active.
+    if (wasActive && isVisible() && !isActiveWindow())
+        activateWindow();
 }
 
 void CMainFrame::BringForward() {

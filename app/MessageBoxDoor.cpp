@@ -45,6 +45,9 @@ Message::Answer CMessageBoxDoor::Show(const Message& message) {
     } else {
         box.addButton(QMessageBox::Ok)->setObjectName(QStringLiteral("okButton"));
     }
+    // As the buttons of every other dialog.
+    for (QAbstractButton* const button : box.buttons())
+        button->setIcon(QIcon());
     const QShortcut copy(QKeySequence::Copy, &box, [&] { QGuiApplication::clipboard()->setText(message.text); });
     const int answer = box.exec();
     if (!isQuestion)

@@ -27,12 +27,13 @@ CProgressDlg::~CProgressDlg() {
 void CProgressDlg::Create(QWidget* owner) {
     m_owner = owner == nullptr ? nullptr : owner->window();
     if (m_owner != nullptr) {
-        setParent(m_owner, windowFlags());
+        // In this order: disabling a window disables the windows that are its children already.
         if (m_owner->isEnabled()) {
             m_ownerFocus = m_owner->focusWidget();
             m_owner->setEnabled(false);
             m_ownerWasDisabled = true;
         }
+        setParent(m_owner, windowFlags());
     }
     m_showTimer.start();
 }

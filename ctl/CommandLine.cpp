@@ -18,12 +18,13 @@ namespace {
 enum ExitCode { Done = 0, NotDone = 1, WrongUsage = 2 };
 
 using AddCommand = void (*)(CLI::App&, Action&);
-constexpr AddCommand Commands[] = {AddInit, AddDemo, AddRecompute, AddFigures, AddReport, AddImport, AddCheck};
+constexpr AddCommand Commands[] = {AddInit,   AddDemo,   AddRecompute, AddFigures, AddReport,
+                                   AddImport, AddBackup, AddRestore,   AddCheck};
 
-std::string CommandNames(const CLI::App& app) {
+std::string CommandNames(const CLI::App& app, const char* separator) {
     std::string names;
     for (const CLI::App* command : app.get_subcommands([](const CLI::App*) { return true; }))
-        names += (names.empty() ? "" : ", ") + command->get_name();
+        names += (names.empty() ? "" : separator) + command->get_name();
     return names;
 }
 
@@ -31,11 +32,9 @@ std::string CommandNames(const CLI::App& app) {
 std::string Usage(const CLI::App& command) {
     std::string usage = command.get_name();
     for (const CLI::App* above = command.get_parent(); above != nullptr; above = above->get_parent())
-        usage = (above->get_parent() != nullptr ? above->get_name() : std::string("kuvelctl")) + " " + usage;
-    std::string commands;
-    for (const CLI::App* below : command.get_subcommands([](const CLI::App*) { return true; }))
-        commands += (commands.empty() ? " " : "|") + below->get_name();
-    usage += commands;
+        usage = (above->get_parent() == nullptr ? "kuvelctl" : above->get_name()) + " " + usage;
+    if (const std::string names = CommandNames(command, "|"); !names.empty())
+        usage += " " + names;
     for (const CLI::Option* option : command.get_options()) {
         if (option == command.get_help_ptr())
             continue;
@@ -47,24 +46,21 @@ std::string Usage(const CLI::App& command) {
     return usage;
 }
 
-/// "import money" is a command in a command.
-const CLI::App& Innermost(const CLI::App& chosen) {
-    const std::vector<CLI::App*> inner = chosen.get_subcommands();
-    return inner.empty() ? chosen : Innermost(*inner.front());
-}
-
 /// One line: what is wrong, and what is allowed.
 std::string UsageError(const CLI::App& app, const CLI::ParseError& error) {
     const std::vector<std::string> unknown = app.remaining(true);
-    const std::vector<CLI::App*> chosen = app.get_subcommands();
+    const CLI::App* chosen = &app;
+    while (!chosen->get_subcommands().empty())
+        chosen = chosen->get_subcommands().front();
+    const bool mustChoose = !CommandNames(*chosen, "").empty();
     std::string wrong = error.what();
-    if (chosen.empty() && !unknown.empty())
+    if (mustChoose && !unknown.empty())
         wrong = (unknown.front().starts_with('-') ? "unknown option '" : "unknown command '") + unknown.front() + "'";
-    else if (chosen.empty() && error.get_name() == "RequiredError")
+    else if (mustChoose && error.get_name() == "RequiredError")
         wrong = "a command is missing";
     return "kuvelctl: " + wrong +
-           (chosen.empty() ? "; allowed: [--home DIR] and one of " + CommandNames(app)
-                           : "; usage: " + Usage(Innermost(*chosen.front())) + " [--home DIR]");
+           (chosen != &app ? "; usage: " + Usage(*chosen) + " [--home DIR]"
+                           : "; allowed: [--home DIR] and one of " + CommandNames(app, ", "));
 }
 
 void Define(CLI::App& app, std::string& home, Action& action) {

@@ -19,6 +19,8 @@ void AddRecompute(CLI::App& app, Action& action);
 void AddFigures(CLI::App& app, Action& action);
 void AddReport(CLI::App& app, Action& action);
 void AddImport(CLI::App& app, Action& action);
+void AddBackup(CLI::App& app, Action& action);
+void AddRestore(CLI::App& app, Action& action);
 void AddCheck(CLI::App& app, Action& action);
 
 /// An argument that must be a whole decimal number within the bounds.

@@ -8,11 +8,20 @@ constexpr int MostDigits = 9;
 
 CNumberSpin::CNumberSpin(QWidget* parent) : QSpinBox(parent) {
     setRange(Empty, 999999999);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
 void CNumberSpin::SetLimits(int low, int high) {
     m_low = low;
     m_high = high;
+    updateGeometry();
+}
+
+QSize CNumberSpin::sizeHint() const {
+    QSize size = QSpinBox::sizeHint();
+    const auto widthOf = [this](int number) { return fontMetrics().horizontalAdvance(QString::number(number)); };
+    size.rwidth() += widthOf(m_high) - widthOf(maximum());
+    return size;
 }
 
 void CNumberSpin::stepBy(int steps) {

@@ -16,6 +16,9 @@ public:
     /// False while the field is empty.
     bool HoldsNumber() const { return value() != Empty; }
     void stepBy(int steps) override;
+    /// As wide as its largest number needs.
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
     QValidator::State validate(QString& input, int& pos) const override;

@@ -20,6 +20,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTextBrowser>
+#include <QTimer>
 #include <QUrlQuery>
 
 namespace {
@@ -116,7 +117,7 @@ TEST_F(BackupDlg, BrowsingProposesTheNameInTheField) {
     };
     using enum CBackupDlg::Mode;
     const Row rows[] = {
-        {Backup, QStringLiteral("/a/b/z.mdb // "), QStringLiteral("/a/b/z.mdb"), {}, QStringLiteral("/a/b/z.mdb // ")},
+        {Backup, QStringLiteral("/a/b/z.mdb//  "), QStringLiteral("/a/b/z.mdb"), {}, QStringLiteral("/a/b/z.mdb//  ")},
         {Backup, QStringLiteral("z.mdb"), {}, QStringLiteral("/c/n.mdb"), QStringLiteral("/c/n.mdb")},
         {Restore, QStringLiteral("/z.mdb"), {}, QStringLiteral("/c/n.mdb"), QStringLiteral("/c/n.mdb")},
     };
@@ -158,13 +159,14 @@ TEST(AboutDlg, NamesItsVersionAndItsLinksOpenByKey) {
     LinkCatcher links;
     CAboutDlg dialog(nullptr);
     dialog.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
     EXPECT_EQ("O aplikaci Kuvel", dialog.windowTitle().toStdString());
     const QString version = Find<QLabel>(dialog, "versionLabel").text();
     EXPECT_EQ("Kuvel, verze " KUVEL_VERSION "  (rel. Jul  2 2012)", version.toStdString());
-    for (const char* const name : {"mailLabel", "webLabel"}) {
-        auto& label = Find<QLabel>(dialog, name);
-        label.setFocus(Qt::TabFocusReason);
-        QTest::keyClick(&label, Qt::Key_Return);
+    for (const char* const name : {"mailButton", "webButton"}) {
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Tab);
+        EXPECT_EQ(name, dialog.focusWidget()->objectName().toStdString());
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Space);
     }
     ASSERT_EQ(2, links.taken.size());
     EXPECT_EQ("mailto", links.taken[0].scheme().toStdString());
@@ -194,11 +196,14 @@ TEST(MessageBoxDoor, SpeaksCzechAndAnswersNoWhenClosed) {
     for (const Row& row : rows) {
         Steps steps;
         steps.Then([&](QWidget& box) {
+            EXPECT_TRUE(QTest::qWaitForWindowActive(&box));
             EXPECT_EQ("Kuvel", box.windowTitle().toStdString());
             EXPECT_EQ("Ano", label(box, "yesButton"));
             EXPECT_EQ("Ne", label(box, "noButton"));
             EXPECT_EQ(Qt::PlainText, static_cast<QMessageBox&>(box).textFormat());
             QTest::keyClick(&box, row.key, row.key < 0x100 ? Qt::AltModifier : Qt::NoModifier);
+            // A mnemonic shows its button pressed for a moment.
+            EXPECT_TRUE(QTest::qWaitFor([&] { return !box.isVisible(); }, 2000));
         });
         EXPECT_EQ(row.answer, door.Show(question)) << row.key;
     }

@@ -1,7 +1,11 @@
 #include "tests/gui/FrameFolder.h"
 
+#include <gtest/gtest.h>
+
 #include <QCoreApplication>
 #include <QTest>
+
+#include <algorithm>
 
 namespace {
 
