@@ -7,10 +7,8 @@
 namespace {
 
 struct MoneyArguments {
-    explicit MoneyArguments(CLI::App& command) : common(command) {}
-
-    CImportArguments common;
     std::string yearFolder;
+    std::optional<CImportArguments> common;
     std::optional<bool> exportFlag;
     std::optional<std::string> domestic;
 };
@@ -22,7 +20,7 @@ bool ImportMoney(const MoneyArguments& arguments, CTerminal& terminal) {
         options.setExport = *arguments.exportFlag;
     if (arguments.domestic)
         options.domestic = QString::fromStdString(*arguments.domestic);
-    if (!arguments.common.Apply(options) || !OpenStore())
+    if (!arguments.common->Apply(options) || !OpenStore())
         return false;
     return RunImportHere([&](ImportCounts& counts) {
         if (!MoneyComponentReady())
@@ -39,9 +37,10 @@ bool ImportMoney(const MoneyArguments& arguments, CTerminal& terminal) {
 
 void AddImportMoney(CLI::App& import, Action& action) {
     CLI::App* command = import.add_subcommand("money", "Imports one year of an agenda of Money S3");
-    const auto arguments = std::make_shared<MoneyArguments>(*command);
+    const auto arguments = std::make_shared<MoneyArguments>();
     command->add_option("YEARFOLDER", arguments->yearFolder, "The year's folder, in the folder of its agenda")
         ->required();
+    arguments->common.emplace(*command);
     command->add_flag_callback(
         "--export-flag", [arguments] { arguments->exportFlag = true; }, "Tell exports by the country of the address");
     command
