@@ -2,6 +2,7 @@
 
 #include "app/AboutDlg.h"
 #include "app/BackupDlg.h"
+#include "app/HelpKey.h"
 #include "app/HelpWindow.h"
 #include "app/KuvelDoc.h"
 #include "app/MainFrame.h"
@@ -47,4 +48,5 @@ void InstallFrameCommands(CMainFrame& frame, CProgressDoor& progress) {
     frame.SetHandler(ID_HELP, [] { OpenHelp(HelpContext::Contents); });
     static QPointer<CHelpWindow> help;
     SetHelpDoor([](HelpContext context) { ShowHelp(help, context); });
+    new CHelpKey(&frame);
 }
