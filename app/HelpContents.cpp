@@ -3,7 +3,6 @@
 #include "app/HelpBrowser.h"
 
 #include <QFile>
-#include <QHeaderView>
 #include <QLineEdit>
 #include <QTextBlock>
 #include <QTextDocument>
@@ -49,8 +48,6 @@ CHelpContents::CHelpContents(const QUrl& firstPage, QWidget* parent)
     m_tree->setHeaderHidden(true);
     m_tree->setRootIsDecorated(false);
     m_tree->setIndentation(12);
-    m_tree->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    m_tree->header()->setStretchLastSection(false);
     auto* const all = new QVBoxLayout(this);
     all->setContentsMargins(0, 0, 0, 0);
     all->addWidget(m_search);
@@ -83,6 +80,9 @@ void CHelpContents::Fill(const QUrl& firstPage) {
             group = new QTreeWidgetItem(m_tree);
             group->setText(0, block.text());
             group->setFlags(Qt::ItemIsEnabled);
+            QFont bold = font();
+            bold.setBold(true);
+            group->setFont(0, bold);
         } else if (group != nullptr && !link.address.isEmpty()) {
             add(group, link.text, firstPage.resolved(QUrl(link.address)));
         }
