@@ -90,8 +90,8 @@ void CHelpWindow::StandOverModalDialog() {
     windowHandle()->setTransientParent(dialog == nullptr ? nullptr : dialog->windowHandle());
     disconnect(m_dialogFinished);
     if (const auto* const closing = qobject_cast<QDialog*>(dialog))
-        m_dialogFinished = connect(closing, &QDialog::finished, this, &CHelpWindow::StandOverModalDialog,
-                                   Qt::QueuedConnection);
+        m_dialogFinished =
+            connect(closing, &QDialog::finished, this, &CHelpWindow::StandOverModalDialog, Qt::QueuedConnection);
 }
 
 void CHelpWindow::Open(HelpContext context) {

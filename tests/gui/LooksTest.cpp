@@ -109,7 +109,7 @@ TEST_P(Looks, NoDialogCutsItsTextsOff) {
         {"help",
          [] {
              auto window = std::make_unique<CHelpWindow>();
-             window->Open(HelpContext::Contents);
+             window->Open(HelpContext::Cover);
              return window;
          }},
     };
