@@ -34,10 +34,12 @@ CHelpWindow::CHelpWindow()
     m_browser->setObjectName(QStringLiteral("helpBrowser"));
     m_browser->setAccessibleName(QStringLiteral("Text nápovědy"));
     m_browser->setOpenLinks(false);
+    resize(1040, 700);
     m_splitter->addWidget(m_contents);
     m_splitter->addWidget(m_browser);
     m_splitter->setStretchFactor(1, 1);
-    m_splitter->setSizes({240, 780});
+    const int contentsWidth = 34 * fontMetrics().averageCharWidth();
+    m_splitter->setSizes({contentsWidth, width() - contentsWidth});
     setCentralWidget(m_splitter);
     setContextMenuPolicy(Qt::NoContextMenu);
     CreateBar();
@@ -47,7 +49,6 @@ CHelpWindow::CHelpWindow()
     connect(m_browser, &QTextBrowser::anchorClicked, this, &CHelpWindow::ShowPage);
     new QShortcut(Qt::Key_Escape, this, [this] { close(); });
     new QShortcut(QKeySequence::Find, this, [this] { m_contents->FocusSearch(); });
-    resize(1040, 700);
     const QSettings settings;
     restoreGeometry(settings.value(GeometryKey).toByteArray());
     m_splitter->restoreState(settings.value(SplitterKey).toByteArray());

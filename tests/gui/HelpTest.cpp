@@ -147,6 +147,7 @@ TEST_F(HelpWindow, OpensAtItsContextsWithTheContentsBeside) {
     EXPECT_EQ("index.html", Page());
     EXPECT_EQ(QDir(QStringLiteral(KUVEL_SOURCE_DIR "/help")).entryList({QStringLiteral("*.html")}).size(),
               Shown().size());
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&help));
     QTest::keyClick(&help, Qt::Key_Left, Qt::AltModifier);
     EXPECT_EQ("slozene-obaly.html", Page());
     help.resize(500, 400);
