@@ -106,6 +106,10 @@ void CHelpContents::FocusSearch() {
     m_search->selectAll();
 }
 
+void CHelpContents::ClearSearch() {
+    m_search->clear();
+}
+
 void CHelpContents::Seek(const QString& text) {
     const QString folded = FoldedForSearch(text);
     for (int top = 0; top < m_tree->topLevelItemCount(); ++top) {

@@ -17,6 +17,7 @@ public:
     void ShowCurrent(const QUrl& page);
     QString SoughtText() const;
     void FocusSearch();
+    void ClearSearch();
 
 signals:
     void pageWanted(const QUrl& page);

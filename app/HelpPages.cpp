@@ -62,6 +62,12 @@ constexpr HelpedWindow Windows[] = {
     {"PageProd", IssueItem},
     {"PageQty", IssueItem},
     {"PageCoverMove", IssuedCover},
+    {"pageImpS3", MoneyImport},
+    {"pageImpS3Param", MoneyImport},
+    {"pageImpWAK", WakImport},
+    {"pageImpWAKParam", WakImport},
+    {"askOverwriteDlg", ExistingRecords},
+    {"findReplaceDlg", FindReplace},
 };
 
 } // namespace

@@ -38,7 +38,7 @@ CHelpWindow::CHelpWindow()
     m_splitter->addWidget(m_contents);
     m_splitter->addWidget(m_browser);
     m_splitter->setStretchFactor(1, 1);
-    const int contentsWidth = 34 * fontMetrics().averageCharWidth();
+    const int contentsWidth = 40 * fontMetrics().averageCharWidth();
     m_splitter->setSizes({contentsWidth, width() - contentsWidth});
     setCentralWidget(m_splitter);
     setContextMenuPolicy(Qt::NoContextMenu);
@@ -96,6 +96,7 @@ void CHelpWindow::StandOverModalDialog() {
 }
 
 void CHelpWindow::Open(HelpContext context) {
+    m_contents->ClearSearch();
     m_browser->setSource(PageOf(context));
     setWindowState(windowState() & ~Qt::WindowMinimized);
     show();
