@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+static constexpr int NarrowestPicture = 100;
+
 QString FoldedForSearch(const QString& text) {
     QString folded = text;
     for (QChar& letter : folded) {
@@ -30,21 +32,28 @@ void CHelpBrowser::doSetSource(const QUrl& url, QTextDocument::ResourceType type
 void CHelpBrowser::FitPictures() {
     const int room = viewport()->width() - 2 * static_cast<int>(document()->documentMargin());
     for (QTextBlock block = document()->begin(); block.isValid(); block = block.next())
-        for (auto piece = block.begin(); !piece.atEnd(); ++piece) {
-            QTextImageFormat format = piece.fragment().charFormat().toImageFormat();
-            if (!format.isValid())
-                continue;
-            const QVariant picture = document()->resource(QTextDocument::ImageResource, QUrl(format.name()));
-            const int width = std::min(picture.value<QImage>().width(), std::max(room, 100));
-            if (width <= 0 || format.width() == width)
-                continue;
-            format.setWidth(width);
-            QTextCursor cursor(block);
-            cursor.setPosition(piece.fragment().position());
-            cursor.setPosition(piece.fragment().position() + piece.fragment().length(), QTextCursor::KeepAnchor);
-            cursor.setCharFormat(format);
-            break; // the fragments have changed; a picture stands in a paragraph of its own
-        }
+        for (auto piece = block.begin(); !piece.atEnd(); ++piece)
+            if (piece.fragment().charFormat().isImageFormat()) {
+                FitPicture(piece.fragment(), std::max(room, NarrowestPicture));
+                break; // the fragments may have changed; a picture stands in a paragraph of its own
+            }
+}
+
+void CHelpBrowser::FitPicture(const QTextFragment& fragment, int room) {
+    QTextImageFormat format = fragment.charFormat().toImageFormat();
+    const QUrl address = source().resolved(QUrl(format.name()));
+    QImage picture(QLatin1Char(':') + address.path());
+    const int width = std::min(picture.width(), room);
+    if (picture.isNull() || format.width() == width)
+        return;
+    if (width < picture.width())
+        picture = picture.scaledToWidth(width, Qt::SmoothTransformation);
+    document()->addResource(QTextDocument::ImageResource, address, picture);
+    format.setWidth(width);
+    QTextCursor cursor(document());
+    cursor.setPosition(fragment.position());
+    cursor.setPosition(fragment.position() + fragment.length(), QTextCursor::KeepAnchor);
+    cursor.setCharFormat(format);
 }
 
 void CHelpBrowser::Mark(const QString& text) {

@@ -2,6 +2,8 @@
 
 #include <QTextBrowser>
 
+class QTextFragment;
+
 /// A page of the guide. Its pictures shrink to a window that is narrower than they are.
 class CHelpBrowser : public QTextBrowser {
     Q_OBJECT
@@ -18,6 +20,7 @@ protected:
 
 private:
     void FitPictures();
+    void FitPicture(const QTextFragment& fragment, int room);
 };
 
 /// Without case and accents, character by character.

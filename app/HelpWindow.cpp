@@ -34,7 +34,7 @@ CHelpWindow::CHelpWindow()
     m_browser->setObjectName(QStringLiteral("helpBrowser"));
     m_browser->setAccessibleName(QStringLiteral("Text nápovědy"));
     m_browser->setOpenLinks(false);
-    resize(1040, 700);
+    resize(1060, 700);
     m_splitter->addWidget(m_contents);
     m_splitter->addWidget(m_browser);
     m_splitter->setStretchFactor(1, 1);
