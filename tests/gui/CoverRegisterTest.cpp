@@ -606,8 +606,8 @@ TEST_F(CoverRegisterTest, ContextMenusGreyWhatHasNoRow) {
         const char* menu;
     };
     const std::vector<Case> cases = {
-        {"master row", "covers", true, true, "Přidat+ Upravit+ Odstranit+ | Najít...- Nahradit...- | Filtr...+"},
-        {"master", "covers", false, true, "Přidat+ Upravit- Odstranit- | Najít...- Nahradit...- | Filtr...+"},
+        {"master row", "covers", true, true, "Přidat+ Upravit+ Odstranit+ | Najít...+ Nahradit...+ | Filtr...+"},
+        {"master", "covers", false, true, "Přidat+ Upravit- Odstranit- | Najít...+ Nahradit...+ | Filtr...+"},
         {"second row", "discards", true, true, "Přidat+ Upravit+ Odstranit+"},
         {"second", "discards", false, true, "Přidat+ Upravit- Odstranit-"},
         {"second, no cover", "discards", false, false, "Přidat- Upravit- Odstranit-"},
