@@ -65,6 +65,7 @@ void CFindReplaceDlg::Open(CRegisterView& owner, const std::string& field, FindM
 
 CFindReplaceDlg::CFindReplaceDlg(QWidget* window) : QDialog(window), m_ui(new Ui::FindReplaceDlg) {
     m_ui->setupUi(this);
+    m_ui->tabs->setExpanding(false);
     m_ui->tabs->addTab(QStringLiteral("Najít"));
     m_ui->tabs->addTab(QStringLiteral("Nahradit"));
     // The other buttons keep their places.
@@ -73,6 +74,8 @@ CFindReplaceDlg::CFindReplaceDlg(QWidget* window) : QDialog(window), m_ui(new Ui
         policy.setRetainSizeWhenHidden(true);
         button->setSizePolicy(policy);
     }
+    // With everything shown: the window does not grow when the mode changes.
+    setMinimumSize(sizeHint());
     connect(m_ui->tabs, &QTabBar::currentChanged, this,
             [this](int tab) { ShowMode(tab == ReplaceTab ? FindMode::Replace : FindMode::FindNext); });
     connect(m_ui->area, &QComboBox::currentIndexChanged, this, &CFindReplaceDlg::OnAreaChanged);

@@ -148,6 +148,13 @@ TEST_P(Looks, EveryRegisterFitsIntoTheSmallestMainWindow) {
             EXPECT_EQ(QSize(600, 400), frame.size()) << name.toStdString();
         }
     }
+    for (const Command mode : {Command::ID_RECORD_FIND, Command::ID_RECORD_REPLACE}) {
+        frame.RunCommand(mode);
+        auto* const window = frame.findChild<QDialog*>(QStringLiteral("findReplaceDlg"));
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(window));
+        ExpectNothingCutOff(*window);
+        Keep(*window, QStringLiteral("find-%1-%2").arg(static_cast<int>(mode)).arg(GetParam().name));
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Palettes, Looks,
