@@ -290,15 +290,20 @@ static void put_in_place(const char* name, const char* part, const char* with, c
     snprintf(result + length, room - length, "%s", name);
 }
 
-void plain_replace(sqlite3* db, const char* part, const char* with) {
+static int by_key(const void* a, const void* b) {
+    const int64_t x = *(const int64_t*)a, y = *(const int64_t*)b;
+    return x < y ? -1 : x > y;
+}
+
+void plain_replace(sqlite3* db, const int64_t* covers, size_t count, const char* part, const char* with) {
     struct wanted wanted;
     sqlite3_stmt* keys = matching(db, &wanted, part, 1);
-    size_t room = 1024, count = 0;
+    size_t room = 1024, found = 0;
     int64_t* all = malloc(room * sizeof *all);
     while (sqlite3_step(keys) == SQLITE_ROW) {
-        if (count == room)
+        if (found == room)
             all = realloc(all, (room *= 2) * sizeof *all);
-        all[count++] = sqlite3_column_int64(keys, 0);
+        all[found++] = sqlite3_column_int64(keys, 0);
     }
     sqlite3_finalize(keys);
     sqlite3_stmt* begin = plain_prepare(db, "BEGIN IMMEDIATE");
@@ -309,12 +314,14 @@ void plain_replace(sqlite3* db, const char* part, const char* with) {
     int64_t start = now_ms(), changes = sqlite3_total_changes64(db);
     for (size_t i = 0; i < count; ++i) {
         char result[512];
-        sqlite3_bind_int64(name, 1, all[i]);
+        if (bsearch(&covers[i], all, found, sizeof *all, by_key) == NULL)
+            continue;
+        sqlite3_bind_int64(name, 1, covers[i]);
         check(db, sqlite3_step(name));
         put_in_place((const char*)sqlite3_column_text(name, 0), part, with, result, sizeof result);
         sqlite3_reset(name);
         sqlite3_bind_text(update, 1, result, -1, SQLITE_STATIC);
-        sqlite3_bind_int64(update, 2, all[i]);
+        sqlite3_bind_int64(update, 2, covers[i]);
         run(db, update);
         if (sqlite3_total_changes64(db) - changes >= 5000 || now_ms() - start >= 1000) {
             run(db, commit);
