@@ -6,6 +6,7 @@
 
 #include <QCollator>
 #include <QTabBar>
+#include <QWindow>
 
 #include <algorithm>
 
@@ -92,9 +93,11 @@ void CFindReplaceDlg::OpenOn(CRegisterView& owner, const std::string& field, Fin
     FillAreas(field);
     ShowMode(mode);
     m_ui->find->setFocus();
-    // Where the user left it: a window that is shown again would be placed anew.
-    if (testAttribute(Qt::WA_WState_Created))
-        move(pos());
+    // Where the user left it: a window that is shown again would be placed anew, by the toolkit and by the desktop.
+    if (isHidden() && windowHandle() != nullptr) {
+        setAttribute(Qt::WA_Moved);
+        windowHandle()->setFramePosition(pos());
+    }
     show();
     raise();
     activateWindow();
