@@ -234,41 +234,35 @@ struct wanted {
     int part;
 };
 
-/* Whether the folded text stands in the name, or is the name; one code point after the other. */
+static int32_t fold(const char* text, int32_t size, UChar32* folded, int32_t room) {
+    int32_t length = 0;
+    for (int32_t at = 0; at < size && length < room;) {
+        UChar32 c = 0;
+        U8_NEXT_OR_FFFD(text, at, size, c);
+        folded[length++] = c < 0x80 ? (c >= 'A' && c <= 'Z' ? c + 32 : c) : u_foldCase(c, U_FOLD_CASE_DEFAULT);
+    }
+    return length;
+}
+
+/* Whether the folded text stands in the name, or is the name. */
 static void meets(sqlite3_context* context, int count, sqlite3_value** values) {
     (void)count;
     const struct wanted* wanted = sqlite3_user_data(context);
-    const char* name = (const char*)sqlite3_value_text(values[0]);
-    if (name == NULL)
+    const char* text = (const char*)sqlite3_value_text(values[0]);
+    if (text == NULL)
         return;
-    const int32_t size = sqlite3_value_bytes(values[0]);
-    int found = 0;
-    for (int32_t start = 0; !found;) {
-        int32_t at = start, matched = 0;
-        UChar32 c = 0;
-        while (matched < wanted->length && at < size) {
-            U8_NEXT_OR_FFFD(name, at, size, c);
-            if (u_foldCase(c, U_FOLD_CASE_DEFAULT) != wanted->folded[matched])
-                break;
-            ++matched;
-        }
-        found = matched == wanted->length && (wanted->part || at == size);
-        if (!wanted->part || start >= size)
-            break;
-        U8_FWD_1(name, start, size);
-    }
+    UChar32 name[256];
+    const int32_t length = fold(text, sqlite3_value_bytes(values[0]), name, 256);
+    const size_t bytes = (size_t)wanted->length * sizeof *name;
+    int found = !wanted->part && length == wanted->length && memcmp(name, wanted->folded, bytes) == 0;
+    for (int32_t start = 0; wanted->part && !found && start + wanted->length <= length; ++start)
+        found = memcmp(name + start, wanted->folded, bytes) == 0;
     sqlite3_result_int(context, found);
 }
 
 static sqlite3_stmt* matching(sqlite3* db, struct wanted* wanted, const char* text, int part) {
-    const int32_t size = (int32_t)strlen(text);
-    wanted->length = 0;
+    wanted->length = fold(text, (int32_t)strlen(text), wanted->folded, 256);
     wanted->part = part;
-    for (int32_t at = 0; at < size;) {
-        UChar32 c = 0;
-        U8_NEXT_OR_FFFD(text, at, size, c);
-        wanted->folded[wanted->length++] = u_foldCase(c, U_FOLD_CASE_DEFAULT);
-    }
     sqlite3_create_function(db, "meets", 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC, wanted, meets, NULL, NULL);
     return plain_prepare(db, "SELECT cover_id FROM Cover WHERE deleted = 0 AND meets(cover_name)");
 }

@@ -68,7 +68,9 @@ void ExpectNothingCutOff(QWidget& window) {
         const bool hasText = qobject_cast<const QLabel*>(widget) || qobject_cast<const QPushButton*>(widget) ||
                              qobject_cast<const QCheckBox*>(widget) || qobject_cast<const QRadioButton*>(widget) ||
                              qobject_cast<const QLineEdit*>(widget);
-        if (!hasText || !widget->isVisible() || widget->parentWidget()->inherits("QAbstractSpinBox"))
+        const bool isInner =
+            widget->parentWidget()->inherits("QAbstractSpinBox") || widget->parentWidget()->inherits("QComboBox");
+        if (!hasText || !widget->isVisible() || isInner)
             continue;
         const QRect inside(QPoint(0, 0), window.size());
         const QRect place(widget->mapTo(&window, QPoint(0, 0)), widget->size());
