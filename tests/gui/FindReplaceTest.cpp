@@ -289,6 +289,7 @@ TEST_F(FindReplace, ReplacesInTheRowsThatMatch) {
         {"no row", "Název", "abcab", "x", false, -1, "replace replace", "0 !", "x|BOX 50_|Box 50%|d'Or|Žlutý box"},
         {"nothing", "Název", "nic", "x", true, 2, "replaceAll", "!", "abcab|BOX 50_|Box 50%|d'Or|Žlutý box"},
         {"code", "Materiál", "papír", "vlnitá lepenka", true, 0, "replaceAll", "!", "27|27|26|0|27"},
+        {"code in another row", "Materiál", "papír", "dřevo", false, 2, "replace", "4", "7|7|26|0|7"},
         {"one code after the other", "Materiál", "papír", "dřevo", false, 1, "replace replace", "4 0", "7|0|26|0|0"},
         {"yes to no", "Opakovaně používaný", "ano", "ne", false, 0, "replaceAll", "!", "0|0|0|0|0"},
         {"no to yes", "Opakovaně používaný", "ne", "ano", false, 0, "replace", "1", "1|0|1|0|1"},
