@@ -6,6 +6,8 @@
 
 #include <string>
 
+class RowDelegate;
+
 /// A list of records: filled by an SQL text, sorted by its header, with the selection kept by id over a refill.
 class RecordList : public QTableView {
     Q_OBJECT
@@ -81,6 +83,7 @@ private:
     CDataStore& m_store;
     ListSpec m_spec;
     RecordListModel* m_model;
+    RowDelegate* m_delegate;
     RecordsetPtr m_records;
     int m_sortColumn;
     bool m_descending = false;
