@@ -26,10 +26,6 @@ using enum Command;
 constexpr const char* StoredCovers =
     "SELECT cover_id, replace(cover_name, ' ', '_'), cover_mat, cover_reusable FROM Cover ORDER BY cover_id";
 
-QString Czech(const char* text) {
-    return QString::fromUtf8(text);
-}
-
 class FindReplace : public testing::Test {
 protected:
     FindReplace() {
