@@ -13,13 +13,11 @@ namespace {
 
 enum Role { Address = Qt::UserRole, FoldedText };
 
-QString PageText(const QUrl& page) {
+/// Empty when there is no such page.
+void ReadPage(const QUrl& page, QTextDocument& document) {
     QFile file(QLatin1Char(':') + page.path());
-    if (!file.open(QIODevice::ReadOnly))
-        return {};
-    QTextDocument document;
-    document.setHtml(QString::fromUtf8(file.readAll()));
-    return document.toPlainText();
+    if (file.open(QIODevice::ReadOnly))
+        document.setHtml(QString::fromUtf8(file.readAll()));
 }
 
 /// The first link of a paragraph.
@@ -60,16 +58,15 @@ CHelpContents::CHelpContents(const QUrl& firstPage, QWidget* parent)
 
 /// A heading of the first page begins a group, a paragraph with a link is a page of it.
 void CHelpContents::Fill(const QUrl& firstPage) {
-    QFile file(QLatin1Char(':') + firstPage.path());
-    if (!file.open(QIODevice::ReadOnly))
-        return;
     QTextDocument document;
-    document.setHtml(QString::fromUtf8(file.readAll()));
+    ReadPage(firstPage, document);
     const auto add = [&](QTreeWidgetItem* group, const QString& text, const QUrl& page) {
         auto* const item = group == nullptr ? new QTreeWidgetItem(m_tree) : new QTreeWidgetItem(group);
         item->setText(0, text);
         item->setData(0, Address, page);
-        item->setData(0, FoldedText, FoldedForSearch(PageText(page)));
+        QTextDocument text;
+        ReadPage(page, text);
+        item->setData(0, FoldedText, FoldedForSearch(text.toPlainText()));
         return item;
     };
     add(nullptr, QStringLiteral("Obsah"), firstPage);
