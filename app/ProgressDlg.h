@@ -43,6 +43,7 @@ protected:
 
 private:
     void EnableOwner();
+    void ShowUnlessAsking();
 
     std::unique_ptr<Ui::ProgressDlg> m_ui;
     QTimer m_showTimer;
