@@ -29,6 +29,8 @@ long plain_covers(sqlite3* db);
 void plain_delete_covers(sqlite3* db, long count);
 /* The sums of all ten sheets of one quarter; answers the number of result rows. */
 long plain_figures(sqlite3* db, const char* from, const char* after);
+/* Imports the four tables of this folder, overwriting what an earlier import wrote; answers the number of lines. */
+long plain_import(sqlite3* db, const char* folder);
 
 #ifdef __cplusplus
 }
