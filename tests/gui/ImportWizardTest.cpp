@@ -32,6 +32,17 @@ bool IsEnabled(QWidget& sheet, const char* control) {
     return Find<QWidget>(sheet, control).isEnabled();
 }
 
+/// The controls that Tab goes through, from the first one to the first again.
+std::string TabOrder(QWidget& sheet, const char* first) {
+    Find<QWidget>(sheet, first).setFocus();
+    std::string names;
+    do {
+        names += Focus(sheet) + " ";
+        QTest::keyClick(sheet.focusWidget(), Qt::Key_Tab);
+    } while (Focus(sheet) != first && names.size() < 500);
+    return names;
+}
+
 struct Wizards : testing::Test {
     ProgramFolder folder;
     ScriptedMessages messages;
@@ -210,6 +221,22 @@ TEST_F(MoneyPages, ParametersAreCheckedAndKept) {
         EXPECT_EQ(std::string("[Import]\n") + row.settings, SettingsAfter<CMoneyWizard>(row.acts)) << row.what;
 }
 
+TEST_F(MoneyPages, TabGoesThroughTheControlsAsTheyAreRead) {
+    CMoneyWizard wizard;
+    Run(wizard, [](QWidget& sheet) {
+        EXPECT_EQ("agendaList browseButton next cancel ", TabOrder(sheet, "agendaList"));
+        ClickYear(sheet, 0);
+        Click(sheet, "next");
+        EXPECT_EQ("productsCheck issuesCheck exportCheck domesticEdit keepRadio back finish cancel ",
+                  TabOrder(sheet, "productsCheck"));
+        Find<QWidget>(sheet, "keepRadio").setFocus();
+        QTest::keyClick(sheet.focusWidget(), Qt::Key_Down);
+        EXPECT_EQ("askRadio", Focus(sheet));
+        Click(sheet, "cancel");
+    });
+    EXPECT_EQ(ExistingRecords::Ask, wizard.Options().existing);
+}
+
 TEST_F(MoneyPages, F1OpensTheGuide) {
     std::vector<HelpContext> opened;
     const HelpDoor before = SetHelpDoor([&](HelpContext context) { opened.push_back(context); });
@@ -289,6 +316,18 @@ TEST_F(WakPages, TheLoginIsForTheServersOwnUsers) {
         Click(sheet, "sqlServerRadio");
         EXPECT_TRUE(enabled());
         EXPECT_EQ(QLineEdit::Password, Find<QLineEdit>(sheet, "passwordEdit").echoMode());
+        Click(sheet, "cancel");
+    });
+}
+
+TEST_F(WakPages, TabGoesThroughTheControlsAsTheyAreRead) {
+    CWakWizard wizard;
+    Run(wizard, [](QWidget& sheet) {
+        EXPECT_EQ("serverEdit databaseEdit sqlServerRadio userEdit passwordEdit testButton next cancel ",
+                  TabOrder(sheet, "serverEdit"));
+        Click(sheet, "next");
+        EXPECT_EQ("productsCheck issuesCheck fromDate toDate keepRadio back finish cancel ",
+                  TabOrder(sheet, "productsCheck"));
         Click(sheet, "cancel");
     });
 }
