@@ -48,7 +48,7 @@ CCompCoverDlg::CCompCoverDlg(CDataStore& store, std::int32_t compositeId, const 
     : QDialog(parent), m_store(store), m_ui(new Ui::CompCoverDlg), m_items(new RecordList(store, Items(), this)) {
     m_ui->setupUi(this);
     m_ui->itemPlace->addWidget(m_items);
-    m_items->setMinimumSize(620, 220);
+    m_items->setMinimumSize(560, 220);
     m_items->setAccessibleName(QStringLiteral("Složení"));
     m_ui->label_items->setBuddy(m_items);
     AddButtons();

@@ -45,11 +45,13 @@ CPageCover::CPageCover(CDataStore& store, Offer offer)
       m_composite(new RecordList(store, CompositeCovers(), this)) {
     m_ui->setupUi(this);
     m_ui->tabs->addTab(m_simple, QStringLiteral("Jednoduché kuvel"));
-    m_ui->tabs->addTab(m_composite, QStringLiteral("Složené kuvel"));
-    m_ui->tabs->setTabVisible(1, offer == Offer::SimpleAndComposite);
+    m_composite->hide();
     setMinimumSize(720, 360);
-    if (offer == Offer::SimpleAndComposite)
+    if (offer == Offer::SimpleAndComposite) {
+        // A tab that is only hidden would still be reached with Ctrl+Tab.
+        m_ui->tabs->addTab(m_composite, QStringLiteral("Složené kuvel"));
         m_ui->tabs->setCurrentIndex(s_lastTab);
+    }
     connect(m_ui->tabs, &QTabWidget::currentChanged, this, [this](int tab) {
         s_lastTab = tab;
         OnTabShown();

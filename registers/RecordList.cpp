@@ -1,6 +1,7 @@
 #include "registers/RecordList.h"
 
 #include "registers/Guarded.h"
+#include "registers/RowDelegate.h"
 #include "registers/WaitCursor.h"
 #include "store/DataStore.h"
 
@@ -49,10 +50,12 @@ private:
 
 RecordList::RecordList(CDataStore& store, ListSpec spec, QWidget* parent)
     : QTableView(parent), m_store(store), m_spec(std::move(spec)),
-      m_model(new RecordListModel(store, m_spec.columns, m_spec.keyField, this)), m_sortColumn(m_spec.sortColumn) {
+      m_model(new RecordListModel(store, m_spec.columns, m_spec.keyField, this)), m_delegate(new RowDelegate(this)),
+      m_sortColumn(m_spec.sortColumn) {
     setObjectName(m_spec.objectName);
     setHorizontalHeader(new SortHeader(this));
     setModel(m_model);
+    setItemDelegate(m_delegate);
     setSelectionBehavior(SelectRows);
     setSelectionMode(m_spec.multiSelection ? ExtendedSelection : SingleSelection);
     setEditTriggers(NoEditTriggers);
@@ -184,6 +187,10 @@ void RecordList::SelectRow(int row) {
     horizontalScrollBar()->setValue(column);
 }
 
+void RecordList::DeselectAll() {
+    selectionModel()->clear();
+}
+
 const RecordsetPtr& RecordList::Records() const {
     if (!m_records)
         throw ComError("recordset", {}, ResultCode::ObjectClosed, QStringLiteral("Sada záznamů není otevřena."));
@@ -195,14 +202,13 @@ void RecordList::RemoveRow(int row) {
 }
 
 int RecordList::FittingWidth(int column) const {
-    const QFontMetrics metrics(font());
     const QString caption = m_model->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
     int width = horizontalHeader()->fontMetrics().horizontalAdvance(caption) + CellPadding;
     if (m_spec.clickableHeader && column == m_sortColumn)
         width += SortMarkWidth;
     const auto measure = [&](int from, int to) {
         for (int row = std::max(0, from); row < std::min(to, RowCount()); ++row)
-            width = std::max(width, metrics.horizontalAdvance(CellText(row, column)) + CellPadding);
+            width = std::max(width, m_delegate->TextWidth(CellText(row, column), font()) + CellPadding);
     };
     measure(0, MeasuredRows);
     const int top = rowAt(0);

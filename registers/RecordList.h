@@ -6,6 +6,8 @@
 
 #include <string>
 
+class RowDelegate;
+
 /// A list of records: filled by an SQL text, sorted by its header, with the selection kept by id over a refill.
 class RecordList : public QTableView {
     Q_OBJECT
@@ -39,10 +41,13 @@ public:
     int RowCount() const { return m_model->rowCount(); }
     /// Scrolls to the row and makes it the only selected one, and the focused one.
     void SelectRow(int row);
+    /// No row is selected or focused; the list stays where it is scrolled to.
+    void DeselectAll();
 
     /// The open recordset of a list filled by `FillKeeping`; record i is row i. Raises ComError before the first fill.
     const RecordsetPtr& Records() const;
     void RefreshRow(int row) { m_model->RefreshRow(row); }
+    void RefreshAllRows() { m_model->RefreshAllRows(); }
     /// Takes the row out of the list (and its record out of the recordset).
     void RemoveRow(int row);
 
@@ -78,6 +83,7 @@ private:
     CDataStore& m_store;
     ListSpec m_spec;
     RecordListModel* m_model;
+    RowDelegate* m_delegate;
     RecordsetPtr m_records;
     int m_sortColumn;
     bool m_descending = false;
