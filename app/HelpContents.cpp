@@ -60,9 +60,9 @@ CHelpContents::CHelpContents(const QUrl& firstPage, QWidget* parent)
 void CHelpContents::Fill(const QUrl& firstPage) {
     QTextDocument document;
     ReadPage(firstPage, document);
-    const auto add = [&](QTreeWidgetItem* group, const QString& text, const QUrl& page) {
+    const auto add = [&](QTreeWidgetItem* group, const QString& title, const QUrl& page) {
         auto* const item = group == nullptr ? new QTreeWidgetItem(m_tree) : new QTreeWidgetItem(group);
-        item->setText(0, text);
+        item->setText(0, title);
         item->setData(0, Address, page);
         QTextDocument text;
         ReadPage(page, text);
