@@ -1,6 +1,5 @@
 #include "import/PageImpWAK.h"
 
-#include "import/PageImport.h"
 #include "import/SqlServerConnection.h"
 #include "registers/Guarded.h"
 #include "registers/Refuse.h"
@@ -44,7 +43,6 @@ CPageImpWAK::CPageImpWAK(WakOptions& options) : m_ui(std::make_unique<Ui::PageIm
                 [this, &field](const QString& text) { m_options.*field.text = text; });
     }
     (m_options.windows ? m_ui->windowsRadio : m_ui->sqlServerRadio)->setChecked(true);
-    LetTabFindChosen(std::array{m_ui->sqlServerRadio, m_ui->windowsRadio});
     connect(m_ui->windowsRadio, &QRadioButton::toggled, this, [this](bool on) {
         m_options.windows = on;
         EnableLogin();

@@ -10,7 +10,6 @@ void BindImportOptions(const ImportControls& controls, ImportOptions& options) {
     controls.products.setChecked(options.products);
     controls.issues.setChecked(options.documents);
     controls.existing[static_cast<std::size_t>(options.existing)]->setChecked(true);
-    LetTabFindChosen(controls.existing);
     QObject::connect(&controls.products, &QCheckBox::toggled, [&options](bool on) { options.products = on; });
     QObject::connect(&controls.issues, &QCheckBox::toggled, [&options](bool on) { options.documents = on; });
     for (std::size_t i = 0; i < controls.existing.size(); ++i)
@@ -18,11 +17,6 @@ void BindImportOptions(const ImportControls& controls, ImportOptions& options) {
             if (on)
                 options.existing = static_cast<ExistingRecords>(i);
         });
-}
-
-void LetTabFindChosen(std::span<QRadioButton* const> group) {
-    for (QRadioButton* const button : group)
-        button->setFocusPolicy(button->isChecked() ? Qt::StrongFocus : Qt::ClickFocus);
 }
 
 bool RunImportPages(QWidget* parent, CWizardPage& source, CWizardPage& parameters) {

@@ -4,7 +4,6 @@
 #include "registers/WizardSheet.h"
 
 #include <array>
-#include <span>
 
 class QCheckBox;
 class QRadioButton;
@@ -19,10 +18,6 @@ struct ImportControls {
 
 /// Shows the options; from then on they follow the controls.
 void BindImportOptions(const ImportControls& controls, ImportOptions& options);
-
-/// Makes Tab go to the chosen one of a group, from where the arrows choose another; the toolkit sees to it only once
-/// one of them has had the focus.
-void LetTabFindChosen(std::span<QRadioButton* const> group);
 
 /// Runs the page of the source and the page of the parameters as a wizard. True when it was finished.
 bool RunImportPages(QWidget* parent, CWizardPage& source, CWizardPage& parameters);
