@@ -1,6 +1,6 @@
 #include "app/HelpPages.h"
 
-#include <QWidget>
+#include <QStackedWidget>
 
 #include <algorithm>
 
@@ -70,6 +70,13 @@ constexpr HelpedWindow Windows[] = {
     {"findReplaceDlg", FindReplace},
 };
 
+std::optional<HelpContext> ContextOfName(const QWidget& widget) {
+    for (const HelpedWindow& window : Windows)
+        if (widget.objectName() == QLatin1String(window.objectName))
+            return window.context;
+    return std::nullopt;
+}
+
 } // namespace
 
 std::span<const HelpPage> HelpPages() {
@@ -83,12 +90,12 @@ const char* HelpAddress(HelpContext context) {
 }
 
 std::optional<HelpContext> HelpContextOf(const QWidget& control) {
-    for (const QWidget* widget = &control; widget != nullptr; widget = widget->parentWidget()) {
-        for (const HelpedWindow& window : Windows)
-            if (widget->objectName() == QLatin1String(window.objectName))
-                return window.context;
-        if (widget->isWindow())
-            break;
-    }
-    return std::nullopt;
+    const QWidget* widget = &control;
+    for (; !widget->isWindow(); widget = widget->parentWidget())
+        if (const auto context = ContextOfName(*widget))
+            return context;
+    // On the buttons of a sheet the page shown counts.
+    const auto* const pages = widget->findChild<QStackedWidget*>(QString(), Qt::FindDirectChildrenOnly);
+    const QWidget* const page = pages != nullptr ? pages->currentWidget() : nullptr;
+    return ContextOfName(page != nullptr ? *page : *widget);
 }

@@ -1,10 +1,7 @@
 #include "import/PageImport.h"
 
-#include "registers/HelpDoor.h"
-
 #include <QCheckBox>
 #include <QRadioButton>
-#include <QShortcut>
 
 void BindImportOptions(const ImportControls& controls, ImportOptions& options) {
     controls.products.setChecked(options.products);
@@ -24,6 +21,5 @@ bool RunImportPages(QWidget* parent, CWizardPage& source, CWizardPage& parameter
     sheet.setObjectName(QStringLiteral("importWizard"));
     sheet.AddPage(source);
     sheet.AddPage(parameters);
-    new QShortcut(QKeySequence::HelpContents, &sheet, [] { OpenHelp(HelpContext::Contents); });
     return sheet.Run();
 }

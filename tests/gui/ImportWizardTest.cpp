@@ -1,4 +1,5 @@
 #include "app/Desktop.h"
+#include "app/HelpKey.h"
 #include "import/AskOverwriteDlg.h"
 #include "import/MoneyWizard.h"
 #include "import/WakWizard.h"
@@ -237,16 +238,18 @@ TEST_F(MoneyPages, TabGoesThroughTheControlsAsTheyAreRead) {
     EXPECT_EQ(ExistingRecords::Ask, wizard.Options().existing);
 }
 
-TEST_F(MoneyPages, F1OpensTheGuide) {
+TEST_F(MoneyPages, F1OpensTheirPageOfTheGuide) {
     std::vector<HelpContext> opened;
     const HelpDoor before = SetHelpDoor([&](HelpContext context) { opened.push_back(context); });
+    const CHelpKey key(nullptr);
     CMoneyWizard wizard;
     Run(wizard, [&](QWidget& sheet) {
-        QTest::keyClick(&sheet, Qt::Key_F1);
+        QTest::keyClick(&Find<QWidget>(sheet, "agendaList"), Qt::Key_F1);
+        QTest::keyClick(&Find<QWidget>(sheet, "next"), Qt::Key_F1);
         Click(sheet, "cancel");
     });
     SetHelpDoor(before);
-    EXPECT_EQ(std::vector{HelpContext::Contents}, opened);
+    EXPECT_EQ(std::vector(2, HelpContext::MoneyImport), opened);
 }
 
 struct WakPages : Wizards {
