@@ -6,9 +6,11 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QDateEdit>
 #include <QDialog>
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPushButton>
 #include <QTimer>
 
@@ -97,11 +99,19 @@ std::string Rows(const RecordList& list) {
     return rows.join(QLatin1Char('\n')).toStdString();
 }
 
-std::string Names(const RecordList& list) {
+std::string Names(const RecordList& list, int column) {
     QStringList names;
     for (int row = 0; row < list.RowCount(); ++row)
-        names.append(list.CellText(row, 0));
+        names.append(list.CellText(row, column));
     return names.join(QStringLiteral(", ")).toStdString();
+}
+
+std::string AllRows(const StoreFolder& folder) {
+    std::string all;
+    for (const std::string table : {"Cover", "CoverDiscard", "CompCover", "CompCover_Item", "Product", "Prod_CoverDT",
+                                    "Prod_Cover", "Move", "Move_Prod", "Move_Cover"})
+        all += folder.AskAll(("SELECT * FROM " + table).c_str()) + "\n";
+    return all;
 }
 
 void ClickRow(RecordList& list, int row, Qt::KeyboardModifiers modifiers) {
@@ -118,4 +128,98 @@ void ClickHeader(RecordList& list, int column) {
 void DoubleClickRow(RecordList& list, int row) {
     ClickRow(list, row);
     QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, list.visualRect(list.model()->index(row, 0)).center());
+}
+
+std::string ShownBy(QWidget& dialog, const char* control) {
+    auto& widget = Find<QWidget>(dialog, control);
+    if (const auto* combo = qobject_cast<QComboBox*>(&widget))
+        return combo->currentText().toStdString();
+    if (const auto* button = qobject_cast<QAbstractButton*>(&widget))
+        return !button->isCheckable() ? button->text().toStdString() : button->isChecked() ? "ano" : "ne";
+    if (const auto* date = qobject_cast<QDateEdit*>(&widget))
+        return date->text().toStdString();
+    if (const auto* line = qobject_cast<QLineEdit*>(&widget))
+        return line->text().toStdString();
+    return Find<QLineEdit>(widget, "").text().toStdString();
+}
+
+std::string TakeMenu() {
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    if (menu == nullptr)
+        return "no menu";
+    QStringList texts;
+    for (const QAction* action : menu->actions())
+        texts.append(action->isSeparator() ? QStringLiteral("|")
+                                           : action->text().replace(QLatin1Char('\t'), QLatin1Char(' ')) +
+                                                 (action->isEnabled() ? QStringLiteral("+") : QString()));
+    menu->close();
+    return texts.join(QLatin1Char(' ')).toStdString();
+}
+
+Act InTurn(std::vector<Act> acts) {
+    return [acts = std::move(acts)](QWidget& dialog) {
+        for (const Act& act : acts)
+            act(dialog);
+    };
+}
+
+Act Typed(const char* edit, const char* text) {
+    return [=](QWidget& dialog) { TypeText(dialog, edit, text); };
+}
+
+Act Picked(const char* combo, int row) {
+    return [=](QWidget& dialog) { Pick(dialog, combo, row); };
+}
+
+Act Clicked(const char* button) {
+    return [=](QWidget& dialog) { Click(dialog, button); };
+}
+
+Act Pressed(Qt::Key key) {
+    return [=](QWidget& dialog) { QTest::keyClick(&dialog, key); };
+}
+
+Act Dated(const char* date, const QDate& day) {
+    return [=](QWidget& dialog) { Find<QDateEdit>(dialog, date).setDate(day); };
+}
+
+Act Chose(const char* list, int row) {
+    return [=](QWidget& dialog) { ClickRow(Find<RecordList>(dialog, list), row); };
+}
+
+Act Emptied(const char* combo) {
+    return [=](QWidget& dialog) { Find<QComboBox>(dialog, combo).setCurrentIndex(-1); };
+}
+
+Act ShowsTitle(const char* title) {
+    return [=](QWidget& dialog) { EXPECT_EQ(title, dialog.windowTitle().toStdString()); };
+}
+
+Act ShowsFocus(const char* control) {
+    return [=](QWidget& dialog) { EXPECT_EQ(control, Focus(dialog)); };
+}
+
+Act Shows(const char* control, const char* text) {
+    return [=](QWidget& dialog) { EXPECT_EQ(text, ShownBy(dialog, control)) << control; };
+}
+
+Act ShowsSelected(const char* edit, const char* text) {
+    return [=](QWidget& dialog) { EXPECT_EQ(text, Find<QLineEdit>(dialog, edit).selectedText().toStdString()); };
+}
+
+Act ShowsEnabled(std::vector<const char*> controls, bool enabled) {
+    return [=](QWidget& dialog) {
+        for (const char* control : controls)
+            EXPECT_EQ(enabled, Find<QWidget>(dialog, control).isEnabled()) << control;
+    };
+}
+
+Act Refused(ScriptedMessages& messages, const char* button, const char* warning, const char* focus) {
+    return [=, &messages](QWidget& dialog) {
+        messages.Expect(Czech(warning), Message::Icon::Warning);
+        Find<QWidget>(dialog, button).setFocus();
+        Click(dialog, button);
+        EXPECT_TRUE(dialog.isVisible()) << warning;
+        EXPECT_EQ(focus, Focus(dialog)) << warning;
+    };
 }

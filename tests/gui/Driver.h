@@ -4,6 +4,7 @@
 #include "tests/support/ProgramFolder.h"
 #include "tests/support/ScriptedDoors.h"
 
+#include <QDate>
 #include <QTest>
 
 #include <functional>
@@ -65,10 +66,48 @@ void Pick(QWidget& dialog, const char* combo, int row);
 void Click(QWidget& dialog, const char* button);
 /// The name of the control that has, or will have, the dialog's focus.
 std::string Focus(const QWidget& dialog);
+/// A control's text: an edit's or a list's, a date's, "ano" or "ne" for a check.
+std::string ShownBy(QWidget& dialog, const char* control);
+/// The context menu that is up, "+" after what is enabled, "|" for a separator; it is closed.
+std::string TakeMenu();
 /// The list's cells, fields separated by "|", rows by "\n".
 std::string Rows(const RecordList& list);
-/// The first column of the list, separated by ", ".
-std::string Names(const RecordList& list);
+/// One column of the list, separated by ", ".
+std::string Names(const RecordList& list, int column = 0);
+/// Every row of every table but the scratch ones.
+std::string AllRows(const StoreFolder& folder);
 void ClickRow(RecordList& list, int row, Qt::KeyboardModifiers modifiers = {});
 void DoubleClickRow(RecordList& list, int row);
 void ClickHeader(RecordList& list, int column);
+
+// What a user does in a dialog and looks at in it, to be written one after the other.
+
+using Act = Steps::Step;
+
+Act InTurn(std::vector<Act> acts);
+Act Typed(const char* edit, const char* text);
+Act Picked(const char* combo, int row);
+Act Clicked(const char* button);
+Act Pressed(Qt::Key key);
+/// A day in a date edit, which keeps its time.
+Act Dated(const char* date, const QDate& day);
+/// A row of a list.
+Act Chose(const char* list, int row);
+/// A drop-down list without a choice.
+Act Emptied(const char* combo);
+Act ShowsTitle(const char* title);
+Act ShowsFocus(const char* control);
+Act Shows(const char* control, const char* text);
+/// The edit's text is selected, and is this.
+Act ShowsSelected(const char* edit, const char* text);
+Act ShowsEnabled(std::vector<const char*> controls, bool enabled);
+/// Presses the button: a warning with this text comes, the dialog stays, the focus goes to the control.
+Act Refused(ScriptedMessages& messages, const char* button, const char* warning, const char* focus);
+
+/// A dialog that is spoilt in one way, refused for it, and cancelled.
+struct Refusal {
+    const char* what;
+    Act spoil;
+    const char* warning;
+    const char* focus;
+};
