@@ -1,3 +1,5 @@
+// The page on which a cover is chosen, in the sheet of a bulk assignment: date, cover, packaging.
+
 #include "registers/PageCover.h"
 #include "registers/PageCoverProd.h"
 #include "registers/PageDateRange.h"
@@ -6,7 +8,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QDateEdit>
 #include <QPushButton>
 #include <QTabWidget>
 
@@ -20,8 +21,8 @@ protected:
                    "INSERT INTO CompCover (ccover_name, ccover_note) VALUES ('Sada', 'dvě'), ('Balík', '')");
     }
 
-    /// The sheet of a bulk assignment: date, cover, packaging.
-    bool Run(const std::function<void(QWidget&)>& act) {
+    /// True when the sheet was finished; from the second page on.
+    bool Finishes(std::vector<Act> acts) {
         CPageDateRange date;
         CPageCover cover(folder.store, CPageCover::Offer::SimpleAndComposite);
         CPageCoverProd rule(folder.store);
@@ -33,106 +34,68 @@ protected:
         sheet.AddPage(date);
         sheet.AddPage(cover);
         sheet.AddPage(rule);
-        steps.Then(act);
+        steps.Then(InTurn({Clicked("next"), InTurn(std::move(acts))}));
         const bool finished = sheet.Run();
-        chosenId = cover.ChosenId();
-        isComposite = cover.IsComposite();
-        day = date.Date().Stored();
+        chosen = {cover.ChosenId(), cover.IsComposite()};
         return finished;
     }
-    static void ShowTab(QWidget& sheet, int tab) { Find<QTabWidget>(sheet, "tabs").setCurrentIndex(tab); }
+    static Act Tab(int tab) {
+        return [tab](QWidget& sheet) { Find<QTabWidget>(sheet, "tabs").setCurrentIndex(tab); };
+    }
+    static Act ShowsRows(const char* list, const char* rows) {
+        return [=](QWidget& sheet) { EXPECT_EQ(rows, Rows(Find<RecordList>(sheet, list))); };
+    }
+    static Act DoubleClicked(const char* list, int row) {
+        return [=](QWidget& sheet) { DoubleClickRow(Find<RecordList>(sheet, list), row); };
+    }
 
     StoreFolder folder;
     ScriptedMessages messages;
     Steps steps;
     CoverChoice choice;
-    std::int32_t chosenId = -1;
-    bool isComposite = false;
-    std::string day;
+    std::pair<std::int32_t, bool> chosen;
 };
 
 TEST_F(PageCoverTest, ASimpleCoverLeadsOnWithItsValues) {
-    EXPECT_TRUE(Run([](QWidget& sheet) {
-        EXPECT_EQ(Czech("Zadejte časovou platnost"), sheet.windowTitle());
-        EXPECT_EQ("date", Focus(sheet));
-        EXPECT_FALSE(Find<QPushButton>(sheet, "back").isEnabled());
-        EXPECT_EQ(QStringLiteral("02.07.2012"), Find<QDateEdit>(sheet, "date").text());
-        Click(sheet, "next");
-        ShowTab(sheet, 0);
-        EXPECT_TRUE(Find<QPushButton>(sheet, "back").isEnabled());
-        auto& covers = Find<RecordList>(sheet, "simple");
-        EXPECT_EQ("Bedna|skupinový|vyrobený v ČR|neplacený|dřevo|2,00|ne\n"
-                  "Čep|prodejní|dovezený do ČR|předplacený|kovy - železo FE|0,25|ne",
-                  Rows(covers));
-        EXPECT_EQ(-1, covers.SelectedRow());
-        // A double click is Next.
-        DoubleClickRow(covers, 0);
-        EXPECT_EQ(Czech("Údaje balení"), sheet.windowTitle());
-        Click(sheet, "back");
-        EXPECT_EQ(Czech("Vyberte obal"), sheet.windowTitle());
-        QTest::keyClick(&sheet, Qt::Key_Return);
-        EXPECT_EQ(Czech("Dokončit"), Find<QPushButton>(sheet, "finish").text());
-        QTest::keyClick(&sheet, Qt::Key_Return);
-    }));
-    EXPECT_EQ(1, chosenId);
-    EXPECT_FALSE(isComposite);
-    EXPECT_EQ(1, choice.type);
-    EXPECT_EQ(2, choice.origin);
-    EXPECT_EQ(0, choice.payment);
-    EXPECT_EQ("2012-07-02 00:00:00", day);
+    EXPECT_TRUE(Finishes({Tab(0), ShowsEnabled({"back"}, true),
+                          ShowsRows("simple", "Bedna|skupinový|vyrobený v ČR|neplacený|dřevo|2,00|ne\n"
+                                              "Čep|prodejní|dovezený do ČR|předplacený|kovy - železo FE|0,25|ne"),
+                          Refused(messages, "next", "Není vybrán obal !", "simple"), DoubleClicked("simple", 0),
+                          ShowsTitle("Údaje balení"), Clicked("back"), ShowsTitle("Vyberte obal"),
+                          Pressed(Qt::Key_Return), Shows("finish", "Dokončit"), Pressed(Qt::Key_Return)}));
+    EXPECT_EQ(std::pair(1, false), chosen);
+    EXPECT_EQ("1 2 0",
+              std::to_string(choice.type) + " " + std::to_string(choice.origin) + " " + std::to_string(choice.payment));
 }
 
 TEST_F(PageCoverTest, ACompositeCoverEndsTheSheetAndItsTabComesUpAgain) {
-    EXPECT_TRUE(Run([&](QWidget& sheet) {
-        Click(sheet, "next");
-        ShowTab(sheet, 1);
-        EXPECT_FALSE(Find<QPushButton>(sheet, "next").isVisible());
-        auto& composites = Find<RecordList>(sheet, "composite");
-        EXPECT_EQ("Balík|\nSada|dvě", Rows(composites));
-        messages.Expect(Czech("Není vybrán obal !"), Message::Icon::Warning);
-        Click(sheet, "finish");
-        EXPECT_EQ("composite", Focus(sheet));
-        DoubleClickRow(composites, 1);
-    }));
-    EXPECT_EQ(1, chosenId);
-    EXPECT_TRUE(isComposite);
+    EXPECT_TRUE(
+        Finishes({Tab(1), ShowsRows("composite", "Balík|\nSada|dvě"),
+                  Refused(messages, "finish", "Není vybrán obal !", "composite"), DoubleClicked("composite", 1)}));
+    EXPECT_EQ(std::pair(1, true), chosen);
     EXPECT_EQ(-1, choice.id) << "the packaging page is not asked";
 
-    EXPECT_FALSE(Run([](QWidget& sheet) {
-        Click(sheet, "next");
+    const auto composite = [](QWidget& sheet) {
         EXPECT_EQ(1, Find<QTabWidget>(sheet, "tabs").currentIndex());
         EXPECT_TRUE(Find<QPushButton>(sheet, "finish").isVisible());
-        ShowTab(sheet, 0);
-        Click(sheet, "cancel");
-    }));
+        EXPECT_FALSE(Find<QPushButton>(sheet, "next").isVisible());
+    };
+    EXPECT_FALSE(Finishes({composite, Tab(0), Clicked("cancel")}));
 }
 
 TEST_F(PageCoverTest, ACoverThatVanishedMeanwhileHandsOnNoValues) {
-    Run([&](QWidget& sheet) {
-        Click(sheet, "next");
-        ShowTab(sheet, 0);
-        Find<RecordList>(sheet, "simple").SelectRow(0);
-        folder.Sql("DELETE FROM Cover WHERE cover_id = 1");
-        Click(sheet, "next");
-        Click(sheet, "cancel");
-    });
+    Finishes({Tab(0), Chose("simple", 0), [this](QWidget&) { folder.Sql("DELETE FROM Cover WHERE cover_id = 1"); },
+              Clicked("next"), Clicked("cancel")});
     EXPECT_EQ(1, choice.id);
     EXPECT_EQ(-1, choice.type);
     EXPECT_EQ(-1, choice.payment);
 }
 
 TEST_F(PageCoverTest, EachTabIsFilledOnceAndOnlyWhenShown) {
-    Run([&](QWidget& sheet) {
-        Click(sheet, "next");
-        ShowTab(sheet, 0);
-        EXPECT_EQ(0, Find<RecordList>(sheet, "composite").RowCount());
-        folder.Sql("INSERT INTO CompCover (ccover_name) VALUES ('Xaver'); DELETE FROM Cover");
-        ShowTab(sheet, 1);
-        EXPECT_EQ(3, Find<RecordList>(sheet, "composite").RowCount());
-        ShowTab(sheet, 0);
-        EXPECT_EQ(2, Find<RecordList>(sheet, "simple").RowCount());
-        Click(sheet, "cancel");
-    });
+    Finishes({Tab(0), ShowsRows("composite", ""),
+              [this](QWidget&) { folder.Sql("DELETE FROM CompCover WHERE ccover_id = 1; DELETE FROM Cover"); }, Tab(1),
+              ShowsRows("composite", "Balík|"), Tab(0),
+              [](QWidget& sheet) { EXPECT_EQ(2, Find<RecordList>(sheet, "simple").RowCount()); }, Clicked("cancel")});
 }
 
 } // namespace
