@@ -24,8 +24,18 @@ ListSpec CoverNames() {
 
 constexpr const char* AllCovers = "SELECT * FROM Cover WHERE (deleted = FALSE)";
 
+/// A list of the covers "a", "b" and "c".
 class RecordListTest : public testing::Test {
 protected:
+    RecordListTest() {
+        for (const char* name : {"a", "b", "c"})
+            Add(name);
+    }
+    RecordList& Filled(const ListSpec& spec = CoverNames()) {
+        list = std::make_unique<RecordList>(folder.store, spec, nullptr);
+        list->FillKeeping(AllCovers, RecordList::NoId);
+        return *list;
+    }
     void Add(const char* name, int tenThousandths = 10000) {
         folder.Sql((std::string("INSERT INTO Cover (cover_name, cover_weight) VALUES ('") + name + "', " +
                     std::to_string(tenThousandths) + ")")
@@ -34,11 +44,10 @@ protected:
 
     StoreFolder folder;
     ScriptedMessages messages;
+    std::unique_ptr<RecordList> list;
 };
 
 TEST_F(RecordListTest, KeepsTheModelContractWhileRowsComeAndGo) {
-    for (const char* name : {"a", "b", "c"})
-        Add(name);
     RecordListModel model(folder.store, CoverNames().columns, "cover_id", nullptr);
     const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
     model.Show(folder.store.Query("SELECT * FROM Cover ORDER BY cover_name"));
@@ -57,14 +66,10 @@ TEST_F(RecordListTest, KeepsTheModelContractWhileRowsComeAndGo) {
 TEST_F(RecordListTest, SortsAsCzechDoes) {
     for (const char* name : {"Chata", "Čaj", "Hůl", "Cibule", "Ibis", "cena"})
         Add(name);
-    RecordList list(folder.store, CoverNames(), nullptr);
-    ASSERT_TRUE(list.FillKeeping(AllCovers, RecordList::NoId));
-    EXPECT_EQ("cena, Cibule, Čaj, Hůl, Chata, Ibis", Names(list));
+    EXPECT_EQ("a, b, c, cena, Cibule, Čaj, Hůl, Chata, Ibis", Names(Filled()));
 }
 
 TEST_F(RecordListTest, SelectsWhatAFillAskedFor) {
-    for (const char* name : {"a", "b", "c"})
-        Add(name);
     struct Case {
         ListSpec::Fallback fallback;
         std::int32_t id;
@@ -89,11 +94,9 @@ TEST_F(RecordListTest, SelectsWhatAFillAskedFor) {
 }
 
 TEST_F(RecordListTest, KeepsTheSelectionByIdOverARefill) {
-    for (const char* name : {"b", "c", "d"})
-        Add(name);
-    RecordList list(folder.store, CoverNames(), nullptr);
-    list.FillKeeping(AllCovers, 2);
-    Add("a");
+    RecordList& list = Filled();
+    list.SelectRow(1);
+    Add("0");
     list.FillKeeping(AllCovers, RecordList::KeepSelection);
     EXPECT_EQ(2, list.SelectedRow());
     EXPECT_EQ(2, list.SelectedId());
@@ -109,9 +112,9 @@ TEST_F(RecordListTest, KeepsTheSelectionByIdOverARefill) {
 TEST_F(RecordListTest, ReadsRowsWhenTheyAreSeenAndShowsThemAsFirstSeen) {
     folder.Sql("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 3000) "
                "INSERT INTO Cover (cover_name, cover_weight) SELECT printf('%05d', i), 1 FROM n");
-    RecordList list(folder.store, CoverNames(), nullptr);
+    folder.Sql("DELETE FROM Cover WHERE cover_id < 4");
+    RecordList& list = Filled();
     list.resize(300, 200);
-    list.FillKeeping(AllCovers, RecordList::NoId);
     folder.Sql("UPDATE Cover SET cover_name = 'changed'");
     EXPECT_EQ(QStringLiteral("00001"), list.CellText(0, 0));
     EXPECT_EQ(QStringLiteral("changed"), list.CellText(2500, 0)) << "was read at the fill";
@@ -120,10 +123,7 @@ TEST_F(RecordListTest, ReadsRowsWhenTheyAreSeenAndShowsThemAsFirstSeen) {
 }
 
 TEST_F(RecordListTest, RefreshesOneRowWithoutAReset) {
-    for (const char* name : {"a", "b", "c"})
-        Add(name);
-    RecordList list(folder.store, CoverNames(), nullptr);
-    list.FillKeeping(AllCovers, RecordList::NoId);
+    RecordList& list = Filled();
     const QSignalSpy resets(list.model(), &QAbstractItemModel::modelReset);
     const QSignalSpy changes(list.model(), &QAbstractItemModel::dataChanged);
     list.RefreshRow(1);
@@ -133,13 +133,16 @@ TEST_F(RecordListTest, RefreshesOneRowWithoutAReset) {
     ASSERT_EQ(1, changes.count());
     EXPECT_EQ(1, changes[0][0].toModelIndex().row());
     EXPECT_EQ(1, changes[0][1].toModelIndex().row());
+    // Reading rows leaves the current record alone.
+    CDataStore::FindFirst(list.Records(), "cover_name = 'b'");
+    list.RefreshRow(2);
+    list.CellText(2, 0);
+    EXPECT_EQ(2, list.Records()->get_AbsolutePosition());
 }
 
 TEST_F(RecordListTest, KeepsRowAndRecordTogetherWhenARowIsRemoved) {
-    for (const char* name : {"a", "b", "c", "d"})
-        Add(name);
-    RecordList list(folder.store, CoverNames(), nullptr);
-    list.FillKeeping(AllCovers, RecordList::NoId);
+    Add("d");
+    RecordList& list = Filled();
     folder.Sql("DELETE FROM Cover WHERE cover_name = 'b'");
     list.RemoveRow(1);
     EXPECT_EQ("a, c, d", Names(list));
@@ -150,26 +153,12 @@ TEST_F(RecordListTest, KeepsRowAndRecordTogetherWhenARowIsRemoved) {
     EXPECT_EQ(3, list.Records()->get_RecordCount());
 }
 
-TEST_F(RecordListTest, PaintingLeavesTheCurrentRecordAlone) {
-    for (const char* name : {"a", "b", "c"})
-        Add(name);
-    RecordList list(folder.store, CoverNames(), nullptr);
-    list.FillKeeping(AllCovers, RecordList::NoId);
-    CDataStore::FindFirst(list.Records(), "cover_name = 'b'");
-    list.RefreshRow(2);
-    list.CellText(2, 0);
-    EXPECT_EQ(2, list.Records()->get_AbsolutePosition());
-}
-
 TEST_F(RecordListTest, HeaderClicksSort) {
-    Add("b", 10000);
-    Add("a", 20000);
-    Add("c", 30000);
-    RecordList list(folder.store, CoverNames(), nullptr);
+    folder.Sql("UPDATE Cover SET cover_weight = CASE cover_name WHEN 'b' THEN 1 WHEN 'a' THEN 2 ELSE 3 END");
+    RecordList& list = Filled();
     list.resize(400, 200);
     list.show();
     QObject::connect(&list, &RecordList::sortChanged, [&] { list.FillKeeping(AllCovers, RecordList::KeepSelection); });
-    list.FillKeeping(AllCovers, RecordList::NoId);
     struct Case {
         int click;
         const char* order;
@@ -185,16 +174,13 @@ TEST_F(RecordListTest, HeaderClicksSort) {
         EXPECT_EQ(each.order, Names(list));
         EXPECT_EQ(each.click, list.horizontalHeader()->sortIndicatorSection());
         EXPECT_EQ(each.mark, list.horizontalHeader()->sortIndicatorOrder());
-        EXPECT_EQ(2, list.SelectedId());
+        EXPECT_EQ(1, list.SelectedId());
     }
 }
 
 TEST_F(RecordListTest, AFailedFillIsShownAndKeepsWhatWasFilled) {
-    for (const char* name : {"a", "b", "c"})
-        Add(name);
     messages.AcceptAny();
-    RecordList list(folder.store, CoverNames(), nullptr);
-    list.FillKeeping(AllCovers, RecordList::NoId);
+    RecordList& list = Filled();
     EXPECT_FALSE(list.FillKeeping("SELECT * FROM Cover WHERE cover_name = 'it's'", RecordList::KeepSelection));
     EXPECT_EQ(0, list.RowCount());
     ASSERT_EQ(1u, messages.Shown().size());
@@ -213,14 +199,11 @@ TEST_F(RecordListTest, AFailedFillIsShownAndKeepsWhatWasFilled) {
 }
 
 TEST_F(RecordListTest, AnErrorWhilePaintingIsShownOnceAndAfterwards) {
-    for (const char* name : {"a", "b"})
-        Add(name);
     ListSpec spec = CoverNames();
     spec.columns[1].text = [](const CDataStore&, const CRecordset&) -> QString {
         throw ComError("test", {}, ResultCode::Corrupt, QStringLiteral("vadný"));
     };
-    RecordList list(folder.store, spec, nullptr);
-    list.FillKeeping(AllCovers, RecordList::NoId);
+    RecordList& list = Filled(spec);
     list.CellText(0, 0);
     list.CellText(1, 0);
     messages.Expect(QStringLiteral("Došlo k chybě COM č.0x80070570\n\nvadný"), Message::Icon::Error);
@@ -228,8 +211,6 @@ TEST_F(RecordListTest, AnErrorWhilePaintingIsShownOnceAndAfterwards) {
 }
 
 TEST_F(RecordListTest, AVanishedOrClosedRecordPaintsAnEmptyRowInSilence) {
-    for (const char* name : {"a", "b"})
-        Add(name);
     RecordListModel model(folder.store, CoverNames().columns, "cover_id", nullptr);
     model.Show(folder.store.Query(AllCovers));
     folder.Sql("DELETE FROM Cover WHERE cover_name = 'a'");
@@ -241,11 +222,8 @@ TEST_F(RecordListTest, AVanishedOrClosedRecordPaintsAnEmptyRowInSilence) {
 }
 
 TEST_F(RecordListTest, KeysWalkTheRows) {
-    for (const char* name : {"a", "b", "c"})
-        Add(name);
-    RecordList list(folder.store, CoverNames(), nullptr);
+    RecordList& list = Filled();
     list.show();
-    list.FillKeeping(AllCovers, RecordList::NoId);
     const QSignalSpy told(&list, &RecordList::rowsSelected);
     QTest::keyClick(&list, Qt::Key_End);
     EXPECT_EQ(2, list.SelectedRow());
