@@ -32,6 +32,17 @@ QString Summary(const char* status, int products, int documents) {
         .arg(documents);
 }
 
+/// What is done twice in a row: the answers in the window, what `kuvelctl` is told (null for nothing), and
+/// what the summaries count.
+struct Policy {
+    const char* radio;
+    std::vector<const char*> first;
+    std::vector<const char*> second;
+    const char* existing;
+    int products[2];
+    int documents[2];
+};
+
 /// The main window with its commands, beside a second company that the command-line program works on.
 struct Imports : testing::Test {
     StoreFolder other;
@@ -62,11 +73,37 @@ struct Imports : testing::Test {
     void ExpectSummary(const QString& text) { window.messages.Expect(text, Message::Icon::Information); }
     std::vector<ViewMessage> TakeNews() const { return std::exchange(window.View().received, {}); }
 
-    static std::string AllOf(const StoreFolder& folder) {
-        std::string all;
-        for (const char* const table : {"Product", "Move", "Move_Prod", "Move_Cover"})
-            all += folder.AskAll(("SELECT * FROM " + std::string(table)).c_str()) + "\n";
-        return all;
+    /// Imports twice in a row, each time in the window and, into the second company, by `kuvelctl`; both write the
+    /// same.
+    void ExpectSame(Command command, const std::function<void(QWidget&)>& source, const std::vector<Policy>& policies,
+                    const std::function<CtlResult(const char* existing)>& run) {
+        for (const Policy& policy : policies) {
+            SCOPED_TRACE(policy.radio);
+            for (const StoreFolder* folder : {&window.f, &other}) {
+                folder->Sql("DELETE FROM Move; DELETE FROM Move_Prod; DELETE FROM Move_Cover; DELETE FROM Product;"
+                            "DELETE FROM Prod_Cover; DELETE FROM Prod_CoverDT");
+                folder->Sql(Packaging);
+            }
+            TakeNews();
+            for (const int time : {0, 1}) {
+                const QString summary =
+                    Summary("Import dokončen úspěšně!", policy.products[time], policy.documents[time]);
+                ExpectSummary(summary);
+                Import(
+                    command, source, [&](QWidget& sheet) { Click(sheet, policy.radio); },
+                    time == 0 ? policy.first : policy.second);
+                std::vector<ViewMessage> news;
+                if (policy.products[time] > 0)
+                    news.push_back(ViewMessage::WM_PRODUCTS_CHANGED);
+                if (policy.documents[time] > 0)
+                    news.push_back(ViewMessage::WM_MOVES_CHANGED);
+                EXPECT_EQ(news, TakeNews());
+                if (policy.existing == nullptr)
+                    continue;
+                EXPECT_EQ(summary + u'\n', run(policy.existing).output);
+                EXPECT_EQ(AllRows(other), AllRows(window.f));
+            }
+        }
     }
 };
 
@@ -101,58 +138,20 @@ struct MoneyImports : Imports {
     static void ChooseYear(QWidget& sheet) { QTest::keyClick(&Find<QTreeWidget>(sheet, "agendaList"), Qt::Key_Down); }
 };
 
-/// What is done twice in a row: the answers in the window, and what `kuvelctl` is told.
-struct Policy {
-    const char* radio;
-    std::vector<const char*> first;
-    std::vector<const char*> second;
-    const char* existing;
-    int firstProducts;
-    int firstDocuments;
-    int secondProducts;
-    int secondDocuments;
-};
-
 TEST_F(MoneyImports, BothWaysWriteTheSame) {
-    const Policy policies[] = {
-        {"overwriteRadio", {}, {}, "overwrite", 4, 3, 3, 3},
-        {"keepRadio", {}, {}, "keep", 3, 3, 0, 0},
-        {"askRadio", {"yesButton"}, {"yesToAllButton", "yesToAllButton"}, "overwrite", 4, 3, 3, 3},
-        {"askRadio", {"noButton"}, {"noToAllButton", "noToAllButton"}, "keep", 3, 3, 0, 0},
-    };
-    for (const Policy& policy : policies) {
-        const std::string name = std::string(policy.radio) + " " + policy.existing;
-        for (const StoreFolder* folder : {&window.f, &other}) {
-            folder->Sql("DELETE FROM Move; DELETE FROM Move_Prod; DELETE FROM Move_Cover; DELETE FROM Product;"
-                        "DELETE FROM Prod_Cover; DELETE FROM Prod_CoverDT");
-            folder->Sql(Packaging);
-        }
-        TakeNews();
-        for (const bool second : {false, true}) {
-            const int products = second ? policy.secondProducts : policy.firstProducts;
-            const int documents = second ? policy.secondDocuments : policy.firstDocuments;
-            ExpectSummary(Summary("Import dokončen úspěšně!", products, documents));
-            Import(
-                Command::ID_IMPORT_MONEY, ChooseYear, [&](QWidget& sheet) { Click(sheet, policy.radio); },
-                second ? policy.second : policy.first);
-            std::vector<ViewMessage> news;
-            if (products > 0)
-                news.push_back(ViewMessage::WM_PRODUCTS_CHANGED);
-            if (documents > 0)
-                news.push_back(ViewMessage::WM_MOVES_CHANGED);
-            EXPECT_EQ(news, TakeNews()) << name;
-
-            CKuvelctl program(other.folder.Path());
-            program.SetVariable("KUVEL_DRIVES", money.Path({}));
-            const CtlResult run = program.RunBare({"--home", other.folder.Path(), "import", "money",
-                                                   QStringLiteral("D:\\Data\\Agenda.001\\Rok.2012"), "--existing",
-                                                   QString::fromLatin1(policy.existing)});
-            EXPECT_EQ(Summary("Import dokončen úspěšně!", products, documents) + u'\n', run.output) << name;
-            EXPECT_EQ(AllOf(other), AllOf(window.f)) << name;
-            EXPECT_EQ("4|3", window.f.AskAll("SELECT (SELECT count(*) FROM Move_Prod), count(*) FROM Move_Cover"))
-                << name;
-        }
-    }
+    CKuvelctl program(other.folder.Path());
+    program.SetVariable("KUVEL_DRIVES", money.Path({}));
+    ExpectSame(Command::ID_IMPORT_MONEY, ChooseYear,
+               {{"overwriteRadio", {}, {}, "overwrite", {4, 3}, {3, 3}},
+                {"keepRadio", {}, {}, "keep", {3, 0}, {3, 0}},
+                {"askRadio", {"yesButton"}, {"yesToAllButton", "yesToAllButton"}, "overwrite", {4, 3}, {3, 3}},
+                {"askRadio", {"noButton"}, {"noToAllButton", "noToAllButton"}, "keep", {3, 0}, {3, 0}}},
+               [&](const char* existing) {
+                   return program.RunBare({"--home", other.folder.Path(), "import", "money",
+                                           QStringLiteral("D:\\Data\\Agenda.001\\Rok.2012"), "--existing",
+                                           QString::fromLatin1(existing)});
+               });
+    EXPECT_EQ("4|3", window.f.AskAll("SELECT (SELECT count(*) FROM Move_Prod), count(*) FROM Move_Cover"));
     // The document phase turns the countries to upper case, and so they are stored.
     EXPECT_TRUE(DecodeWindows1250(FileBytes(window.f.folder.File("kuvel.ini")))
                     .contains(QStringLiteral("Neexportni zeme=;ČESKÁ REPUBLIKA ;ČR\r\n")));
@@ -168,7 +167,7 @@ TEST_F(MoneyImports, WithoutItsComponentNoWizardComes) {
 }
 
 TEST_F(MoneyImports, WhatEndsWithoutASummaryTellsNobody) {
-    const std::string before = AllOf(window.f);
+    const std::string before = AllRows(window.f);
     {
         Steps steps;
         steps.Then([](QWidget& sheet) { QTest::keyClick(&sheet, Qt::Key_Escape); });
@@ -180,7 +179,7 @@ TEST_F(MoneyImports, WhatEndsWithoutASummaryTellsNobody) {
         Message::Icon::Error);
     Import(Command::ID_IMPORT_MONEY, ChooseYear, [](QWidget& sheet) { Click(sheet, "askRadio"); });
     EXPECT_TRUE(TakeNews().empty());
-    EXPECT_EQ(before, AllOf(window.f));
+    EXPECT_EQ(before, AllRows(window.f));
     EXPECT_TRUE(FileBytes(window.f.folder.File("kuvel.ini")).contains("Existujici zaznamy=2"));
     EXPECT_TRUE(window.frame->isEnabled());
 }
@@ -281,11 +280,6 @@ struct WakImports : Imports {
 };
 
 TEST_F(WakImports, BothWaysWriteTheSame) {
-    const Policy policies[] = {
-        {"overwriteRadio", {}, {}, "overwrite", 4, 2, 3, 2},
-        {"keepRadio", {}, {}, "keep", 3, 2, 0, 0},
-        {"askRadio", {"noButton"}, {"yesToAllButton", "noToAllButton"}, nullptr, 3, 2, 3, 0},
-    };
     WakOptions options;
     options.server = server.Name();
     options.database = "wak";
@@ -295,31 +289,17 @@ TEST_F(WakImports, BothWaysWriteTheSame) {
         ASSERT_TRUE(options.Write());
         g_strAppDir = before;
     }
-    for (const Policy& policy : policies) {
-        for (const StoreFolder* folder : {&window.f, &other}) {
-            folder->Sql("DELETE FROM Move; DELETE FROM Move_Prod; DELETE FROM Move_Cover; DELETE FROM Product;"
-                        "DELETE FROM Prod_Cover; DELETE FROM Prod_CoverDT");
-            folder->Sql(Packaging);
-        }
-        for (const bool second : {false, true}) {
-            const QString summary =
-                Summary("Import dokončen úspěšně!", second ? policy.secondProducts : policy.firstProducts,
-                        second ? policy.secondDocuments : policy.firstDocuments);
-            ExpectSummary(summary);
-            Import(
-                Command::ID_IMPORT_WAK, [this](QWidget& sheet) { Connect(sheet); },
-                [&](QWidget& sheet) { Click(sheet, policy.radio); }, second ? policy.second : policy.first);
-            EXPECT_EQ("EXEC DoklSkl_Pre '20120401', '20120630'", server.TakeStatements().back());
-            if (policy.existing == nullptr)
-                continue;
-            const CtlResult run =
-                CKuvelctl(other.folder.Path())
-                    .RunBare({"--home", other.folder.Path(), "import", "wak", "--existing",
-                              QString::fromLatin1(policy.existing), "--from", "2012-04-01", "--to", "2012-06-30"});
-            EXPECT_EQ(summary + u'\n', run.output) << run.errors.toStdString();
-            EXPECT_EQ(AllOf(other), AllOf(window.f)) << policy.radio;
-        }
-    }
+    ExpectSame(
+        Command::ID_IMPORT_WAK, [this](QWidget& sheet) { Connect(sheet); },
+        {{"overwriteRadio", {}, {}, "overwrite", {4, 3}, {2, 2}},
+         {"keepRadio", {}, {}, "keep", {3, 0}, {2, 0}},
+         {"askRadio", {"noButton"}, {"yesToAllButton", "noToAllButton"}, nullptr, {3, 3}, {2, 0}}},
+        [&](const char* existing) {
+            return CKuvelctl(other.folder.Path())
+                .RunBare({"--home", other.folder.Path(), "import", "wak", "--existing", QString::fromLatin1(existing),
+                          "--from", "2012-04-01", "--to", "2012-06-30"});
+        });
+    EXPECT_EQ("EXEC DoklSkl_Pre '20120401', '20120630'", server.TakeStatements().back());
     EXPECT_EQ("3", window.f.Ask("SELECT count(*) FROM Move_Prod"));
 }
 
