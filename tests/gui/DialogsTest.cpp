@@ -28,14 +28,10 @@ TEST(OptionsDlg, OkTakesTheChecksAndStornoDoesNot) {
     options.coversToComposites = 7; // any number but 0 is on
     for (const char* const button : {"cancelButton", "okButton"}) {
         COptionsDlg dialog(options, nullptr);
-        EXPECT_EQ("Možnosti ", dialog.windowTitle().toStdString());
-        EXPECT_TRUE(Find<QCheckBox>(dialog, "coversToCompositesCheck").isChecked());
-        EXPECT_FALSE(Find<QCheckBox>(dialog, "coversToIssuesCheck").isChecked());
         dialog.show();
-        QTest::keyClick(&Find<QCheckBox>(dialog, "coversToIssuesCheck"), Qt::Key_Space);
-        QTest::keyClick(&Find<QCheckBox>(dialog, "packagingToIssuesCheck"), Qt::Key_Space);
-        QTest::keyClick(&Find<QCheckBox>(dialog, "coversToPackagingCheck"), Qt::Key_Space);
-        Click(dialog, button);
+        InTurn({ShowsTitle("Možnosti "), Shows("coversToCompositesCheck", "ano"), Shows("coversToIssuesCheck", "ne"),
+                Clicked("coversToIssuesCheck"), Clicked("packagingToIssuesCheck"), Clicked("coversToPackagingCheck"),
+                Clicked(button)})(dialog);
         const bool taken = button[0] == 'o';
         EXPECT_EQ(taken, options.coversToIssues != 0);
         EXPECT_EQ(!taken, options.packagingToIssues != 0);
@@ -67,8 +63,8 @@ TEST_F(BackupDlg, BackupGoesToTodaysNameAndRestoreComesFromTheLastOne) {
     auto dialog = Open(CBackupDlg::Mode::Backup);
     EXPECT_EQ("Záloha dat", dialog->windowTitle().toStdString());
     EXPECT_EQ("Zálohovat do souboru:", Find<QLabel>(*dialog, "pathLabel").text().toStdString());
-    EXPECT_EQ("Vytvořit zálohu", Find<QPushButton>(*dialog, "actionButton").text().toStdString());
-    EXPECT_EQ(target, Find<QLineEdit>(*dialog, "pathEdit").text());
+    EXPECT_EQ("Vytvořit zálohu", ShownBy(*dialog, "actionButton"));
+    EXPECT_EQ(target.toStdString(), ShownBy(*dialog, "pathEdit"));
     messages.Expect(QStringLiteral("Záloha '%1' byla úspěšně vytvořena!").arg(target), Message::Icon::Information);
     QTest::keyClick(dialog.get(), Qt::Key_Return);
     EXPECT_FALSE(dialog->isVisible());
@@ -77,8 +73,8 @@ TEST_F(BackupDlg, BackupGoesToTodaysNameAndRestoreComesFromTheLastOne) {
     f.Sql("INSERT INTO TmpID VALUES (5)");
     dialog = Open(CBackupDlg::Mode::Restore);
     EXPECT_EQ("Obnovit ze souboru:", Find<QLabel>(*dialog, "pathLabel").text().toStdString());
-    EXPECT_EQ("Obnovit zálohu", Find<QPushButton>(*dialog, "actionButton").text().toStdString());
-    EXPECT_EQ(target, Find<QLineEdit>(*dialog, "pathEdit").text());
+    EXPECT_EQ("Obnovit zálohu", ShownBy(*dialog, "actionButton"));
+    EXPECT_EQ(target.toStdString(), ShownBy(*dialog, "pathEdit"));
     messages.Expect(QStringLiteral("Data za zálohy '%1' byla obnovena!").arg(target), Message::Icon::Information);
     Click(*dialog, "actionButton");
     EXPECT_FALSE(dialog->isVisible());

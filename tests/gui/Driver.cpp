@@ -140,7 +140,9 @@ std::string ShownBy(QWidget& dialog, const char* control) {
         return date->text().toStdString();
     if (const auto* line = qobject_cast<QLineEdit*>(&widget))
         return line->text().toStdString();
-    return Find<QLineEdit>(widget, "").text().toStdString();
+    // What holds an edit: a spin box.
+    const auto* inner = widget.findChild<QLineEdit*>();
+    return inner != nullptr ? inner->text().toStdString() : "no text in " + std::string(control);
 }
 
 std::string TakeMenu() {

@@ -17,8 +17,7 @@ struct ReportDlg : testing::Test {
     ScriptedMessages messages;
 
     static std::string Period(QWidget& dialog) {
-        return Find<CNumberSpin>(dialog, "quarterSpin").text().toStdString() + "/" +
-               Find<CNumberSpin>(dialog, "yearSpin").text().toStdString();
+        return ShownBy(dialog, "quarterSpin") + "/" + ShownBy(dialog, "yearSpin");
     }
     static void Type(QWidget& dialog, const char* spin, const char* text) {
         auto& field = Find<CNumberSpin>(dialog, spin);
