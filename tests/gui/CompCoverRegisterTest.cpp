@@ -35,6 +35,7 @@ TEST_F(CompCoverRegisterTest, NothingIsStoredBeforeOk) {
                      "Čep|0,75|1,00|0,50|9,90|prodejní|dovezený do ČR|předplacený"),
           Typed("name", "Jinak"), Chose("items", 0),
           [](QWidget& dialog) { QTest::keyClick(&Find<RecordList>(dialog, "items"), Qt::Key_Delete); },
+          Opening("button32790", {Typed("covers", "9"), Clicked("cancel")}),
           ShowsItems("Čep|0,75|1,00|0,50|9,90|prodejní|dovezený do ČR|předplacený"), Clicked("button32792"),
           ShowsItems(""), Clicked("cancel")});
     EXPECT_EQ(stored, AllRows(folder));

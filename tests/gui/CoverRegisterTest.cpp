@@ -126,12 +126,15 @@ TEST_F(CoverRegisterTest, AddsAndEditsADiscard) {
               folder.AskAll(AllDiscards));
     EXPECT_EQ("02.07.2012|energeticky využito|1,00", Rows(List("discards")));
     EXPECT_EQ(3, List("discards").SelectedId());
+    Do(ID_DETAIL_ADD, {Dated("date", {2012, 1, 1}), Typed("quantity", "1"), Clicked("finish")});
+    EXPECT_EQ(4, List("discards").SelectedId());
 
     ClickRow(List("covers"), 0);
     ClickRow(List("discards"), 1);
     Do(ID_DETAIL_EDIT, {Shows("quantity", "3"), Shows("weight", "6"), Shows("way0", "ano"), Typed("quantity", "0,5"),
                         Clicked("way1"), Dated("date", {2012, 6, 1}), Clicked("finish")});
-    EXPECT_EQ("1|1|2012-06-01_00:00:00|5000|1 2|1|2012-03-01_00:00:00|10000|2 3|2|2012-07-02_00:00:00|40000|0",
+    EXPECT_EQ("1|1|2012-06-01_00:00:00|5000|1 2|1|2012-03-01_00:00:00|10000|2 3|2|2012-07-02_00:00:00|40000|0 "
+              "4|2|2012-01-01_00:00:00|10000|2",
               folder.AskAll(AllDiscards));
     EXPECT_EQ(1, List("discards").SelectedId());
 }

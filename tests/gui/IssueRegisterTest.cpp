@@ -144,13 +144,14 @@ TEST_F(IssueRegisterTest, EditingAQuantityPutsBackTheComputedCovers) {
 }
 
 TEST_F(IssueRegisterTest, ACoverAddedByHandTakesTheCoversValues) {
+    folder.Sql("UPDATE Cover SET cover_org = 2, cover_pay = 0 WHERE cover_id = 2");
     Do(ID_SUBDETAIL_ADD,
        {ChoseCover(1), ShowsTitle("Zadejte množství"), ShowsFocus("covers"), Shows("weight", "2"),
         Shows("material", "papír"), Shows("stat", "paleta prostá (ČSN 269111)"), Shows("reusable", "ano"),
         Shows("type", "skupinový"), ShowsEnabled({"type", "origin", "payment", "reusable", "stat", "material"}, false),
         Typed("covers", "0"), IsRefused("finish", "Množství obalu musí být větší než 0", "covers"),
         Typed("weight", "5"), Shows("covers", "2,5"), Clicked("finish")});
-    EXPECT_EQ(std::string(Before) + " 1|1|2|25000|1|1|2", Stored());
+    EXPECT_EQ(std::string(Before) + " 1|1|2|25000|1|2|0", Stored());
     EXPECT_EQ(3, List("issuedCovers").RowCount());
 }
 

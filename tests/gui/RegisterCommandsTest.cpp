@@ -264,6 +264,7 @@ TEST(RegisterCommands, DeleteTheSelectedRowsAndWhatHangsOnThem) {
         EXPECT_EQ(each.left, opened.folder.AskAll(each.ask));
         EXPECT_EQ(rows - 2, master.RowCount());
         EXPECT_EQ(rows > 2 ? 0 : -1, master.SelectedRow());
+        EXPECT_EQ("2", opened.folder.Ask("SELECT count(*) FROM TmpID")) << "what an earlier deletion left went first";
         opened.ExpectTold(0);
     }
 }
