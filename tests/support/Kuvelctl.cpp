@@ -58,8 +58,10 @@ void CKuvelctl::Prepare(QProcess& process, const QStringList& arguments) const {
     }
 }
 
-CtlResult CKuvelctl::Finish(QProcess& process) {
+CtlResult CKuvelctl::Finish(QProcess& process, const QByteArray& input) {
     process.start();
+    process.write(input);
+    process.closeWriteChannel();
     EXPECT_TRUE(process.waitForFinished(60'000)) << process.errorString().toStdString();
     return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
             QString::fromUtf8(process.readAllStandardOutput()), QString::fromUtf8(process.readAllStandardError())};

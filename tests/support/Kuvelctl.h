@@ -28,8 +28,8 @@ public:
 
     /// A process set up as `Run` does, not yet started.
     void Prepare(QProcess& process, const QStringList& arguments) const;
-    /// Starts it and waits for the end.
-    static CtlResult Finish(QProcess& process);
+    /// Starts it, gives it the input and waits for the end.
+    static CtlResult Finish(QProcess& process, const QByteArray& input = {});
 
 private:
     QString m_home;
