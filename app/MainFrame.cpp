@@ -174,7 +174,7 @@ void CMainFrame::RunCommand(Command command) {
     });
     UpdateCommands();
     // When a box and the dialog under it close at once, some desktops leave no window active.
-    if (wasActive && isVisible() && !isActiveWindow())
+    if (wasActive && isVisible() && QApplication::activeWindow() == nullptr)
         activateWindow();
 }
 

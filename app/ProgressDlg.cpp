@@ -28,22 +28,17 @@ void CProgressDlg::Create(QWidget* owner) {
     m_owner = owner == nullptr ? nullptr : owner->window();
     if (m_owner != nullptr) {
         // In this order: disabling a window disables the windows that are its children already.
-        if (m_owner->isEnabled()) {
-            m_ownerFocus = m_owner->focusWidget();
-            m_owner->setEnabled(false);
-            m_ownerWasDisabled = true;
-        }
+        if (m_owner->isEnabled())
+            m_disabledOwner.emplace(*m_owner);
         setParent(m_owner, windowFlags());
     }
     m_showTimer.start();
 }
 
 void CProgressDlg::EnableOwner() {
-    if (!m_ownerWasDisabled || m_owner == nullptr)
+    if (!m_disabledOwner || m_owner == nullptr)
         return;
-    m_owner->setEnabled(true);
-    if (m_ownerFocus != nullptr)
-        m_ownerFocus->setFocus();
+    m_disabledOwner.reset();
     if (isActiveWindow())
         m_owner->activateWindow();
 }

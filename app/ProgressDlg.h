@@ -1,5 +1,6 @@
 #pragma once
 
+#include "registers/DisabledWindow.h"
 #include "store/Progress.h"
 
 #include <QDialog>
@@ -7,6 +8,7 @@
 #include <QTimer>
 
 #include <memory>
+#include <optional>
 
 namespace Ui {
 class ProgressDlg;
@@ -47,8 +49,7 @@ private:
     std::unique_ptr<Ui::ProgressDlg> m_ui;
     QTimer m_showTimer;
     QPointer<QWidget> m_owner;
-    QPointer<QWidget> m_ownerFocus;
     bool m_showCancel;
     bool m_cancelRequested = false;
-    bool m_ownerWasDisabled = false;
+    std::optional<CDisabledWindow> m_disabledOwner;
 };

@@ -2,15 +2,20 @@
 #include "bench/support/BenchFolder.h"
 #include "bench/support/Pairs.h"
 
+#include "registers/Beep.h"
+#include "registers/FindRequest.h"
 #include "registers/RecordList.h"
 #include "registers/ViewCover.h"
 #include "store/DataStore.h"
 #include "store/Messages.h"
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QScrollBar>
+#include <QTimer>
 
 #include <algorithm>
+#include <optional>
 #include <vector>
 
 namespace {
@@ -40,6 +45,9 @@ struct ShownRegister {
         view->InitialUpdate();
         view->show();
         view->grab();
+    }
+    void Ask(FindMode mode, const QString& find, bool partial, const QString& replace = {}) const {
+        view->FindReplace({mode, "cover_name", find, replace, partial});
     }
     RecordList& Covers() const { return *view->findChild<RecordList*>(QStringLiteral("covers")); }
 };
@@ -97,6 +105,64 @@ void DeleteMany() {
     Measure({"register-delete", 2, 5, [&] { folder.Restore(); }, program, [&] { Plain(folder, plain); }});
 }
 
+void FindLast() {
+    const BenchFolder folder;
+    FillCovers(folder, Sized(1000000));
+    const ShownRegister shown;
+    const int last = shown.Covers().RowCount() - 1;
+    const QString name = shown.Covers().CellText(last, 0);
+    const QString part = name.mid(2);
+    for (const bool partial : {false, true}) {
+        const QString text = partial ? part : name;
+        // What was found last is not searched for again; another text in between makes it a search of its own.
+        const auto prepare = [&] { shown.Ask(FindMode::FindNext, QStringLiteral("nothing"), false); };
+        const auto program = [&] {
+            shown.Ask(FindMode::FindNext, text, partial);
+            if (shown.Covers().SelectedRow() != last)
+                std::abort();
+        };
+        const auto plain = [&](sqlite3* db) { plain_find(db, text.toUtf8().constData(), partial ? 1 : 0); };
+        Measure(
+            {partial ? "find-last-part" : "find-last-whole", 2, 7, prepare, program, [&] { Plain(folder, plain); }});
+    }
+}
+
+void ReplaceMany() {
+    const BenchFolder folder;
+    FillCovers(folder, Sized(100000));
+    folder.Keep();
+    std::optional<ShownRegister> shown;
+    const auto prepare = [&] {
+        shown.reset();
+        folder.Restore();
+        shown.emplace();
+    };
+    const auto program = [&] {
+        shown->Ask(FindMode::ReplaceAll, QStringLiteral("Obal"), true, QStringLiteral("Kus"));
+        if (!shown->Covers().CellText(0, 0).startsWith(QStringLiteral("Kus")))
+            std::abort();
+    };
+    prepare();
+    std::vector<std::int64_t> covers;
+    for (int row = 0; row < shown->Covers().RowCount(); ++row)
+        covers.push_back(shown->Covers().Id(row));
+    // In the order of the list too, so that each commit has the same rows.
+    const auto plain = [&](sqlite3* db) { plain_replace(db, covers.data(), covers.size(), "Obal", "Kus"); };
+    Measure({"replace-all", 2, 7, prepare, program, [&] { Plain(folder, plain); }});
+
+    // The longest time that the window did not look at what the desktop wants of it.
+    prepare();
+    QElapsedTimer since;
+    qint64 longest = 0;
+    QTimer looked;
+    QObject::connect(&looked, &QTimer::timeout, [&] { longest = std::max(longest, since.restart()); });
+    looked.start(0);
+    since.start();
+    program();
+    longest = std::max(longest, since.elapsed());
+    Report("replace-all-longest-pause", static_cast<double>(longest), 200, "ms");
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -105,7 +171,10 @@ int main(int argc, char** argv) {
     const QApplication app(argc, argv);
     YesDoor yes;
     SetMessageDoor(&yes);
+    SetBeep([] {});
     ShowMillion();
     DeleteMany();
+    FindLast();
+    ReplaceMany();
     SetMessageDoor(nullptr);
 }

@@ -1,6 +1,8 @@
 #include "registers/ListRegisterView.h"
 
 #include "registers/CommandTexts.h"
+#include "registers/FindInList.h"
+#include "registers/FindReplaceDlg.h"
 #include "registers/Guarded.h"
 #include "registers/IconButton.h"
 #include "registers/RegisterTexts.h"
@@ -68,6 +70,8 @@ ListRegisterView::ListRegisterView(CDataStore& store, IBroadcaster& broadcaster,
         connect(&Detail(), &RecordList::rowsSelected, this, [this] { FillSubdetail(); });
     On(Command::ID_RECORD_REFRESH, [this] { FillMaster(); });
     On(Command::ID_RECORD_DELETE, [this] { DeleteMaster(); });
+    On(Command::ID_RECORD_FIND, [this] { OpenFind(FindMode::FindNext); });
+    On(Command::ID_RECORD_REPLACE, [this] { OpenFind(FindMode::Replace); });
     setFocusProxy(&Master());
 }
 
@@ -108,6 +112,21 @@ void ListRegisterView::Run(Command command) {
 void ListRegisterView::Receive(ViewMessage message) {
     if (message == ViewMessage::Refresh)
         FillMaster();
+}
+
+std::vector<std::string> ListRegisterView::FindFields() const {
+    return {m_spec.findFields.begin(), m_spec.findFields.end()};
+}
+
+void ListRegisterView::FindReplace(const FindRequest& request) {
+    Guarded([&] { CarryOut(request, Store(), Master()); });
+}
+
+void ListRegisterView::OpenFind(FindMode mode) {
+    const RecordList& sorted = m_spec.findFirstLevel == 0 ? Master() : Subdetail();
+    const auto column = static_cast<std::size_t>(sorted.SortColumn());
+    const char* first = column < m_spec.findFirst.size() ? m_spec.findFirst[column] : nullptr;
+    CFindReplaceDlg::Open(*this, first != nullptr ? first : "", mode);
 }
 
 void ListRegisterView::EnableDetails() {

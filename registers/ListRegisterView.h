@@ -19,6 +19,13 @@ struct RegisterSpec {
     /// Null for a third list without a title.
     const char* subdetailTitle = nullptr;
 
+    /// The fields that can be searched in the master list.
+    std::vector<const char*> findFields;
+    /// The field that a search begins with, by the column that a list is sorted by; null, or none, for no field.
+    std::vector<const char*> findFirst;
+    /// Which list that is: 0 the master list, 2 the third.
+    int findFirstLevel = 0;
+
     /// Edit or delete without a master row.
     const char* nothingSelected = "";
     const char* deleteQuestion = "";
@@ -40,6 +47,8 @@ public:
     void Run(Command command) override;
     /// Refresh. Registers that know more messages extend it.
     void Receive(ViewMessage message) override;
+    std::vector<std::string> FindFields() const override;
+    void FindReplace(const FindRequest& request) override;
 
 protected:
     static constexpr std::int32_t KeepSelection = RecordList::KeepSelection;
@@ -107,6 +116,7 @@ private:
     void OnMasterSelection();
     void ShowMenu(int level, const QPoint& screen, bool onRow);
     void RefillLevel(int level);
+    void OpenFind(FindMode mode);
     /// The row's record as the current one of the master's recordset; otherwise tells that it vanished and takes the
     /// row out of the list.
     bool LocateMaster(int row, std::int32_t id);

@@ -187,6 +187,10 @@ void RecordList::SelectRow(int row) {
     horizontalScrollBar()->setValue(column);
 }
 
+void RecordList::DeselectAll() {
+    selectionModel()->clear();
+}
+
 const RecordsetPtr& RecordList::Records() const {
     if (!m_records)
         throw ComError("recordset", {}, ResultCode::ObjectClosed, QStringLiteral("Sada záznamů není otevřena."));

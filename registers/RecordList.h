@@ -41,10 +41,13 @@ public:
     int RowCount() const { return m_model->rowCount(); }
     /// Scrolls to the row and makes it the only selected one, and the focused one.
     void SelectRow(int row);
+    /// No row is selected or focused; the list stays where it is scrolled to.
+    void DeselectAll();
 
     /// The open recordset of a list filled by `FillKeeping`; record i is row i. Raises ComError before the first fill.
     const RecordsetPtr& Records() const;
     void RefreshRow(int row) { m_model->RefreshRow(row); }
+    void RefreshAllRows() { m_model->RefreshAllRows(); }
     /// Takes the row out of the list (and its record out of the recordset).
     void RemoveRow(int row);
 

@@ -98,6 +98,13 @@ void RecordListModel::RefreshRow(int row) {
     emit dataChanged(index(row, 0), index(row, columnCount() - 1));
 }
 
+void RecordListModel::RefreshAllRows() {
+    if (m_rows == 0 || !m_records)
+        return;
+    m_texts.clear();
+    emit dataChanged(index(0, 0), index(m_rows - 1, columnCount() - 1));
+}
+
 void RecordListModel::RemoveRow(int row) {
     if (row < 0 || row >= m_rows)
         return;

@@ -30,6 +30,7 @@ public:
     int RowOf(std::int32_t id) const;
     /// Reads the row again when it is painted next.
     void RefreshRow(int row);
+    void RefreshAllRows();
     /// Takes a row out of the list and of its keyset. Raises ComError when the keyset was closed meanwhile.
     void RemoveRow(int row);
 

@@ -1,8 +1,11 @@
 #pragma once
 
 #include "registers/Commands.h"
+#include "registers/FindRequest.h"
 
 #include <QWidget>
+
+#include <vector>
 
 class CDataStore;
 class CRegisterView;
@@ -37,6 +40,10 @@ public:
     virtual void Run(Command command) = 0;
     /// A message that the register does not know is ignored.
     virtual void Receive(ViewMessage message) = 0;
+    /// The fields that the find-and-replace window may search here.
+    virtual std::vector<std::string> FindFields() const { return {}; }
+    /// One request of that window, carried out on the master list before it returns. Errors are shown.
+    virtual void FindReplace(const FindRequest&) {}
 
 protected:
     CDataStore& Store() const { return m_store; }

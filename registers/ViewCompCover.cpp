@@ -20,6 +20,8 @@ RegisterSpec CompositeRegister() {
     spec.master.defaultSort = "ccover_name";
     spec.master.multiSelection = true;
     spec.masterTitle = "Složené kuvel";
+    spec.findFields = {"ccover_name", "ccover_note"};
+    spec.findFirst = {"ccover_name", "ccover_note"};
     spec.nothingSelected = Text::NoCover;
     spec.deleteQuestion = Text::DeleteCovers;
     spec.deleteStatements = {"DELETE FROM CompCover_Item WHERE ccover_id IN (SELECT id FROM TmpID)",

@@ -44,6 +44,8 @@ RegisterSpec CoverRegister() {
     spec.masterTitle = "Kuvel";
     spec.detail = Discards();
     spec.detailTitle = "Vyřazené";
+    spec.findFields = {"cover_name", "cover_mat", "cover_reusable", "cover_type", "cover_org", "cover_pay"};
+    spec.findFirst = {"cover_name", "cover_mat", nullptr, "cover_type", "cover_org", "cover_pay", "cover_reusable"};
     spec.nothingSelected = Text::NoProduct;
     spec.deleteQuestion = Text::DeleteCovers;
     spec.deleteStatements = {"DELETE FROM CoverDiscard WHERE cover_id IN (SELECT id FROM TmpID)",

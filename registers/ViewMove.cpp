@@ -60,6 +60,10 @@ RegisterSpec IssueRegister() {
     spec.detailTitle = "Položky";
     spec.subdetail = IssuedCovers();
     spec.subdetailTitle = "Kuvel";
+    spec.findFields = {"move_num", "move_export", "move_type"};
+    // By the order of the covers, though the fields are the issues'.
+    spec.findFirst = {"move_num", nullptr, "move_export", "move_type"};
+    spec.findFirstLevel = 2;
     spec.nothingSelected = Text::NoIssue;
     spec.deleteQuestion = Text::DeleteIssues;
     spec.deleteStatements = {"DELETE FROM Move_Cover WHERE (mvprod_id IN (SELECT mvprod_id FROM Move_Prod WHERE "

@@ -74,6 +74,10 @@ RegisterSpec ProductRegister() {
     spec.detail = Dates();
     spec.detailTitle = "Balení";
     spec.subdetail = PackagingRows();
+    spec.findFields = {"prod_name", "prod_katalog", "prod_unit"};
+    // By the order of the packaging rows, though the fields are the products'.
+    spec.findFirst = {nullptr, "prod_name", "prod_katalog", "prod_unit"};
+    spec.findFirstLevel = 2;
     spec.nothingSelected = Text::NoProduct;
     spec.deleteQuestion = Text::DeleteProducts;
     spec.deleteStatements = {"DELETE FROM Prod_Cover WHERE (dt_id IN (SELECT dt_id FROM Prod_CoverDT WHERE (prod_id "

@@ -211,6 +211,13 @@ CEngine::PreparedPtr CEngine::PrepareCriterion(std::string_view criterion, const
     return prepared;
 }
 
+std::int64_t CEngine::FileVersion() {
+    const std::shared_ptr<sqlite::Statement> statement = PrepareOwn("PRAGMA data_version");
+    const std::int64_t version = statement->Step() ? statement->Integer(0) : 0;
+    statement->Reset();
+    return version;
+}
+
 std::shared_ptr<sqlite::Statement> CEngine::PrepareOwn(const std::string& sql) {
     std::shared_ptr<sqlite::Statement>& statement = m_own[sql];
     if (!statement || !*statement)
@@ -248,7 +255,7 @@ void CEngine::Bind(Prepared& prepared, std::string_view sql) {
 void CEngine::BeginTransaction() {
     PrepareOwn("BEGIN IMMEDIATE")->Run();
     ++m_transaction;
-    m_groupChanges = sqlite3_total_changes64(Handle());
+    m_groupChanges = Changes();
     m_groupStart = std::chrono::steady_clock::now();
 }
 
@@ -260,7 +267,7 @@ void CEngine::BeginGroup() {
 void CEngine::RecordDone() {
     if (!m_inGroup)
         return;
-    const bool full = sqlite3_total_changes64(Handle()) - m_groupChanges >= GroupRows;
+    const bool full = Changes() - m_groupChanges >= GroupRows;
     if (!full && std::chrono::steady_clock::now() - m_groupStart < GroupAge)
         return;
     Commit();

@@ -52,6 +52,10 @@ public:
     PreparedPtr PrepareTable(std::string_view name);
     /// The rows of `table` that meet the condition, literals bound.
     PreparedPtr PrepareCriterion(std::string_view criterion, const std::string& table);
+    /// Another number whenever another program has written to the file since it was asked last.
+    std::int64_t FileVersion();
+    /// The rows that this connection has written so far.
+    std::int64_t Changes() const { return sqlite3_total_changes64(Handle()); }
     /// A statement of the engine's own SQL.
     std::shared_ptr<sqlite::Statement> PrepareOwn(const std::string& sql);
 

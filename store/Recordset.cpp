@@ -1,8 +1,7 @@
 #include "store/Recordset.h"
 
+#include "store/Matches.h"
 #include "store/Rows.h"
-
-#include <algorithm>
 
 namespace {
 
@@ -69,7 +68,8 @@ void BindValue(sqlite::Statement& statement, int index, jet::ValueType type, con
 
 } // namespace
 
-CRecordset::CRecordset(std::shared_ptr<CEngine> engine) : m_engine(std::move(engine)), m_rows(new CRows) {}
+CRecordset::CRecordset(std::shared_ptr<CEngine> engine)
+    : m_engine(std::move(engine)), m_rows(new CRows), m_matches(new CMatches) {}
 
 CRecordset::~CRecordset() = default;
 
@@ -97,6 +97,7 @@ void CRecordset::Requery() {
 
 void CRecordset::Close() {
     m_open = false;
+    m_matches->Forget();
     CancelUpdate();
 }
 
@@ -164,12 +165,7 @@ void CRecordset::Find(std::string_view criterion) {
     if (!m_rows->IsKeyset())
         Raise(ResultCode::ErrorsInCommand, m_source, QStringLiteral("Ve spojených tabulkách nelze hledat."));
     CancelUpdate();
-    const CEngine::PreparedPtr found = m_engine->PrepareCriterion(criterion, m_rows->Translation().table);
-    std::vector<std::int64_t> keys;
-    while (found->statement.Step())
-        keys.push_back(found->statement.Integer(0));
-    std::sort(keys.begin(), keys.end());
-    m_rows->Find(keys);
+    m_rows->Find(m_matches->Of(criterion, *m_engine, m_rows->Translation().table, m_rows->Position()));
 }
 
 /// The keys once read are there also when the database was closed meanwhile.
@@ -292,7 +288,9 @@ void CRecordset::Change() {
     for (const Edit& edit : m_edits)
         BindValue(*statement, ++index, columns[static_cast<std::size_t>(edit.column)].type, edit.value);
     statement->Bind(++index, m_rows->Key());
+    const std::int64_t changes = m_engine->Changes();
     statement->Run();
+    m_matches->RecordWritten(*m_engine, changes, m_rows->Position());
     ++*m_rows->Prepared()->changes;
     if (sqlite3_changes64(m_engine->Handle()) == 0)
         Raise(ResultCode::NoCurrentRecord, m_source, QStringLiteral("Záznam byl odstraněn."));

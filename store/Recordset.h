@@ -9,6 +9,7 @@
 #include <vector>
 
 class CEngine;
+class CMatches;
 class CRows;
 
 enum class CursorType { ForwardOnly = 0, Keyset = 1, Dynamic = 2, Static = 3 };
@@ -45,7 +46,8 @@ public:
     /// Relative to the current record; a target beyond either end raises and leaves the position.
     void Move(int count);
     /// Searches forward, from the current record on, for the first that meets the condition; at the end when there is
-    /// none. Keysets only. The values are those in the database now.
+    /// none. Keysets only. The values are those in the database now; a search that goes on from a match with the same
+    /// condition reads the table again only when it can find something else.
     void Find(std::string_view criterion);
 
     /// The key of the record at this position, counted from 0, without reading its row; also when the database was
@@ -89,6 +91,7 @@ private:
     std::string m_source;
     CommandType m_type = CommandType::Text;
     std::unique_ptr<CRows> m_rows;
+    std::unique_ptr<CMatches> m_matches;
     bool m_open = false;
     std::vector<Edit> m_edits;
     bool m_adding = false;

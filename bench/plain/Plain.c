@@ -1,7 +1,9 @@
 #include "bench/plain/Plain.h"
 
+#include <unicode/uchar.h>
 #include <unicode/ucol.h>
 #include <unicode/ustring.h>
+#include <unicode/utf8.h>
 
 #include <stdint.h>
 #include <stdio.h>
@@ -224,6 +226,109 @@ void plain_delete_covers(sqlite3* db, long count) {
     plain_exec(db, "DELETE FROM CompCover_Item WHERE cover_id IN (SELECT id FROM TmpID)");
     plain_exec(db, "UPDATE Cover SET deleted = 1 WHERE cover_id IN (SELECT id FROM TmpID)");
     plain_covers(db);
+}
+
+struct wanted {
+    UChar32 folded[256];
+    int32_t length;
+    int part;
+};
+
+static int32_t fold(const char* text, int32_t size, UChar32* folded, int32_t room) {
+    int32_t length = 0;
+    for (int32_t at = 0; at < size && length < room;) {
+        UChar32 c = 0;
+        U8_NEXT_OR_FFFD(text, at, size, c);
+        folded[length++] = c < 0x80 ? (c >= 'A' && c <= 'Z' ? c + 32 : c) : u_foldCase(c, U_FOLD_CASE_DEFAULT);
+    }
+    return length;
+}
+
+/* Whether the folded text stands in the name, or is the name. */
+static void meets(sqlite3_context* context, int count, sqlite3_value** values) {
+    (void)count;
+    const struct wanted* wanted = sqlite3_user_data(context);
+    const char* text = (const char*)sqlite3_value_text(values[0]);
+    if (text == NULL)
+        return;
+    UChar32 name[256];
+    const int32_t length = fold(text, sqlite3_value_bytes(values[0]), name, 256);
+    const size_t bytes = (size_t)wanted->length * sizeof *name;
+    int found = !wanted->part && length == wanted->length && memcmp(name, wanted->folded, bytes) == 0;
+    for (int32_t start = 0; wanted->part && !found && start + wanted->length <= length; ++start)
+        found = memcmp(name + start, wanted->folded, bytes) == 0;
+    sqlite3_result_int(context, found);
+}
+
+static sqlite3_stmt* matching(sqlite3* db, struct wanted* wanted, const char* text, int part) {
+    wanted->length = fold(text, (int32_t)strlen(text), wanted->folded, 256);
+    wanted->part = part;
+    sqlite3_create_function(db, "meets", 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC, wanted, meets, NULL, NULL);
+    return plain_prepare(db, "SELECT cover_id FROM Cover WHERE deleted = 0 AND meets(cover_name)");
+}
+
+long plain_find(sqlite3* db, const char* text, int part) {
+    struct wanted wanted;
+    sqlite3_stmt* keys = matching(db, &wanted, text, part);
+    long count = 0;
+    while (sqlite3_step(keys) == SQLITE_ROW)
+        ++count;
+    sqlite3_finalize(keys);
+    return count;
+}
+
+static void put_in_place(const char* name, const char* part, const char* with, char* result, size_t room) {
+    size_t length = 0;
+    for (const char* hit; (hit = strstr(name, part)) != NULL; name = hit + strlen(part))
+        length += (size_t)snprintf(result + length, room - length, "%.*s%s", (int)(hit - name), name, with);
+    snprintf(result + length, room - length, "%s", name);
+}
+
+static int by_key(const void* a, const void* b) {
+    const int64_t x = *(const int64_t*)a, y = *(const int64_t*)b;
+    return x < y ? -1 : x > y;
+}
+
+void plain_replace(sqlite3* db, const int64_t* covers, size_t count, const char* part, const char* with) {
+    struct wanted wanted;
+    sqlite3_stmt* keys = matching(db, &wanted, part, 1);
+    size_t room = 1024, found = 0;
+    int64_t* all = malloc(room * sizeof *all);
+    while (sqlite3_step(keys) == SQLITE_ROW) {
+        if (found == room)
+            all = realloc(all, (room *= 2) * sizeof *all);
+        all[found++] = sqlite3_column_int64(keys, 0);
+    }
+    sqlite3_finalize(keys);
+    sqlite3_stmt* begin = plain_prepare(db, "BEGIN IMMEDIATE");
+    sqlite3_stmt* commit = plain_prepare(db, "COMMIT");
+    sqlite3_stmt* name = plain_prepare(db, "SELECT cover_name FROM Cover WHERE cover_id = ?");
+    sqlite3_stmt* update = plain_prepare(db, "UPDATE Cover SET cover_name = ? WHERE cover_id = ?");
+    run(db, begin);
+    int64_t start = now_ms(), changes = sqlite3_total_changes64(db);
+    for (size_t i = 0; i < count; ++i) {
+        char result[512];
+        if (bsearch(&covers[i], all, found, sizeof *all, by_key) == NULL)
+            continue;
+        sqlite3_bind_int64(name, 1, covers[i]);
+        check(db, sqlite3_step(name));
+        put_in_place((const char*)sqlite3_column_text(name, 0), part, with, result, sizeof result);
+        sqlite3_reset(name);
+        sqlite3_bind_text(update, 1, result, -1, SQLITE_STATIC);
+        sqlite3_bind_int64(update, 2, covers[i]);
+        run(db, update);
+        if (sqlite3_total_changes64(db) - changes >= 5000 || now_ms() - start >= 1000) {
+            run(db, commit);
+            run(db, begin);
+            start = now_ms();
+            changes = sqlite3_total_changes64(db);
+        }
+    }
+    run(db, commit);
+    free(all);
+    sqlite3_stmt* done[] = {begin, commit, name, update};
+    for (size_t i = 0; i < sizeof done / sizeof *done; ++i)
+        sqlite3_finalize(done[i]);
 }
 
 /* A product of two currencies, rounded to the nearest ten-thousandth, ties to even, and its sum. */

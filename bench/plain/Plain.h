@@ -8,6 +8,8 @@ extern "C" {
 #endif
 
 #include <sqlite3.h>
+#include <stddef.h>
+#include <stdint.h>
 
 sqlite3* plain_open(const char* path);
 void plain_close(sqlite3* db);
@@ -27,6 +29,11 @@ long plain_keyset(sqlite3* db);
 long plain_covers(sqlite3* db);
 /* Marks the covers 1 to `count` deleted by way of the scratch table, and reads the keys of the rest. */
 void plain_delete_covers(sqlite3* db, long count);
+/* Of the covers that are not deleted, the keys of those whose name is `text`, or has it as a part, without regard to
+   case; answers how many there are. */
+long plain_find(sqlite3* db, const char* text, int part);
+/* Puts `with` in the place of `part` in the names of those of these covers that have it, in this order. */
+void plain_replace(sqlite3* db, const int64_t* covers, size_t count, const char* part, const char* with);
 /* The sums of all ten sheets of one quarter; answers the number of result rows. */
 long plain_figures(sqlite3* db, const char* from, const char* after);
 

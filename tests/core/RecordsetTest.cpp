@@ -93,6 +93,53 @@ TEST(Recordset, FindSearchesForwardFromTheCurrentRecord) {
     EXPECT_EQ(ResultCode::ErrorsInCommand, CodeOf([&] { folder.store.Query(Joined)->Find("prod_id = 1"); }));
 }
 
+TEST(Recordset, ASearchThatGoesOnSeesWhatWasWrittenMeanwhile) {
+    const auto set = [](CRecordset& rows, int record, int material) {
+        rows.MoveFirst();
+        rows.Move(record - 1);
+        rows.put_Collect("cover_mat", material);
+        rows.Update();
+    };
+    const struct {
+        const char* meanwhile;
+        std::function<void(SampleFolder&, CRecordset&)> act;
+        int from;
+        int found; // 0 for the end
+    } cases[] = {
+        {"nothing", [](SampleFolder&, CRecordset&) {}, 2, 3},
+        {"another program",
+         [](SampleFolder& f, CRecordset&) { f.Sql("UPDATE Cover SET cover_mat = 7 WHERE cover_id = 5"); }, 4, 5},
+        {"a deletion", [](SampleFolder& f, CRecordset&) { f.Sql("DELETE FROM Cover WHERE cover_id = 3"); }, 2, 7},
+        {"a statement",
+         [](SampleFolder& f, CRecordset&) { f.store.ExecuteSQL("UPDATE Cover SET cover_mat = 7 WHERE cover_id = 5"); },
+         4, 5},
+        {"another recordset", [&](SampleFolder& f, CRecordset&) { set(*f.store.Query(AllCovers), 5, 7); }, 4, 5},
+        {"a record passed", [&](SampleFolder&, CRecordset& rows) { set(rows, 1, 1); }, 2, 3},
+        {"the record itself", [&](SampleFolder&, CRecordset& rows) { set(rows, 3, 1); }, 3, 7},
+        {"a record before the start", [&](SampleFolder&, CRecordset& rows) { set(rows, 3, 1); }, 2, 7},
+        {"a record ahead", [&](SampleFolder&, CRecordset& rows) { set(rows, 5, 7); }, 4, 5},
+        {"a statement and a record",
+         [&](SampleFolder& f, CRecordset& rows) {
+             f.store.ExecuteSQL("UPDATE Cover SET cover_mat = 7 WHERE cover_id = 5");
+             set(rows, 1, 1);
+         },
+         4, 5},
+        {"opened anew", [](SampleFolder&, CRecordset& rows) { rows.Requery(); }, 2, 3},
+        {"another value", [](SampleFolder&, CRecordset& rows) { rows.Find("cover_mat = 99"); }, 2, 3},
+        {"a refused one", [](SampleFolder&, CRecordset& rows) { CodeOf([&] { rows.Find("cover_mat = 'x'"); }); }, 2, 3},
+    };
+    for (const auto& c : cases) {
+        SampleFolder folder;
+        const RecordsetPtr rows = folder.store.Query(AllCovers); // cover_mat 7 in 1, 3 and 7
+        rows->Find("cover_mat = 7");
+        EXPECT_EQ(1, rows->Long("cover_id"));
+        c.act(folder, *rows);
+        CDataStore::MoveToRecord(rows, c.from - 1);
+        rows->Find("cover_mat = 7");
+        EXPECT_EQ(c.found, rows->get_EOF() ? 0 : rows->Long("cover_id")) << c.meanwhile;
+    }
+}
+
 TEST(Recordset, MisuseRaisesItsCodeAndWritesNothing) {
     const char* const issues = "SELECT * FROM Move";
     const char* const none = "SELECT * FROM Cover WHERE FALSE";

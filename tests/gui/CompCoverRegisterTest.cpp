@@ -23,10 +23,6 @@ constexpr const char* AllItems = "SELECT ccover_id, cover_id, cp_qtycover, cp_qt
                                  "cp_useto, cover_type, cover_org, cover_pay FROM CompCover_Item ORDER BY rowid";
 constexpr const char* Composites = "SELECT ccover_id, ccover_name, ccover_note FROM CompCover ORDER BY ccover_id";
 
-QString Czech(const char* text) {
-    return QString::fromUtf8(text);
-}
-
 class CompCoverRegisterTest : public testing::Test {
 protected:
     CompCoverRegisterTest() {

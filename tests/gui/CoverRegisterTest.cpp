@@ -1,66 +1,26 @@
-#include "registers/CoverFilter.h"
 #include "registers/HelpDoor.h"
-#include "registers/IconButton.h"
-#include "registers/RecordList.h"
 #include "registers/RegisterTexts.h"
 #include "registers/SplitterBar.h"
-#include "registers/ViewCover.h"
-#include "rules/Propagation.h"
-#include "tests/gui/Driver.h"
-
-#include <gtest/gtest.h>
+#include "tests/gui/CoverFixture.h"
 
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDateEdit>
 #include <QDialog>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
-#include <QScrollBar>
 
 namespace {
 
-constexpr const char* AllCovers =
-    "SELECT cover_id, cover_name, cover_mat, cover_weight, cover_type, cover_org, cover_pay, cover_reusable, "
-    "cover_stat, cover_note, deleted FROM Cover ORDER BY cover_id";
-constexpr const char* AllDiscards =
-    "SELECT disc_id, cover_id, replace(disc_date, ' ', '_'), disc_qty, disc_type FROM CoverDiscard ORDER BY disc_id";
-
-QString Czech(const char* text) {
-    return QString::fromUtf8(text);
-}
-
-class CoverRegisterTest : public testing::Test {
+class CoverRegisterTest : public CoverFixture {
 protected:
-    CoverRegisterTest() {
-        g_options = {};
-        folder.Sql("INSERT INTO Cover (cover_name, cover_mat, cover_weight, cover_type, cover_org, cover_pay, "
-                   "cover_reusable, cover_stat, cover_note) VALUES "
-                   "('Bedna', 0, 20000, 1, 1, 1, 1, 0, ''), ('Fólie', 3, 2500, 2, 0, 1, 0, 0, 'tenká'), "
-                   "('PE folie 20 µm', 3, 300, 2, 0, 2, 0, 0, '')");
-        folder.Sql("INSERT INTO CoverDiscard (cover_id, disc_date, disc_qty, disc_type) VALUES "
-                   "(1, '2012-05-02 00:00:00', 30000, 0), (1, '2012-03-01 00:00:00', 10000, 2)");
-        view.resize(900, 400);
-        view.InitialUpdate();
-        view.show();
-    }
-
-    RecordList& Covers() { return Find<RecordList>(view, "covers"); }
-    RecordList& Discards() { return Find<RecordList>(view, "discards"); }
     void FillValid(QWidget& dialog) {
         TypeText(dialog, "name", "Pytel");
         TypeText(dialog, "weight", "0,125");
         for (const char* combo : {"stat", "material", "type", "origin", "payment"})
             Pick(dialog, combo, 0);
     }
-
-    StoreFolder folder;
-    ScriptedMessages messages;
-    RecordedFrame frame;
-    CViewCover view{folder.store, frame};
-    Steps steps;
 };
 
 TEST_F(CoverRegisterTest, ShowsCoversAndTheDiscardsOfTheSelectedOne) {
@@ -373,30 +333,6 @@ TEST_F(CoverRegisterTest, DeletesTheSelectedCoversAndWhatHangsOnThem) {
     EXPECT_EQ(3, Covers().SelectedId());
 }
 
-TEST_F(CoverRegisterTest, TwoCoversDisableTheDiscards) {
-    ClickRow(Covers(), 0);
-    EXPECT_TRUE(Discards().isEnabled());
-    ClickRow(Covers(), 1, Qt::ControlModifier);
-    EXPECT_FALSE(Discards().isEnabled());
-    EXPECT_EQ("", Rows(Discards()));
-    for (const Command command : {Command::ID_DETAIL_ADD, Command::ID_DETAIL_EDIT, Command::ID_DETAIL_DELETE}) {
-        EXPECT_FALSE(
-            Find<QPushButton>(view, ("button" + std::to_string(static_cast<int>(command))).c_str()).isEnabled());
-        view.Run(command);
-    }
-    ClickRow(Covers(), 0);
-    EXPECT_TRUE(Discards().isEnabled());
-    EXPECT_EQ(2, Discards().RowCount());
-}
-
-TEST_F(CoverRegisterTest, SortsDiscardsByTheirHeader) {
-    EXPECT_EQ("01.03.2012, 02.05.2012", Names(Discards()));
-    ClickHeader(Discards(), 0);
-    EXPECT_EQ("02.05.2012, 01.03.2012", Names(Discards()));
-    ClickHeader(Discards(), 2);
-    EXPECT_EQ("01.03.2012, 02.05.2012", Names(Discards()));
-}
-
 TEST_F(CoverRegisterTest, SortsCoversByEveryColumn) {
     // Yes comes before no.
     const struct {
@@ -411,179 +347,6 @@ TEST_F(CoverRegisterTest, SortsCoversByEveryColumn) {
         EXPECT_EQ(each.descending, Covers().SortDescending());
         EXPECT_EQ(each.order, Covers().CellText(0, 0).toStdString()) << each.column;
     }
-}
-
-struct FilterCase {
-    const char* what;
-    CoverFilter filter;
-    const char* sql;
-};
-
-TEST(CoverFilters, BecomeClausesInOrder) {
-    CoverFilter all;
-    all.byName = all.byWeight = all.byMaterial = all.byType = all.byOrigin = all.byPayment = all.byUsage = true;
-    all.name = Czech("o'r");
-    all.weightFrom = Currency::FromCount(5000);
-    all.weightTo = Currency::FromWhole(2);
-    all.material = 1;
-    all.type = 2;
-    all.origin = 0;
-    all.payment = 1;
-    EXPECT_EQ(" AND (cover_name = 'o'r') AND (cover_weight>=0.5) AND (cover_weight<=2) AND (cover_mat = 1) AND "
-              "(cover_type = 2) AND (cover_org = 0) AND (cover_pay = 1) AND (cover_reusable = FALSE)",
-              all.Clauses());
-    CoverFilter part;
-    part.byName = part.namePart = part.byUsage = part.reusable = true;
-    part.name = Czech("folie");
-    EXPECT_EQ(" AND (cover_name LIKE '%folie%') AND (cover_reusable = TRUE)", part.Clauses());
-    EXPECT_EQ("", CoverFilter().Clauses());
-    EXPECT_FALSE(CoverFilter().IsActive());
-}
-
-TEST_F(CoverRegisterTest, FiltersAndLatchesTheButton) {
-    auto& button = Find<CIconButton>(view, "button32794");
-    const auto filter = [&](const std::function<void(QWidget&)>& act, const char* end) {
-        steps.Then([=](QWidget& dialog) {
-            act(dialog);
-            Click(dialog, end);
-        });
-        view.Run(Command::ID_RECORD_FILTER);
-    };
-    filter(
-        [](QWidget& d) {
-            EXPECT_EQ(Czech("Filtr obalů"), d.windowTitle());
-            EXPECT_FALSE(Find<QLineEdit>(d, "name").isEnabled());
-            Click(d, "byName");
-            TypeText(d, "name", "folie");
-            Click(d, "namePart");
-        },
-        "ok");
-    EXPECT_EQ("PE folie 20 µm", Names(Covers()));
-    EXPECT_TRUE(button.IsLatched());
-
-    filter([](QWidget& d) { Click(d, "namePart"); }, "ok");
-    EXPECT_EQ("", Names(Covers())) << "whole names only";
-
-    filter([](QWidget& d) { Click(d, "byName"); }, "cancel");
-    EXPECT_TRUE(button.IsLatched());
-    filter(
-        [](QWidget& d) {
-            EXPECT_TRUE(Find<QCheckBox>(d, "byName").isChecked());
-            Click(d, "byName");
-            Click(d, "byWeight");
-            TypeText(d, "weightFrom", "0,2");
-            TypeText(d, "weightTo", "1");
-        },
-        "ok");
-    EXPECT_EQ("Fólie", Names(Covers()));
-
-    filter([](QWidget& d) { Click(d, "byWeight"); }, "ok");
-    EXPECT_EQ(3, Covers().RowCount());
-    EXPECT_FALSE(button.IsLatched());
-}
-
-TEST_F(CoverRegisterTest, FilterChecksInOrder) {
-    struct Case {
-        std::vector<const char*> ticked;
-        const char* message;
-        const char* focus;
-    };
-    const std::vector<Case> cases = {
-        {{"byWeight", "byMaterial"}, "Hmotnost \"Od\" nesmí být větší než hodnota \"do\"", "weightFrom"},
-        {{"byMaterial", "byType"}, "Není vybrán materiál", "material"},
-        {{"byType", "byOrigin"}, "Není vybrán typ", "type"},
-        {{"byOrigin", "byPayment"}, "Není vybrán původ", "origin"},
-        {{"byPayment"}, "Není vybrána platba", "payment"},
-    };
-    for (const Case& each : cases) {
-        SCOPED_TRACE(each.message);
-        steps.Then([&](QWidget& dialog) {
-            for (const char* check : each.ticked)
-                Click(dialog, check);
-            Find<QLineEdit>(dialog, "weightFrom").setText(QStringLiteral("2"));
-            Find<QLineEdit>(dialog, "weightTo").setText(QStringLiteral("1,9999"));
-            messages.Expect(Czech(each.message), Message::Icon::Warning);
-            Click(dialog, "ok");
-            EXPECT_TRUE(dialog.isVisible());
-            EXPECT_EQ(each.focus, Focus(dialog));
-            Click(dialog, "cancel");
-        });
-        view.Run(Command::ID_RECORD_FILTER);
-    }
-    EXPECT_FALSE(Find<CIconButton>(view, "button32794").IsLatched());
-}
-
-TEST_F(CoverRegisterTest, AddsADiscardOfTheSelectedCover) {
-    ClickRow(Covers(), 1);
-    steps.Then([&](QWidget& sheet) {
-        EXPECT_EQ(Czech("Vyřazení obalu"), sheet.windowTitle());
-        EXPECT_EQ("quantity", Focus(sheet));
-        EXPECT_EQ(QStringLiteral("0"), Find<QLineEdit>(sheet, "quantity").selectedText());
-        EXPECT_EQ(QStringLiteral("OK"), Find<QPushButton>(sheet, "finish").text());
-        EXPECT_EQ(QStringLiteral("02.07.2012"), Find<QDateEdit>(sheet, "date").text());
-        messages.Expect(Czech("Množství musí být větší než 0 !"), Message::Icon::Warning);
-        Click(sheet, "finish");
-        EXPECT_EQ("quantity", Focus(sheet));
-        // 0,25 kg a piece: the two follow each other.
-        TypeText(sheet, "quantity", "3");
-        EXPECT_EQ(QStringLiteral("0,75"), Find<QLineEdit>(sheet, "weight").text());
-        TypeText(sheet, "weight", "1");
-        EXPECT_EQ(QStringLiteral("4"), Find<QLineEdit>(sheet, "quantity").text());
-        EXPECT_EQ(QStringLiteral("1"), Find<QLineEdit>(sheet, "weight").text());
-        Click(sheet, "way0");
-        QTest::keyClick(&sheet, Qt::Key_Return);
-    });
-    view.Run(Command::ID_DETAIL_ADD);
-    EXPECT_EQ("3|2|2012-07-02_00:00:00|40000|0",
-              folder.AskAll("SELECT disc_id, cover_id, replace(disc_date, ' ', '_'), disc_qty, disc_type FROM "
-                            "CoverDiscard WHERE cover_id = 2"));
-    EXPECT_EQ("02.07.2012|energeticky využito|1,00", Rows(Discards()));
-    EXPECT_EQ(3, Discards().SelectedId());
-}
-
-TEST_F(CoverRegisterTest, EditsADiscard) {
-    ClickRow(Discards(), 1);
-    steps.Then([](QWidget& sheet) {
-        EXPECT_EQ(QStringLiteral("3"), Find<QLineEdit>(sheet, "quantity").text());
-        EXPECT_EQ(QStringLiteral("6"), Find<QLineEdit>(sheet, "weight").text());
-        TypeText(sheet, "quantity", "0,5");
-        Click(sheet, "way1");
-        Find<QDateEdit>(sheet, "date").setDate(QDate(2012, 6, 1));
-        Click(sheet, "finish");
-    });
-    view.Run(Command::ID_DETAIL_EDIT);
-    EXPECT_EQ("1|1|2012-06-01_00:00:00|5000|1 2|1|2012-03-01_00:00:00|10000|2", folder.AskAll(AllDiscards));
-    EXPECT_EQ(1, Discards().SelectedId());
-}
-
-TEST_F(CoverRegisterTest, AVanishedDiscardIsToldAndLeavesTheList) {
-    const auto inform = [&] {
-        messages.Expect(Czech("Záznam byl odstraněn jinou aplikací!"), Message::Icon::Information);
-    };
-    steps.Then([&](QWidget& sheet) {
-        folder.Sql("DELETE FROM CoverDiscard WHERE disc_id = 2");
-        TypeText(sheet, "quantity", "5");
-        inform();
-        Click(sheet, "finish");
-    });
-    view.Run(Command::ID_DETAIL_EDIT);
-    EXPECT_EQ("02.05.2012", Names(Discards()));
-    folder.Sql("DELETE FROM CoverDiscard");
-    Discards().SelectRow(0);
-    inform();
-    view.Run(Command::ID_DETAIL_EDIT);
-    EXPECT_EQ("", Names(Discards()));
-}
-
-TEST_F(CoverRegisterTest, DeletesADiscardAfterItsQuestion) {
-    const QString question = Czech("Opravdu si přejete odstranit ze seznamu obal vyřazený \"01.03.2012\" ?");
-    messages.ExpectQuestion(question, Message::Answer::No);
-    view.Run(Command::ID_DETAIL_DELETE);
-    EXPECT_EQ(2, Discards().RowCount());
-    messages.ExpectQuestion(question, Message::Answer::Yes);
-    view.Run(Command::ID_DETAIL_DELETE);
-    EXPECT_EQ("1", folder.AskAll("SELECT disc_id FROM CoverDiscard"));
-    EXPECT_EQ("02.05.2012", Names(Discards()));
 }
 
 TEST_F(CoverRegisterTest, DoubleClickEditsARowAndOnlyARow) {
@@ -606,8 +369,8 @@ TEST_F(CoverRegisterTest, ContextMenusGreyWhatHasNoRow) {
         const char* menu;
     };
     const std::vector<Case> cases = {
-        {"master row", "covers", true, true, "Přidat+ Upravit+ Odstranit+ | Najít...- Nahradit...- | Filtr...+"},
-        {"master", "covers", false, true, "Přidat+ Upravit- Odstranit- | Najít...- Nahradit...- | Filtr...+"},
+        {"master row", "covers", true, true, "Přidat+ Upravit+ Odstranit+ | Najít...+ Nahradit...+ | Filtr...+"},
+        {"master", "covers", false, true, "Přidat+ Upravit- Odstranit- | Najít...+ Nahradit...+ | Filtr...+"},
         {"second row", "discards", true, true, "Přidat+ Upravit+ Odstranit+"},
         {"second", "discards", false, true, "Přidat+ Upravit- Odstranit-"},
         {"second, no cover", "discards", false, false, "Přidat- Upravit- Odstranit-"},

@@ -12,6 +12,10 @@
 class QComboBox;
 class RecordList;
 
+inline QString Czech(const char* text) {
+    return QString::fromUtf8(text);
+}
+
 /// The steps of a user inside modal dialogs: each step waits for its dialog to come up, acts on it, and closes it.
 /// Fails the test when a dialog does not come, or when a step was left over.
 class Steps {

@@ -17,10 +17,6 @@
 
 namespace {
 
-QString Czech(const char* text) {
-    return QString::fromUtf8(text);
-}
-
 constexpr Message::Icon Warning = Message::Icon::Warning;
 
 /// The issues register on two issues; the first carries computed covers of one item and one by hand of the other.

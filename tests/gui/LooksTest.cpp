@@ -68,7 +68,9 @@ void ExpectNothingCutOff(QWidget& window) {
         const bool hasText = qobject_cast<const QLabel*>(widget) || qobject_cast<const QPushButton*>(widget) ||
                              qobject_cast<const QCheckBox*>(widget) || qobject_cast<const QRadioButton*>(widget) ||
                              qobject_cast<const QLineEdit*>(widget);
-        if (!hasText || !widget->isVisible() || widget->parentWidget()->inherits("QAbstractSpinBox"))
+        const bool isInner =
+            widget->parentWidget()->inherits("QAbstractSpinBox") || widget->parentWidget()->inherits("QComboBox");
+        if (!hasText || !widget->isVisible() || isInner)
             continue;
         const QRect inside(QPoint(0, 0), window.size());
         const QRect place(widget->mapTo(&window, QPoint(0, 0)), widget->size());
@@ -147,6 +149,13 @@ TEST_P(Looks, EveryRegisterFitsIntoTheSmallestMainWindow) {
         if (GetParam().fontPercent == 100) {
             EXPECT_EQ(QSize(600, 400), frame.size()) << name.toStdString();
         }
+    }
+    for (const Command mode : {Command::ID_RECORD_FIND, Command::ID_RECORD_REPLACE}) {
+        frame.RunCommand(mode);
+        auto* const window = frame.findChild<QDialog*>(QStringLiteral("findReplaceDlg"));
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(window));
+        ExpectNothingCutOff(*window);
+        Keep(*window, QStringLiteral("find-%1-%2").arg(static_cast<int>(mode)).arg(GetParam().name));
     }
 }
 

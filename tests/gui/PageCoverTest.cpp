@@ -12,10 +12,6 @@
 
 namespace {
 
-QString Czech(const char* text) {
-    return QString::fromUtf8(text);
-}
-
 class PageCoverTest : public testing::Test {
 protected:
     PageCoverTest() {

@@ -10,10 +10,6 @@
 #include <QDateEdit>
 #include <QTabWidget>
 
-inline QString Czech(const char* text) {
-    return QString::fromUtf8(text);
-}
-
 /// The products register on three products, the first of them packed and issued.
 class ProductFixture : public testing::Test {
 protected:
