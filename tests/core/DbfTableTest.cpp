@@ -96,6 +96,8 @@ TEST(DbfTable, RefusesWhatIsNoWholeTable) {
         {"ends in the fields", [](QByteArray bytes) { return bytes.left(60); }},
         {"ends in the last record", [](QByteArray bytes) { return bytes.left(bytes.size() - 2); }},
         {"a record less than counted", [](QByteArray bytes) { return bytes.left(bytes.size() - 18) + '\x1A'; }},
+        {"counts more records than a table has", set(7, '\x80')},
+        {"fields longer than the record", set(32 + 16, 7)},
         {"counts a record less than there are", set(4, 2)},
         {"is of no kind known", set(0, 0x04)},
         {"is a text", [](QByteArray) { return QByteArray(500, 'x'); }},

@@ -164,6 +164,19 @@ TEST_F(WakConnection, ReadsOnlyTheColumnsAskedForInAnyCase) {
     EXPECT_TRUE(rows->get_EOF());
 }
 
+TEST_F(WakConnection, CallsTheRoutineAsAStatement) {
+    server.documents.columns = {{"nPol", "int"}};
+    server.documents.rows = {{"1"}, {"2"}};
+    server.Start();
+    ASSERT_TRUE(Connect());
+    server.TakeStatements();
+    SqlServerRowsPtr rows;
+    ASSERT_TRUE(
+        connection.OpenRecordset(rows, "DoklSkl_Pre('20231001', '20231231')", SourceType::StoredProcedure, {"nPol"}));
+    EXPECT_EQ(std::vector<std::string>{"EXEC DoklSkl_Pre '20231001', '20231231'"}, server.TakeStatements());
+    EXPECT_EQ(2, rows->get_RecordCount());
+}
+
 TEST_F(WakConnection, KeepsAliveEveryThousandRows) {
     server.products.columns = {{"nPol", "int"}};
     server.products.rows.assign(2500, {"1"});

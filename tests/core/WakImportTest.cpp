@@ -211,3 +211,24 @@ TEST_F(WakImport, WithoutTheRecordsetObject) {
     ExpectSummary("Import dokončen úspěšně!", 2, 0);
     EXPECT_EQ(ImportResult::End::Done, Run(2).end);
 }
+
+TEST_F(WakImport, CancelledInTheMiddleKeepsWhatWasWritten) {
+    server.Start();
+    progress.cancelAt = 2 + 2; // the second line of the first document
+    ExpectSummary("Import byl přerušen!", 2, 1);
+    EXPECT_EQ(ImportResult::End::Cancelled, Run().end);
+    EXPECT_EQ("Č10|1|255000", folder.AskAll(Lines));
+    EXPECT_EQ("closed", progress.lines.back());
+    progress.cancelAt = 0;
+    RunToEnd(3, 2);
+    EXPECT_EQ("Č10|1|255000 Č10|99|1 Č12|2|-30000", folder.AskAll(Lines));
+}
+
+TEST_F(WakImport, CancelIsNoticedWhileTheRowsCome) {
+    server.products.rows.assign(5000, {"1", "a", "b", "ks", {}});
+    server.Start();
+    progress.cancelAt = 3;
+    ExpectSummary("Import byl přerušen!", 0, 0);
+    Run();
+    EXPECT_EQ(3U, progress.lines.size()); // title, range, closed: no phase
+}
