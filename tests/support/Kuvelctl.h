@@ -20,8 +20,6 @@ public:
     /// Without "--home" unless the arguments have it; in the folder `home` as current one.
     CtlResult RunBare(const QStringList& arguments) const;
 
-    /// Before `Run`: as a user whom the permissions of files bind, unlike root.
-    void BindByPermissions() { m_bound = true; }
     /// Before `Run`: the disk is full after so many bytes.
     void FillDiskAfter(long long bytes) { m_diskBytes = bytes; }
     void SetVariable(const QString& name, const QString& value) { m_variables << name + u'=' + value; }
@@ -34,6 +32,5 @@ public:
 private:
     QString m_home;
     QStringList m_variables;
-    bool m_bound = false;
     long long m_diskBytes = -1;
 };
