@@ -60,6 +60,7 @@ const std::string Refused[] = {
     "SELECT * FROM Cover WHERE cover_weight = cover_mat",
     "SELECT * FROM Cover WHERE cover_id LIKE '%1%'",
     "SELECT * FROM Cover WHERE cover_name LIKE cover_note",
+    "DELETE FROM Cover WHERE cover_weight IN (SELECT id FROM TmpID)",
     "DELETE FROM Cover WHERE cover_id IN (SELECT prod_id, dt_id FROM Prod_CoverDT)",
     "DELETE FROM Cover WHERE cover_id IN (SELECT * FROM TmpID)",
     "SELECT cover_name*2 FROM Cover",

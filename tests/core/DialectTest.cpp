@@ -21,6 +21,9 @@ TEST(Dialect, EachQueryGivesItsRows) {
         {"SELECT * FROM Move WHERE move_source = 2 AND move_num = 'Č. 5'", "move_id", "4"},
         {"SELECT * FROM Move WHERE move_source = 2 AND move_num = 'C. 5'", "move_id", ""},
         // What filters join.
+        {"SELECT * FROM Cover WHERE (deleted = FALSE) AND (cover_name LIKE '%a%') AND (cover_weight>=0.5) ORDER BY "
+         "cover_name DESC",
+         "cover_id", "5 3 2 1"},
         {"SELECT * FROM Product WHERE (deleted = FALSE) AND prod_unit = 'KS' AND prod_id NOT IN (SELECT "
          "Prod_CoverDT.prod_id FROM Prod_CoverDT INNER JOIN Prod_Cover ON Prod_CoverDT.dt_id = Prod_Cover.dt_id)",
          "prod_id", "5"},
