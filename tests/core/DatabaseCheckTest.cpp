@@ -30,25 +30,38 @@ std::string Findings(StoreFolder& company, std::int64_t* count = nullptr) {
 }
 
 TEST(DatabaseCheck, NamesEachFault) {
-    const struct {
-        const char *fault, *expected;
-    } cases[] = {
+    const std::pair<const char*, const char*> cases[] = {
         {"SELECT 1", ""},
         {"DELETE FROM Product WHERE prod_id = 2", "Move_Prod 2: prod_id 2 is not in Product"},
+        {"UPDATE Prod_CoverDT SET prod_id = 9 WHERE dt_id = 2", "Prod_CoverDT 2: prod_id 9 is not in Product"},
         {"UPDATE Prod_Cover SET dt_id = NULL", "Prod_Cover 1: dt_id (empty) is not in Prod_CoverDT"},
+        {"UPDATE Prod_Cover SET cover_id = 9", "Prod_Cover 1: cover_id 9 is not in Cover"},
+        {"UPDATE CompCover_Item SET ccover_id = 9", "CompCover_Item 1: ccover_id 9 is not in CompCover"},
+        {"UPDATE CompCover_Item SET cover_id = 9", "CompCover_Item 1: cover_id 9 is not in Cover"},
         {"INSERT INTO TmpCover_Item (ti_id, cover_id, cover_type, cover_org, cover_pay) VALUES (4, 9, 0, 0, 0)",
          "TmpCover_Item 4: cover_id 9 is not in Cover"},
+        {"UPDATE Move_Prod SET move_id = 9 WHERE mvprod_id = 2", "Move_Prod 2: move_id 9 is not in Move"},
+        {"UPDATE Move_Cover SET mvprod_id = 9", "Move_Cover 1: mvprod_id 9 is not in Move_Prod"},
+        {"UPDATE Move_Cover SET cover_id = 9", "Move_Cover 1: cover_id 9 is not in Cover"},
         {"UPDATE Move_Cover SET move_id = 2", "Move_Cover 1: move_id 2 is not the issue of its line"},
         {"UPDATE Move_Cover SET move_id = 9",
          "Move_Cover 1: move_id 9 is not in Move\nMove_Cover 1: move_id 9 is not the issue of its line"},
+        {"UPDATE CoverDiscard SET cover_id = 9", "CoverDiscard 1: cover_id 9 is not in Cover"},
         {"UPDATE Move SET move_date = '2012-02-30 00:00:00' WHERE move_id = 1",
          "Move 1: move_date '2012-02-30 00:00:00' is not a date"},
         {"UPDATE Move SET move_date = NULL WHERE move_id = 1", "Move 1: move_date (empty) is not a date"},
+        {"UPDATE Prod_CoverDT SET dt_from = '1.7.2012' WHERE dt_id = 2",
+         "Prod_CoverDT 2: dt_from '1.7.2012' is not a date"},
         {"UPDATE CoverDiscard SET disc_date = x'00'", "CoverDiscard 1: disc_date (bytes) is not a date"},
         {"UPDATE Cover SET cover_mat = 30 WHERE cover_id = 1",
          "Cover 1: cover_mat 30 is not in the list CoverMaterial"},
+        {"UPDATE Cover SET cover_stat = 4 WHERE cover_id = 1", "Cover 1: cover_stat 4 is not in the list CoverStat"},
+        {"UPDATE Move_Cover SET cover_org = -1", "Move_Cover 1: cover_org -1 is not in the list CoverOrigin"},
+        {"UPDATE Prod_Cover SET cover_pay = 3", "Prod_Cover 1: cover_pay 3 is not in the list CoverPayment"},
         {"UPDATE CompCover_Item SET cover_type = NULL",
          "CompCover_Item 1: cover_type (empty) is not in the list CoverType"},
+        {"UPDATE CoverDiscard SET disc_type = 3", "CoverDiscard 1: disc_type 3 is not in the list DiscardType"},
+        {"UPDATE Move SET move_type = 4 WHERE move_id = 1", "Move 1: move_type 4 is not in the list MoveType"},
         {"UPDATE Cover SET cover_mat = 'sklo' WHERE cover_id = 1",
          "Cover 1: cover_mat 'sklo' must be a whole number of 32 bits"},
         {"UPDATE Product SET prod_scrid = 3000000000 WHERE prod_id = 2",
@@ -57,7 +70,11 @@ TEST(DatabaseCheck, NamesEachFault) {
          "Move_Cover 1: mvcover_qty 0.5 must be an amount of ten-thousandths"},
         {"UPDATE Cover SET cover_name = x'4B' WHERE cover_id = 1", "Cover 1: cover_name (bytes) must be a text"},
         {"UPDATE Move SET move_export = -1 WHERE move_id = 2", "Move 2: move_export -1 must be 0 or 1"},
+        {"UPDATE Move SET move_export = NULL WHERE move_id = 2", "Move 2: move_export (empty) must be 0 or 1"},
         {"UPDATE Cover SET cover_reusable = NULL WHERE cover_id = 1", "Cover 1: cover_reusable (empty) must be 0 or 1"},
+        {"UPDATE Cover SET cover_weight = NULL WHERE cover_id = 1",
+         "Cover 1: cover_weight (empty) must be greater than 0"},
+        {"UPDATE Cover SET cover_weight = 0 WHERE cover_id = 1", "Cover 1: cover_weight 0.0000 must be greater than 0"},
         {"UPDATE Cover SET cover_weight = -15000 WHERE cover_id = 1",
          "Cover 1: cover_weight -1.5000 must be greater than 0"},
         {"UPDATE Prod_Cover SET cp_qtyprod = 0", "Prod_Cover 1: cp_qtyprod 0.0000 must be greater than 0"},
@@ -65,11 +82,11 @@ TEST(DatabaseCheck, NamesEachFault) {
          "Move_Prod 2: mvprod_qty (empty) must be a number"},
         {"UPDATE Product SET prod_source = 3 WHERE prod_id = 2", "Product 2: prod_source 3 is no known source"},
     };
-    for (const auto& row : cases) {
+    for (const auto& [fault, expected] : cases) {
         StoreFolder company;
         company.Sql(Sound);
-        company.Sql(row.fault);
-        EXPECT_EQ(row.expected, Findings(company)) << row.fault;
+        company.Sql(fault);
+        EXPECT_EQ(expected, Findings(company)) << fault;
     }
 }
 
