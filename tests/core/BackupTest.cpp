@@ -236,6 +236,17 @@ TEST_F(Backups, AJournalLeftByACrashIsNotAppliedToTheRestoredData) {
     EXPECT_EQ("ok", f.AskAll("PRAGMA integrity_check"));
 }
 
+TEST_F(Backups, AJournalOfALostDatabaseIsMovedAway) {
+    Mark(1);
+    ASSERT_TRUE(Backup(File("z.mdb")));
+    f.store.CloseDatabase();
+    QFile::remove(Database());
+    WriteFile(File("Kuvel.mdb-journal"), "rows");
+    EXPECT_TRUE(Restore(File("z.mdb")));
+    EXPECT_EQ("rows", FileBytes(File("Kuvel.mdb-journal.old")));
+    EXPECT_EQ("1", Marks());
+}
+
 TEST_F(Backups, AKillLeavesTheOldOrTheNewDataWhole) {
     const std::string fill = "DELETE FROM TmpID; WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE "
                              "i < 40000) INSERT INTO TmpID SELECT i + ";

@@ -78,6 +78,9 @@ TEST(DatabaseCheck, NamesEachFault) {
         {"UPDATE Cover SET cover_weight = -15000 WHERE cover_id = 1",
          "Cover 1: cover_weight -1.5000 must be greater than 0"},
         {"UPDATE Prod_Cover SET cp_qtyprod = 0", "Prod_Cover 1: cp_qtyprod 0.0000 must be greater than 0"},
+        {"UPDATE CompCover_Item SET cp_qtycover = NULL, cp_qtyprod = -1",
+         "CompCover_Item 1: cp_qtyprod -0.0001 must be greater than 0\nCompCover_Item 1: cp_qtycover (empty) must be a "
+         "number"},
         {"UPDATE Move_Prod SET mvprod_qty = NULL WHERE mvprod_id = 2",
          "Move_Prod 2: mvprod_qty (empty) must be a number"},
         {"UPDATE Product SET prod_source = 3 WHERE prod_id = 2", "Product 2: prod_source 3 is no known source"},
