@@ -2,7 +2,9 @@
 
 #include "app/AboutDlg.h"
 #include "app/BackupDlg.h"
+#include "app/HelpKey.h"
 #include "app/HelpWindow.h"
+#include "app/ImportCommands.h"
 #include "app/KuvelDoc.h"
 #include "app/MainFrame.h"
 #include "app/OptionsDlg.h"
@@ -42,9 +44,11 @@ void InstallFrameCommands(CMainFrame& frame, CProgressDoor& progress) {
     frame.SetHandler(ID_BACKUP, [&] { RunBackup(frame, CBackupDlg::Mode::Backup); });
     frame.SetHandler(ID_RESTORE, [&] { RunBackup(frame, CBackupDlg::Mode::Restore); });
     frame.SetHandler(ID_RECOMPUTE_ISSUES, [&] { RunRecompute(frame, progress); });
+    InstallImportCommands(frame, progress);
     frame.SetHandler(ID_OPTIONS, [&] { COptionsDlg(g_options, &frame).exec(); });
     frame.SetHandler(ID_APP_ABOUT, [&] { CAboutDlg(&frame).exec(); });
     frame.SetHandler(ID_HELP, [] { OpenHelp(HelpContext::Contents); });
     static QPointer<CHelpWindow> help;
     SetHelpDoor([](HelpContext context) { ShowHelp(help, context); });
+    new CHelpKey(&frame);
 }

@@ -1,5 +1,9 @@
 #include "app/HelpWindow.h"
 
+#include "app/HelpBrowser.h"
+#include "app/HelpContents.h"
+#include "app/HelpPages.h"
+
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
@@ -7,33 +11,50 @@
 #include <QDialog>
 #include <QSettings>
 #include <QShortcut>
-#include <QTextBrowser>
+#include <QSplitter>
 #include <QToolBar>
-#include <QUrl>
+#include <QWindow>
 
 namespace {
 
 const QString GeometryKey = QStringLiteral("Kuvel/helpGeometry");
+const QString SplitterKey = QStringLiteral("Kuvel/helpSplitter");
 
 QUrl PageOf(HelpContext context) {
-    const char* page = "index.html";
-    if (context == HelpContext::Cover)
-        page = "obaly.html";
-    else if (context == HelpContext::CompositeCover)
-        page = "slozene-obaly.html";
-    return QUrl(QStringLiteral("qrc:/help/") + QString::fromLatin1(page));
+    return QUrl(QStringLiteral("qrc:/help/") + QString::fromLatin1(HelpAddress(context)));
 }
 
 } // namespace
 
-CHelpWindow::CHelpWindow() : m_browser(new QTextBrowser(this)) {
+CHelpWindow::CHelpWindow()
+    : m_contents(new CHelpContents(PageOf(HelpContext::Contents), this)), m_browser(new CHelpBrowser(this)),
+      m_splitter(new QSplitter(this)) {
     setObjectName(QStringLiteral("helpWindow"));
     setWindowTitle(QStringLiteral("Nápověda - Kuvel"));
     m_browser->setObjectName(QStringLiteral("helpBrowser"));
     m_browser->setAccessibleName(QStringLiteral("Text nápovědy"));
     m_browser->setOpenLinks(false);
-    setCentralWidget(m_browser);
+    resize(1060, 700);
+    m_splitter->addWidget(m_contents);
+    m_splitter->addWidget(m_browser);
+    m_splitter->setStretchFactor(1, 1);
+    const int contentsWidth = 40 * fontMetrics().averageCharWidth();
+    m_splitter->setSizes({contentsWidth, width() - contentsWidth});
+    setCentralWidget(m_splitter);
     setContextMenuPolicy(Qt::NoContextMenu);
+    CreateBar();
+    connect(m_contents, &CHelpContents::pageWanted, this, &CHelpWindow::ShowPage);
+    connect(m_contents, &CHelpContents::sought, m_browser, &CHelpBrowser::Mark);
+    connect(m_browser, &QTextBrowser::sourceChanged, m_contents, &CHelpContents::ShowCurrent);
+    connect(m_browser, &QTextBrowser::anchorClicked, this, &CHelpWindow::ShowPage);
+    new QShortcut(Qt::Key_Escape, this, [this] { close(); });
+    new QShortcut(QKeySequence::Find, this, [this] { m_contents->FocusSearch(); });
+    const QSettings settings;
+    restoreGeometry(settings.value(GeometryKey).toByteArray());
+    m_splitter->restoreState(settings.value(SplitterKey).toByteArray());
+}
+
+void CHelpWindow::CreateBar() {
     QToolBar* const bar = addToolBar(QStringLiteral("Nápověda"));
     bar->setObjectName(QStringLiteral("helpBar"));
     bar->setMovable(false);
@@ -52,42 +73,49 @@ CHelpWindow::CHelpWindow() : m_browser(new QTextBrowser(this)) {
     forward->setEnabled(false);
     connect(m_browser, &QTextBrowser::backwardAvailable, back, &QAction::setEnabled);
     connect(m_browser, &QTextBrowser::forwardAvailable, forward, &QAction::setEnabled);
-    connect(m_browser, &QTextBrowser::anchorClicked, this, [this](const QUrl& link) {
-        if (link.scheme().startsWith(QLatin1String("http")))
-            QDesktopServices::openUrl(link);
-        else
-            m_browser->setSource(m_browser->source().resolved(link));
-    });
-    new QShortcut(Qt::Key_Escape, this, [this] { close(); });
-    resize(760, 600);
-    restoreGeometry(QSettings().value(GeometryKey).toByteArray());
 }
 
-void CHelpWindow::StandOver(QWidget* dialog) {
-    if (parentWidget() == dialog)
+void CHelpWindow::ShowPage(const QUrl& page) {
+    if (page.scheme().startsWith(QLatin1String("http"))) {
+        QDesktopServices::openUrl(page);
         return;
-    const bool wasVisible = isVisible();
-    const QRect place = geometry();
-    setParent(dialog, Qt::Window);
-    setGeometry(place);
-    if (wasVisible)
-        show();
+    }
+    m_browser->setSource(m_browser->source().resolved(page));
+    if (!page.hasFragment())
+        m_browser->Mark(m_contents->SoughtText());
+}
+
+/// A modal dialog lets only windows that belong to it take input.
+void CHelpWindow::StandOverModalDialog() {
+    QWidget* const dialog = QApplication::activeModalWidget();
+    windowHandle()->setTransientParent(dialog == nullptr ? nullptr : dialog->windowHandle());
+    disconnect(m_dialogFinished);
+    if (const auto* const closing = qobject_cast<QDialog*>(dialog))
+        m_dialogFinished =
+            connect(closing, &QDialog::finished, this, &CHelpWindow::StandOverModalDialog, Qt::QueuedConnection);
 }
 
 void CHelpWindow::Open(HelpContext context) {
+    m_contents->ClearSearch();
     m_browser->setSource(PageOf(context));
-    // A modal dialog lets only its own windows take input.
-    if (auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
-        StandOver(dialog);
-        connect(dialog, &QDialog::finished, this, [this] { StandOver(nullptr); });
-    }
     setWindowState(windowState() & ~Qt::WindowMinimized);
     show();
+    StandOverModalDialog();
     raise();
     activateWindow();
+    m_browser->setFocus();
+}
+
+bool CHelpWindow::event(QEvent* event) {
+    // Not at once: the dialog is only about to be shown.
+    if (event->type() == QEvent::WindowBlocked)
+        QMetaObject::invokeMethod(this, &CHelpWindow::StandOverModalDialog, Qt::QueuedConnection);
+    return QMainWindow::event(event);
 }
 
 void CHelpWindow::closeEvent(QCloseEvent* event) {
-    QSettings().setValue(GeometryKey, saveGeometry());
+    QSettings settings;
+    settings.setValue(GeometryKey, saveGeometry());
+    settings.setValue(SplitterKey, m_splitter->saveState());
     event->accept();
 }

@@ -4,7 +4,9 @@
 
 #include <QMainWindow>
 
-class QTextBrowser;
+class CHelpBrowser;
+class CHelpContents;
+class QSplitter;
 
 /// The user's guide, in a window of its own that stays open beside the program's.
 class CHelpWindow : public QMainWindow {
@@ -12,14 +14,20 @@ class CHelpWindow : public QMainWindow {
 
 public:
     CHelpWindow();
-    /// Also usable while a modal dialog is open, and stays when that closes.
+    /// Also usable while a modal dialog is open, whichever of the two was opened first, and stays when that closes.
     void Open(HelpContext context);
 
 protected:
+    bool event(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    void StandOver(QWidget* dialog);
+    void CreateBar();
+    void ShowPage(const QUrl& page);
+    void StandOverModalDialog();
 
-    QTextBrowser* m_browser;
+    CHelpContents* m_contents;
+    CHelpBrowser* m_browser;
+    QSplitter* m_splitter;
+    QMetaObject::Connection m_dialogFinished;
 };

@@ -26,6 +26,24 @@ QMessageBox::Icon BoxIcon(Message::Icon icon) {
     return QMessageBox::NoIcon;
 }
 
+/// The arrow while it lives, also where a wait cursor is shown.
+class OwnCursor {
+public:
+    OwnCursor() {
+        if (m_waiting)
+            QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
+    }
+    ~OwnCursor() {
+        if (m_waiting)
+            QGuiApplication::restoreOverrideCursor();
+    }
+    OwnCursor(const OwnCursor&) = delete;
+    OwnCursor& operator=(const OwnCursor&) = delete;
+
+private:
+    const bool m_waiting = QGuiApplication::overrideCursor() != nullptr;
+};
+
 } // namespace
 
 Message::Answer CMessageBoxDoor::Show(const Message& message) {
@@ -48,6 +66,7 @@ Message::Answer CMessageBoxDoor::Show(const Message& message) {
     // As the buttons of every other dialog.
     for (QAbstractButton* const button : box.buttons())
         button->setIcon(QIcon());
+    const OwnCursor cursor;
     const QShortcut copy(QKeySequence::Copy, &box, [&] { QGuiApplication::clipboard()->setText(message.text); });
     const int answer = box.exec();
     if (!isQuestion)

@@ -2,8 +2,8 @@
 
 #include "ui_ProgressDlg.h"
 
+#include <QApplication>
 #include <QCloseEvent>
-#include <QCoreApplication>
 #include <QElapsedTimer>
 
 CProgressDlg::CProgressDlg(const QString& title, bool showCancel)
@@ -15,7 +15,7 @@ CProgressDlg::CProgressDlg(const QString& title, bool showCancel)
     m_ui->cancelButton->setVisible(showCancel);
     m_showTimer.setSingleShot(true);
     m_showTimer.setInterval(ShowDelay);
-    connect(&m_showTimer, &QTimer::timeout, this, &QWidget::show);
+    connect(&m_showTimer, &QTimer::timeout, this, &CProgressDlg::ShowUnlessAsking);
     connect(m_ui->cancelButton, &QPushButton::clicked, this, &CProgressDlg::reject);
 }
 
@@ -41,6 +41,15 @@ void CProgressDlg::EnableOwner() {
     m_disabledOwner.reset();
     if (isActiveWindow())
         m_owner->activateWindow();
+}
+
+void CProgressDlg::ShowUnlessAsking() {
+    // Not in front of a box that waits for an answer.
+    QWidget* const modal = QApplication::activeModalWidget();
+    if (modal == nullptr || modal == m_owner)
+        show();
+    else
+        m_showTimer.start();
 }
 
 void CProgressDlg::ShowNow() {

@@ -45,6 +45,7 @@ protected:
 
 private:
     void EnableOwner();
+    void ShowUnlessAsking();
 
     std::unique_ptr<Ui::ProgressDlg> m_ui;
     QTimer m_showTimer;

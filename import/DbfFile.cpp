@@ -19,13 +19,58 @@ constexpr int HeaderSize = 32;
 constexpr char EndMark = 0x1A;
 
 /// The library makes up names of its own from the one it is given (".dbf", ".DBF", ".cpg"); this is the true one.
-thread_local const char* s_truePath = nullptr;
+thread_local const QString* s_truePath = nullptr;
+
+/// A file as the library reads it: whole and at once, so that records can be read in any order for nothing.
+struct ReadFile {
+    QByteArray bytes;
+    SAOffset at = 0;
+
+    SAOffset Size() const { return static_cast<SAOffset>(bytes.size()); }
+};
+
+ReadFile& FileOf(SAFile file) {
+    return *reinterpret_cast<ReadFile*>(file);
+}
 
 SAFile OpenTrueName(const char* name, const char*) {
     const std::string_view view(name);
     if (view.ends_with(".DBF"))
         return nullptr;
-    return reinterpret_cast<SAFile>(std::fopen(view.ends_with(".dbf") ? s_truePath : name, "rb"));
+    QFile file(view.ends_with(".dbf") ? *s_truePath : QFile::decodeName(name));
+    if (!file.open(QIODevice::ReadOnly))
+        return nullptr;
+    return reinterpret_cast<SAFile>(new ReadFile{file.readAll()});
+}
+
+/// As fread: also what is less than one whole item is copied.
+SAOffset Read(void* target, SAOffset size, SAOffset count, SAFile handle) {
+    ReadFile& file = FileOf(handle);
+    if (size == 0 || file.at >= file.Size())
+        return 0;
+    const SAOffset length = std::min(count * size, file.Size() - file.at);
+    std::memcpy(target, file.bytes.constData() + file.at, length);
+    file.at += length;
+    return length / size;
+}
+
+SAOffset Seek(SAFile handle, SAOffset offset, int from) {
+    ReadFile& file = FileOf(handle);
+    file.at = from == SEEK_END ? file.Size() + offset : from == SEEK_CUR ? file.at + offset : offset;
+    return 0;
+}
+
+SAOffset Tell(SAFile handle) {
+    return FileOf(handle).at;
+}
+
+int Close(SAFile handle) {
+    delete &FileOf(handle);
+    return 0;
+}
+
+int DoNothing(SAFile) {
+    return 0;
 }
 
 SAOffset RefuseWrite(void*, SAOffset, SAOffset, SAFile) {
@@ -43,6 +88,11 @@ SAHooks ReadOnlyHooks() {
     SAHooks hooks;
     SASetupDefaultHooks(&hooks);
     hooks.FOpen = OpenTrueName;
+    hooks.FRead = Read;
+    hooks.FSeek = Seek;
+    hooks.FTell = Tell;
+    hooks.FFlush = DoNothing;
+    hooks.FClose = Close;
     hooks.FWrite = RefuseWrite;
     hooks.Remove = RefuseRemove;
     hooks.Error = Silence;
@@ -138,7 +188,7 @@ std::unique_ptr<CDbfFile> CDbfFile::Open(const QString& path) {
         return nullptr;
     const QByteArray name = QFile::encodeName(path);
     SAHooks hooks = ReadOnlyHooks();
-    s_truePath = name.constData();
+    s_truePath = &path;
     const DBFHandle dbf = DBFOpenLL(name.constData(), "rb", &hooks);
     s_truePath = nullptr;
     if (dbf == nullptr)

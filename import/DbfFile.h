@@ -20,7 +20,7 @@ struct DbfField {
 };
 
 /// A dBase III, dBase IV or FoxPro table, read only; memo fields read as null. Records flagged as deleted are not
-/// there. The file is read record by record, so that a large one costs four bytes a record.
+/// there. The file is read whole when it is opened, and what is written to it later is not seen.
 class CDbfFile {
 public:
     /// None when there is no such file, when it is no table of a kind that is read here, or when its header, its fields

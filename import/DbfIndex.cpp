@@ -8,6 +8,8 @@
 
 namespace {
 
+constexpr std::size_t AliveRows = 10'000;
+
 std::size_t KeySize(const DbfField& field) {
     switch (field.type) {
     case 'C':
@@ -68,7 +70,8 @@ bool AppendKey(std::string& key, const DbfField& field, const Variant& value) {
 
 } // namespace
 
-CDbfIndex::CDbfIndex(const CDbfFile& file, std::string_view expression) : m_expression(expression) {
+CDbfIndex::CDbfIndex(const CDbfFile& file, std::string_view expression, const std::function<void()>& alive)
+    : m_expression(expression) {
     for (std::size_t begin = 0; begin <= expression.size();) {
         const std::size_t end = std::min(expression.find('+', begin), expression.size());
         m_fields.push_back(file.Field(expression.substr(begin, end - begin)));
@@ -76,12 +79,15 @@ CDbfIndex::CDbfIndex(const CDbfFile& file, std::string_view expression) : m_expr
         begin = end + 1;
     }
     m_keys.reserve(m_keySize * file.Count());
-    for (std::size_t row = 0; row < file.Count(); ++row)
+    for (std::size_t row = 0; row < file.Count(); ++row) {
+        if (alive && row % AliveRows == AliveRows - 1)
+            alive();
         for (const DbfField& field : m_fields)
             if (!AppendKey(m_keys, field, file.Value(row, field)))
                 throw ComError(
                     "dbf", field.name, ResultCode::Overflow,
                     QStringLiteral("Hodnotu pole \"%1\" nelze přečíst.").arg(QString::fromStdString(field.name)));
+    }
     m_order.resize(file.Count());
     std::iota(m_order.begin(), m_order.end(), 0U);
     std::stable_sort(m_order.begin(), m_order.end(),

@@ -2,14 +2,16 @@
 
 #include "import/DbfFile.h"
 
+#include <functional>
 #include <string>
 
 /// The rows of a table in the order of some of its fields, and the finding of a row by the values of the first of them.
 /// Built once, in memory; equal keys keep the order of the file. Text is compared letter for letter, as it stands.
 class CDbfIndex {
 public:
-    /// Field names joined by "+". Raises ComError for a field that is not there or cannot be ordered by.
-    CDbfIndex(const CDbfFile& file, std::string_view expression);
+    /// Field names joined by "+". `alive` is called every 10,000 records and may throw. Raises ComError for a field
+    /// that is not there or cannot be ordered by.
+    CDbfIndex(const CDbfFile& file, std::string_view expression, const std::function<void()>& alive = {});
 
     const std::string& Expression() const { return m_expression; }
     /// The row at a place of the order.

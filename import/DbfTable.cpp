@@ -66,6 +66,6 @@ int CDbfTable::SeekKeys(const std::vector<Variant>& keys) {
 
 void CDbfTable::SetCurrentIndex(std::string_view expression) {
     if (!m_index || m_index->Expression() != expression)
-        m_index.emplace(File(), expression);
+        m_index.emplace(File(), expression, m_alive);
     m_position = 0;
 }

@@ -16,11 +16,13 @@ public:
     int SeekKey(const Variant& key) override;
     int SeekKeys(const std::vector<Variant>& keys) override;
     void SetCurrentIndex(std::string_view expression) override;
+    void SetAlive(std::function<void()> alive) override { m_alive = std::move(alive); }
 
 private:
     const CDbfFile& File() const;
 
     std::unique_ptr<CDbfFile> m_file;
     std::optional<CDbfIndex> m_index;
+    std::function<void()> m_alive;
     std::size_t m_position = 0;
 };

@@ -35,7 +35,7 @@ Variant TextOf(const Variant& value) {
 CImportWriter::CImportWriter(CDataStore& store, const IImportSource& source, ExistingRecords policy,
                              IOverwriteDoor& door, ImportCounts& counts)
     : m_store(store), m_code(static_cast<std::int32_t>(source.Code())), m_name(source.Name()), m_policy(policy),
-      m_door(door), m_counts(counts) {}
+      m_door(door), m_kept(counts), m_written(counts) {}
 
 template <class Question>
 bool CImportWriter::MayOverwrite(const Question& question) {
@@ -47,7 +47,7 @@ bool CImportWriter::AskMayOverwrite(const QString& question) {
     Finish();
     m_group.reset();
     const IOverwriteDoor::Answer answer = m_door.Ask(question);
-    m_group.emplace(m_store);
+    BeginGroup();
     switch (answer) {
     case IOverwriteDoor::Answer::YesToAll:
         m_policy = ExistingRecords::Overwrite;
@@ -81,7 +81,7 @@ void CImportWriter::StoreProduct(const SourceProduct& product, bool isNew) {
     m_product->put_Collect("prod_unit", TextOf(product.unit));
     m_product->put_Collect("deleted", false);
     m_product->Update();
-    ++m_counts.products;
+    ++m_written.products;
 }
 
 void CImportWriter::WriteProduct(const SourceProduct& product) {
@@ -123,7 +123,7 @@ bool CImportWriter::WriteDocument(const SourceDocument& document) {
     m_document->put_Collect("move_date", document.date);
     m_document->Update();
     m_moveId = m_document->get_Collect("move_id");
-    ++m_counts.documents;
+    ++m_written.documents;
     return true;
 }
 
@@ -143,13 +143,20 @@ void CImportWriter::WriteLine(const SourceLine& line) {
     m_lines->Update();
     ComputeItemCovers(m_store, m_covers, m_lines->get_Collect("mvprod_id"), m_moveId, prodId, quantity,
                       ToDate(line.date));
+    // The computation shows its errors and goes on; on a full disk the document that the line belongs to is gone.
+    if (m_group->HasLost())
+        throw ComError("import", {}, ResultCode::DiskFull, QStringLiteral("Rozepsané záznamy se nepodařilo uložit."));
+}
+
+void CImportWriter::BeginGroup() {
+    m_group.emplace(m_store, [this] { m_kept = m_written; });
 }
 
 void CImportWriter::BeginRecord() {
     if (m_group)
         m_group->RecordDone();
     else
-        m_group.emplace(m_store);
+        BeginGroup();
 }
 
 void CImportWriter::Finish() {

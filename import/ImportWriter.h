@@ -7,7 +7,7 @@
 
 #include <optional>
 
-/// Records written, inserted or overwritten; never taken back.
+/// Records written, inserted or overwritten, and kept: what a failed commit takes back is never counted.
 struct ImportCounts {
     std::int32_t products = 0;
     std::int32_t documents = 0;
@@ -41,6 +41,7 @@ private:
     /// Leaves `m_product` on the product of this key; false when there is none.
     bool FindProduct(std::int32_t key);
     void StoreProduct(const SourceProduct& product, bool isNew);
+    void BeginGroup();
     void BeginRecord();
 
     CDataStore& m_store;
@@ -48,7 +49,9 @@ private:
     const QString m_name;
     ExistingRecords m_policy;
     IOverwriteDoor& m_door;
-    ImportCounts& m_counts;
+    /// What is committed, and that with what is written since.
+    ImportCounts& m_kept;
+    ImportCounts m_written;
     RecordsetPtr m_product;
     RecordsetPtr m_document;
     RecordsetPtr m_lines;

@@ -127,6 +127,11 @@ SourceLine CStockLines::Line() {
 CMoneySource::CMoneySource(const MoneyYear& year, MoneyOptions& options)
     : m_agendaFolder(year.agendaFolder), m_yearFolder(year.yearFolder), m_options(options) {}
 
+bool CMoneySource::Connect(IProgress& progress) {
+    m_progress = &progress;
+    return true;
+}
+
 std::unique_ptr<ISourceProducts> CMoneySource::OpenProducts() {
     MoneyTablePtr cards;
     if (!OpenTable(cards, m_agendaFolder, "SKKMKART.DAT"))
@@ -141,6 +146,11 @@ std::unique_ptr<ISourceLines> CMoneySource::OpenLines() {
     if (!OpenTable(lines, m_yearFolder, "SKSEZPOL.DAT") || !OpenTable(stockDocuments, m_yearFolder, "SKSEZDOK.DAT") ||
         !OpenTable(invoices, m_yearFolder, "VFAKTURY.DAT") || lines->RecordCount() <= 0)
         return nullptr;
+    for (const MoneyTablePtr& table : {std::cref(lines), std::cref(stockDocuments), std::cref(invoices)})
+        table->SetAlive([this] {
+            if (m_progress != nullptr && m_progress->CancelRequested())
+                throw ImportCancelled();
+        });
     m_options.domestic = UpperCzech(m_options.domestic);
     QStringList domestic;
     SplitList(m_options.domestic, u';', domestic);

@@ -14,6 +14,8 @@ public:
     QString Title() const override { return QStringLiteral("Import dat z Money S3"); }
     QString ProductPhase() const override { return QStringLiteral("Importuji kmenové karty"); }
     bool ShowsEmptyProductPhase() const override { return false; }
+    /// The progress window lives while indexes are made.
+    bool Connect(IProgress& progress) override;
     std::unique_ptr<ISourceProducts> OpenProducts() override;
     std::unique_ptr<ISourceLines> OpenLines() override;
 
@@ -21,6 +23,7 @@ private:
     QString m_agendaFolder;
     QString m_yearFolder;
     MoneyOptions& m_options;
+    IProgress* m_progress = nullptr;
 };
 
 /// Asked before the wizard is shown. False after "Nemohu najít komponentu Money (mon2kdbe.dll)!".

@@ -1,11 +1,14 @@
 #include "import/SqlServerConnection.h"
 
+#include "import/Await.h"
 #include "import/Odbc.h"
 #include "import/OleDbString.h"
 #include "store/Messages.h"
 #include "store/SqlText.h"
 
 #include <QFileInfo>
+
+#include <atomic>
 
 namespace {
 
@@ -32,6 +35,9 @@ std::string RoutineStatement(std::string_view source) {
     return statement;
 }
 
+/// Ends the reading of rows that nobody waits for any more.
+struct GivenUp {};
+
 void Run(odbc::Statement& statement, std::string_view sql) {
     const QString text = QString::fromUtf8(sql.data(), static_cast<qsizetype>(sql.size()));
     const SQLRETURN result = SQLExecDirectW(statement.Get(), odbc::Wide(text), SQL_NTS);
@@ -50,6 +56,17 @@ struct CSqlServerConnection::Handles {
         if (open)
             SQLDisconnect(connection.Get());
     }
+
+    void Execute(std::string_view sql) {
+        odbc::Statement statement;
+        if (!statement.Allocate(connection.Get()))
+            odbc::Raise(SQL_HANDLE_DBC, connection.Get(), "execute", sql);
+        Run(statement, sql);
+        for (SQLRETURN result; (result = SQLMoreResults(statement.Get())) != SQL_NO_DATA;) {
+            if (!odbc::Succeeded(result))
+                odbc::Raise(SQL_HANDLE_STMT, statement.Get(), "execute", sql);
+        }
+    }
 };
 
 CSqlServerConnection::CSqlServerConnection() : CSqlServerConnection(Options()) {}
@@ -67,7 +84,7 @@ bool CSqlServerConnection::IsOpen() const {
 }
 
 bool CSqlServerConnection::Connect(const QString& server, const QString& database, const QString& user,
-                                   const QString& password, bool windows) {
+                                   const QString& password, bool windows, const std::function<void()>& alive) {
     Close();
     const auto login = ParseOleDbString(OleDbConnectionString({server, database, user, password, windows}));
     if (!login)
@@ -89,11 +106,8 @@ bool CSqlServerConnection::Connect(const QString& server, const QString& databas
         if (!odbcString)
             return ShowFailure(database, server, ResultCode::Fail,
                                QStringLiteral("Ovladač neumí předat přihlašovací údaje, ve kterých stojí „};“."));
-        if (OpenLine(*odbcString)) {
-            Execute("SET LOCK_TIMEOUT 1000");
-            Execute("SET TRANSACTION ISOLATION LEVEL READ UNCOMMITTED");
+        if (OpenLine(*odbcString, alive))
             return true;
-        }
         diagnostic = odbc::DiagnosticOf(SQL_HANDLE_DBC, m_handles->connection.Get());
         Close();
         const bool noDriver = diagnostic.state.startsWith(QStringLiteral("IM")) ||
@@ -109,18 +123,33 @@ bool CSqlServerConnection::Connect(const QString& server, const QString& databas
 }
 
 /// Leaves the handles for the diagnostics.
-bool CSqlServerConnection::OpenLine(const QString& odbcString) {
-    m_handles = std::make_unique<Handles>();
+bool CSqlServerConnection::OpenLine(const QString& odbcString, const std::function<void()>& alive) {
+    m_handles = std::make_shared<Handles>();
     if (!m_handles->environment.Allocate(nullptr) ||
         !odbc::Succeeded(SQLSetEnvAttr(m_handles->environment.Get(), SQL_ATTR_ODBC_VERSION,
                                        reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC3), 0)) ||
         !m_handles->connection.Allocate(m_handles->environment.Get()))
         throw ComError("connect", {}, NoPointer, QStringLiteral("Nelze vytvořit spojení ODBC."));
-    SQLHDBC connection = m_handles->connection.Get();
-    SQLSetConnectAttr(connection, SQL_ATTR_LOGIN_TIMEOUT,
+    SQLSetConnectAttr(m_handles->connection.Get(), SQL_ATTR_LOGIN_TIMEOUT,
                       reinterpret_cast<SQLPOINTER>(static_cast<std::intptr_t>(m_options.loginSeconds)), 0);
-    m_handles->open = odbc::Succeeded(SQLDriverConnectW(connection, nullptr, odbc::Wide(odbcString), SQL_NTS, nullptr,
-                                                        0, nullptr, SQL_DRIVER_NOPROMPT));
+    const auto open = [handles = m_handles, odbcString] {
+        handles->open = odbc::Succeeded(SQLDriverConnectW(handles->connection.Get(), nullptr, odbc::Wide(odbcString),
+                                                          SQL_NTS, nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT));
+        if (!handles->open)
+            return;
+        handles->Execute("SET LOCK_TIMEOUT 1000");
+        handles->Execute("SET TRANSACTION ISOLATION LEVEL READ UNCOMMITTED");
+    };
+    // A log-in cannot be interrupted; it ends by itself.
+    const auto nothing = [] {};
+    try {
+        Await(open, {alive, nothing, nothing});
+    } catch (const ComError&) {
+        throw;
+    } catch (...) {
+        Close();
+        throw;
+    }
     return m_handles->open;
 }
 
@@ -131,17 +160,10 @@ bool CSqlServerConnection::ShowFailure(const QString& database, const QString& s
 }
 
 void CSqlServerConnection::Execute(std::string_view sql) {
-    odbc::Statement statement;
     if (!IsOpen())
         throw ComError("execute", std::string(sql), ResultCode::ObjectClosed,
                        QStringLiteral("Spojení se serverem není otevřeno."));
-    if (!statement.Allocate(m_handles->connection.Get()))
-        odbc::Raise(SQL_HANDLE_DBC, m_handles->connection.Get(), "execute", sql);
-    Run(statement, sql);
-    for (SQLRETURN result; (result = SQLMoreResults(statement.Get())) != SQL_NO_DATA;) {
-        if (!odbc::Succeeded(result))
-            odbc::Raise(SQL_HANDLE_STMT, statement.Get(), "execute", sql);
-    }
+    m_handles->Execute(sql);
 }
 
 bool CSqlServerConnection::OpenRecordset(SqlServerRowsPtr& rows, std::string_view source, SourceType type,
@@ -149,18 +171,34 @@ bool CSqlServerConnection::OpenRecordset(SqlServerRowsPtr& rows, std::string_vie
     if (!IsOpen())
         throw ComError("open", std::string(source), ResultCode::ObjectClosed,
                        QStringLiteral("Spojení se serverem není otevřeno."));
-    odbc::Statement statement;
-    if (!statement.Allocate(m_handles->connection.Get())) {
+    const auto statement = std::make_shared<odbc::Statement>();
+    if (!statement->Allocate(m_handles->connection.Get())) {
         const odbc::Diagnostic diagnostic = odbc::DiagnosticOf(SQL_HANDLE_DBC, m_handles->connection.Get());
         ShowHResultError(diagnostic.Code(), diagnostic.text);
         rows.reset();
         return false;
     }
-    const std::string sql = type == SourceType::StoredProcedure ? RoutineStatement(source) : std::string(source);
     if (!rows)
         rows = std::make_shared<CSqlServerRows>();
     rows->Close();
-    Run(statement, sql);
-    rows->Read(statement.Get(), sql, columns, alive);
+    const auto givenUp = std::make_shared<std::atomic<bool>>(false);
+    // The statement goes before the connection that it belongs to.
+    const auto read = [handles = m_handles, statement, rows, givenUp, columns,
+                       sql = type == SourceType::StoredProcedure ? RoutineStatement(source) : std::string(source)] {
+        Run(*statement, sql);
+        rows->Read(statement->Get(), sql, columns, [&] {
+            if (*givenUp)
+                throw GivenUp();
+        });
+    };
+    const auto cancel = [&] {
+        *givenUp = true;
+        SQLCancel(statement->Get());
+    };
+    const auto leave = [&] {
+        rows.reset();
+        Close();
+    };
+    Await(read, {alive, cancel, leave});
     return true;
 }

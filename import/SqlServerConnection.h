@@ -33,15 +33,17 @@ public:
     /// Closes what is open and opens anew. The server is given as "host", "host,port", "host\instance", "." or
     /// "(local)"; with Windows authentication user and password are not used. False after "Nemohu otevřít databázi '%s'
     /// na serveru '%s'" was shown. Raises ComError when there is no driver, and for a session statement that failed.
+    /// `alive` is called every 50 ms while the server is waited for; what it throws ends the waiting, with the
+    /// connection closed.
     bool Connect(const QString& server, const QString& database, const QString& user, const QString& password,
-                 bool windows);
+                 bool windows, const std::function<void()>& alive = {});
     bool IsOpen() const;
     /// Runs a statement that returns no rows. Raises ComError.
     void Execute(std::string_view sql);
     /// Reads the answer to an SQL text, or to a routine called as "Name('a', 'b')", into the handle's rows, reusing the
-    /// object it holds; of its columns those in the list. `alive` is called every 1,000 rows, and what it throws ends
-    /// the reading. False, after the error was shown, when no recordset can be made; every other failure raises
-    /// ComError.
+    /// object it holds; of its columns those in the list. `alive` is called every 50 ms until all rows are there, and
+    /// what it throws ends the reading; a server that does not let go at once then costs the connection. False, after
+    /// the error was shown, when no recordset can be made; every other failure raises ComError.
     virtual bool OpenRecordset(SqlServerRowsPtr& rows, std::string_view source, SourceType type,
                                const std::vector<std::string>& columns, const std::function<void()>& alive = {});
     void Close();
@@ -49,9 +51,10 @@ public:
 private:
     struct Handles;
 
-    bool OpenLine(const QString& odbcString);
+    bool OpenLine(const QString& odbcString, const std::function<void()>& alive);
     bool ShowFailure(const QString& database, const QString& server, std::uint32_t code, const QString& text) const;
 
     Options m_options;
-    std::unique_ptr<Handles> m_handles;
+    /// Shared with the call that waits for the server, which may outlast the connection.
+    std::shared_ptr<Handles> m_handles;
 };

@@ -65,19 +65,18 @@ CWakSource::CWakSource(const WakOptions& options, const WakDateRange& range,
 CWakSource::~CWakSource() = default;
 
 bool CWakSource::Connect(IProgress& progress) {
-    m_progress = &progress;
+    m_alive = [&progress] {
+        if (progress.CancelRequested())
+            throw ImportCancelled();
+    };
     return m_connection->Connect(m_options.server, m_options.database, m_options.user, m_options.password,
-                                 m_options.windows);
+                                 m_options.windows, m_alive);
 }
 
 SqlServerRowsPtr CWakSource::Open(const std::string& source, CSqlServerConnection::SourceType type,
                                   const std::vector<std::string>& columns) {
     SqlServerRowsPtr rows;
-    const bool opened = m_connection->OpenRecordset(rows, source, type, columns, [this] {
-        if (m_progress->CancelRequested())
-            throw ImportCancelled();
-    });
-    return opened ? rows : nullptr;
+    return m_connection->OpenRecordset(rows, source, type, columns, m_alive) ? rows : nullptr;
 }
 
 std::unique_ptr<ISourceProducts> CWakSource::OpenProducts() {

@@ -19,7 +19,7 @@ public:
     QString ProductPhase() const override { return QStringLiteral("Importuji produkty"); }
     bool ShowsEmptyProductPhase() const override { return true; }
 
-    /// False after the failure was shown. The progress window lives while rows are read.
+    /// False after the failure was shown. The progress window lives while the server is waited for.
     bool Connect(IProgress& progress) override;
     std::unique_ptr<ISourceProducts> OpenProducts() override;
     std::unique_ptr<ISourceLines> OpenLines() override;
@@ -31,5 +31,5 @@ private:
     const WakOptions m_options;
     const WakDateRange m_range;
     std::unique_ptr<CSqlServerConnection> m_connection;
-    IProgress* m_progress = nullptr;
+    std::function<void()> m_alive;
 };

@@ -2,8 +2,33 @@
 
 #include <functional>
 
-/// The pages that a "Nápověda" button or key may ask for.
-enum class HelpContext { Contents = 0, Cover = 3, CompositeCover = 13 };
+/// What a "Nápověda" button or F1 may ask for.
+enum class HelpContext {
+    Contents = 0,
+    Cover = 3,
+    CompositeCover = 13,
+    CoverFilter,
+    Discard,
+    CompositeFilter,
+    Product,
+    ProductFilter,
+    ValidityDate,
+    CoverChoice,
+    PackagingRow,
+    BulkAssignment,
+    Issue,
+    IssueFilter,
+    IssueItem,
+    IssuedCover,
+    Report,
+    MoneyImport,
+    WakImport,
+    ExistingRecords,
+    FindReplace,
+    Options,
+    Backup,
+    Messages
+};
 
 using HelpDoor = std::function<void(HelpContext)>;
 

@@ -18,7 +18,7 @@ CMoveDlg::CMoveDlg(const CDataStore& store, QWidget* parent) : QDialog(parent), 
     m_ui->num->setFocus();
     connect(m_ui->ok, &QPushButton::clicked, this, &CMoveDlg::accept);
     connect(m_ui->cancel, &QPushButton::clicked, this, &QDialog::reject);
-    connect(m_ui->help, &QPushButton::clicked, this, [] { OpenHelp(HelpContext::Contents); });
+    connect(m_ui->help, &QPushButton::clicked, this, [] { OpenHelp(HelpContext::Issue); });
 }
 
 CMoveDlg::~CMoveDlg() = default;

@@ -23,6 +23,7 @@ ListSpec Products() {
 } // namespace
 
 CPageProd::CPageProd(CDataStore& store) : m_products(new RecordList(store, Products(), this)) {
+    setObjectName(QStringLiteral("PageProd"));
     setWindowTitle(QStringLiteral("Vyberte výrobek"));
     setMinimumSize(560, 320);
     m_products->setAccessibleName(QStringLiteral("Výrobky"));

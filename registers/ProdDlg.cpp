@@ -25,7 +25,7 @@ CProdDlg::CProdDlg(QWidget* parent) : QDialog(parent), m_ui(new Ui::ProdDlg) {
     m_ui->name->setFocus();
     connect(m_ui->ok, &QPushButton::clicked, this, &CProdDlg::accept);
     connect(m_ui->cancel, &QPushButton::clicked, this, &QDialog::reject);
-    connect(m_ui->help, &QPushButton::clicked, this, [] { OpenHelp(HelpContext::Contents); });
+    connect(m_ui->help, &QPushButton::clicked, this, [] { OpenHelp(HelpContext::Product); });
 }
 
 CProdDlg::~CProdDlg() = default;

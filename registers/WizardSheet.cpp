@@ -3,7 +3,19 @@
 #include <QBoxLayout>
 #include <QFrame>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QStackedWidget>
+
+namespace {
+
+/// Makes Tab go to the chosen one of each group, from where the arrows choose another; the toolkit sees to it only once
+/// one of them has had the focus.
+void LetTabFindChosen(const QWidget& page) {
+    for (QRadioButton* const button : page.findChildren<QRadioButton*>())
+        button->setFocusPolicy(button->isChecked() ? Qt::StrongFocus : Qt::ClickFocus);
+}
+
+} // namespace
 
 void CWizardPage::OnSetActive() {
     Sheet().SetButtons(Sheet().IsLast(*this) ? CWizardSheet::Ending::Finish : CWizardSheet::Ending::Next);
@@ -65,6 +77,7 @@ void CWizardSheet::Show(int index) {
     setWindowTitle(Current().windowTitle());
     m_stack->setCurrentWidget(&Current());
     m_back->setEnabled(index > 0);
+    LetTabFindChosen(Current());
     Current().OnSetActive();
 }
 

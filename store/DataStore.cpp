@@ -123,7 +123,8 @@ QString CDataStore::CodeListText(CodeList list, int index) const {
     return index >= 0 && index < texts.size() ? texts[index] : QStringLiteral("???");
 }
 
-CCommitGroup::CCommitGroup(CDataStore& store) : m_engine(store.m_engine), m_open(!store.Engine().InGroup()) {
+CCommitGroup::CCommitGroup(CDataStore& store, std::function<void()> kept)
+    : m_engine(store.m_engine), m_kept(std::move(kept)), m_open(!store.Engine().InGroup()) {
     if (m_open)
         m_engine->BeginGroup();
 }
@@ -132,19 +133,33 @@ CCommitGroup::~CCommitGroup() {
     try {
         Finish();
     } catch (const ComError& error) {
-        m_engine->AbandonGroup();
-        ShowComError(error);
+        if (!m_raised)
+            ShowComError(error);
     }
 }
 
 void CCommitGroup::RecordDone() {
-    if (m_open)
-        m_engine->RecordDone();
+    if (!m_open)
+        return;
+    m_raised = true;
+    if (m_engine->RecordDone() && m_kept)
+        m_kept();
+    m_raised = false;
 }
 
 void CCommitGroup::Finish() {
     if (!m_open)
         return;
     m_open = false;
-    m_engine->EndGroup();
+    try {
+        if (m_engine->EndGroup() && m_kept)
+            m_kept();
+    } catch (const ComError&) {
+        m_engine->AbandonGroup();
+        throw;
+    }
+}
+
+bool CCommitGroup::HasLost() const {
+    return m_open && m_engine->HasLost();
 }

@@ -7,6 +7,7 @@
 #include <QStringList>
 
 #include <array>
+#include <functional>
 #include <memory>
 #include <string_view>
 
@@ -66,18 +67,23 @@ extern CDataStore g_dataStore;
 /// leaves the committing to the outer one.
 class CCommitGroup {
 public:
-    /// Raises ComError when the database is locked.
-    explicit CCommitGroup(CDataStore& store);
-    /// Commits; a failure to do so is shown.
+    /// `kept` is called after each commit: all that was written until then is in the file. Raises ComError when the
+    /// database is locked.
+    explicit CCommitGroup(CDataStore& store, std::function<void()> kept = {});
+    /// Commits; a failure to do so is shown, unless `RecordDone` raised it.
     ~CCommitGroup();
     CCommitGroup(const CCommitGroup&) = delete;
     CCommitGroup& operator=(const CCommitGroup&) = delete;
 
     void RecordDone();
-    /// Commits the rest. Raises ComError.
+    /// Commits the rest. Raises ComError, with the rest taken back.
     void Finish();
+    /// Whether the engine took back by itself what was not committed yet, as a full disk makes it.
+    bool HasLost() const;
 
 private:
     std::shared_ptr<CEngine> m_engine;
+    std::function<void()> m_kept;
     bool m_open;
+    bool m_raised = false;
 };

@@ -264,24 +264,27 @@ void CEngine::BeginGroup() {
     m_inGroup = true;
 }
 
-void CEngine::RecordDone() {
+bool CEngine::RecordDone() {
     if (!m_inGroup)
-        return;
+        return false;
     const bool full = Changes() - m_groupChanges >= GroupRows;
     if (!full && std::chrono::steady_clock::now() - m_groupStart < GroupAge)
-        return;
-    Commit();
+        return false;
+    const bool committed = Commit();
     BeginTransaction();
+    return committed;
 }
 
-void CEngine::Commit() {
-    if (IsOpen() && sqlite3_get_autocommit(Handle()) == 0)
-        PrepareOwn("COMMIT")->Run();
+bool CEngine::Commit() {
+    if (!IsOpen() || sqlite3_get_autocommit(Handle()) != 0)
+        return false;
+    PrepareOwn("COMMIT")->Run();
+    return true;
 }
 
-void CEngine::EndGroup() {
+bool CEngine::EndGroup() {
     m_inGroup = false;
-    Commit();
+    return Commit();
 }
 
 void CEngine::AbandonGroup() noexcept {

@@ -60,12 +60,16 @@ public:
     std::shared_ptr<sqlite::Statement> PrepareOwn(const std::string& sql);
 
     void BeginGroup();
-    /// Commits when the group is old or large enough; call it between whole records only.
-    void RecordDone();
-    void EndGroup();
+    /// Commits when the group is old or large enough; call it between whole records only. True when it did, with all
+    /// that was written until then.
+    bool RecordDone();
+    /// False when there was nothing left to commit, the engine having taken it back by itself.
+    bool EndGroup();
     /// Takes back what the group has not committed yet.
     void AbandonGroup() noexcept;
     bool InGroup() const { return m_inGroup; }
+    /// Whether the engine took back by itself what the group had not committed yet, as a full disk makes it.
+    bool HasLost() const { return m_inGroup && IsOpen() && !InTransaction(); }
     /// 0 outside a commit group; inside, the number of the transaction, which locks other programs out.
     std::uint64_t Transaction() const { return InTransaction() ? m_transaction : 0; }
 
@@ -74,7 +78,7 @@ private:
     bool InTransaction() const { return m_inGroup && IsOpen() && sqlite3_get_autocommit(m_database.get()) == 0; }
     void CheckIdentity(const std::string& path);
     void BeginTransaction();
-    void Commit();
+    bool Commit();
     void Bind(Prepared& prepared, std::string_view sql);
     PreparedPtr Cached(const std::string& key) const;
     PreparedPtr Keep(const std::string& key, jet::Translation translation);

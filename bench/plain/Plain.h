@@ -36,6 +36,8 @@ long plain_find(sqlite3* db, const char* text, int part);
 void plain_replace(sqlite3* db, const int64_t* covers, size_t count, const char* part, const char* with);
 /* The sums of all ten sheets of one quarter; answers the number of result rows. */
 long plain_figures(sqlite3* db, const char* from, const char* after);
+/* Imports the four tables of this folder, overwriting what an earlier import wrote; answers the number of lines. */
+long plain_import(sqlite3* db, const char* folder);
 
 #ifdef __cplusplus
 }

@@ -107,4 +107,33 @@ TEST(CtlImportMoney, TakesFromTheSettingsWhatIsNotGiven) {
     }
 }
 
+TEST(CtlImportMoney, AFullDiskIsSaidAndWhatIsKeptIsCounted) {
+    const MoneyFolder money;
+    money.AddAgenda("d:/Data/Agenda.001", "Firma");
+    money.AddYear("d:/Data/Agenda.001/Rok.2012", "2012");
+    DbfBytes cards = StockCards();
+    for (int card = 1; card <= 12'000; ++card)
+        cards.rows.push_back(DbfRow({QString::number(card), "Zboží", "K", "ks"}));
+    money.WriteTable("d:/Data/Agenda.001/SKKMKART.DAT", cards);
+    int kept = 0;
+    for (const int bytes : {100'000, 300'000, 400'000, 500'000}) {
+        const StoreFolder folder;
+        CKuvelctl program(folder.folder.Path());
+        program.SetVariable("KUVEL_DRIVES", money.Path({}));
+        program.FillDiskAfter(bytes);
+        const CtlResult run = program.RunBare(
+            {"--home", folder.folder.Path(), "import", "money", "D:\\Data\\Agenda.001\\Rok.2012", "--products"});
+        const int products = std::stoi(folder.Ask("SELECT count(*) FROM Product"));
+        EXPECT_EQ(1, run.exitCode) << bytes;
+        EXPECT_EQ(QStringLiteral("Během importu došlo k chybě!\n\nNaimportováno:\n   Produktů ~ %1\n   Dokladů ~ 0\n")
+                      .arg(products)
+                      .toStdString(),
+                  run.output.toStdString())
+            << bytes;
+        EXPECT_EQ(1, run.errors.count(QStringLiteral("Na disku není dost místa."))) << run.errors.toStdString();
+        kept += products;
+    }
+    EXPECT_GT(kept, 0) << "no import came to its first commit";
+}
+
 } // namespace

@@ -255,6 +255,25 @@ TEST(DbfTable, OrdersByTheIndexAndFindsKeys) {
     EXPECT_EQ(ResultCode::NoSuchField, CodeOf([&] { table.SetCurrentIndex("Kind+Nothing"); }));
 }
 
+TEST(DbfTable, AnIndexInTheMakingCanBeGivenUp) {
+    const Folder folder;
+    DbfBytes bytes{{{"N", 'N', 6}}, {}, {}};
+    for (int i = 25'000; i > 0; --i)
+        bytes.rows.push_back({QByteArray::number(i)});
+    CDbfTable table;
+    ASSERT_TRUE(table.Open(folder.Write(bytes.Make())));
+    int calls = 0;
+    table.SetAlive([&calls] {
+        if (++calls == 2)
+            throw std::runtime_error("cancel");
+    });
+    EXPECT_THROW(table.SetCurrentIndex("N"), std::runtime_error);
+    EXPECT_EQ(ResultCode::NoSuchField, CodeOf([&] { table.SeekKey(7); }));
+    table.SetCurrentIndex("N");
+    EXPECT_EQ(IMoneyTable::Found, table.SeekKey(7));
+    EXPECT_EQ("long 7", DescribeField(table, "N"));
+}
+
 TEST(DbfTable, MisuseRaises) {
     const Folder folder;
     CDbfTable table;

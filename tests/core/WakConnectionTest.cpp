@@ -177,21 +177,41 @@ TEST_F(WakConnection, CallsTheRoutineAsAStatement) {
     EXPECT_EQ(2, rows->get_RecordCount());
 }
 
-TEST_F(WakConnection, KeepsAliveEveryThousandRows) {
+TEST_F(WakConnection, StaysAliveAndCanBeGivenUpWhileTheServerThinks) {
+    struct Stop {};
     server.products.columns = {{"nPol", "int"}};
     server.products.rows.assign(2500, {"1"});
+    server.delayed = Query;
+    server.delayMilliseconds = 700;
     server.Start();
     ASSERT_TRUE(Connect());
     SqlServerRowsPtr rows;
     int calls = 0;
     ASSERT_TRUE(connection.OpenRecordset(rows, Query, SourceType::Text, {"nPol"}, [&] { ++calls; }));
-    EXPECT_EQ(2, calls);
-    struct Stop {};
+    EXPECT_GE(calls, 4);
+    EXPECT_EQ(2500, rows->get_RecordCount());
+    // A server that does not let go is left, and the program goes on at once.
+    const auto start = std::chrono::steady_clock::now();
     EXPECT_THROW(connection.OpenRecordset(rows, Query, SourceType::Text, {"nPol"}, [] { throw Stop(); }), Stop);
-    EXPECT_FALSE(rows->get_State());
-    // The answer that was given up does not stand in the way of the next one.
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(600));
+    EXPECT_FALSE(rows || connection.IsOpen());
+    ASSERT_TRUE(Connect());
+    server.delayMilliseconds = 0;
     ASSERT_TRUE(connection.OpenRecordset(rows, Query, SourceType::Text, {"nPol"}));
     EXPECT_EQ(2500, rows->get_RecordCount());
+    // Errors come out of the waiting as they are.
+    server.refused = Query;
+    EXPECT_THROW(connection.OpenRecordset(rows, Query, SourceType::Text, {"nPol"}, [] {}), ComError);
+}
+
+TEST_F(WakConnection, ALoginCanBeGivenUp) {
+    struct Stop {};
+    server.silent = true;
+    server.Start();
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_THROW(connection.Connect(server.Name(), "wak", "sa", "heslo", false, [] { throw Stop(); }), Stop);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
+    EXPECT_FALSE(connection.IsOpen());
 }
 
 TEST_F(WakConnection, RaisesWhatTheServerSays) {

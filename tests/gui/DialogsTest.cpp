@@ -1,7 +1,6 @@
 #include "app/AboutDlg.h"
 #include "app/BackupDlg.h"
 #include "app/Desktop.h"
-#include "app/HelpWindow.h"
 #include "app/MessageBoxDoor.h"
 #include "app/OptionsDlg.h"
 #include "app/ReportCommand.h"
@@ -19,8 +18,6 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QTextBrowser>
-#include <QTimer>
 #include <QUrlQuery>
 
 namespace {
@@ -213,39 +210,6 @@ TEST(MessageBoxDoor, SpeaksCzechAndAnswersNoWhenClosed) {
         QTest::keyClick(&box, Qt::Key_Escape);
     });
     EXPECT_EQ(Message::Answer::Ok, door.Show({QStringLiteral("x"), Message::Icon::None, Message::Buttons::Ok}));
-}
-
-TEST(HelpWindow, OpensAtItsContextsAlsoOverAModalDialog) {
-    FreshSettings settings;
-    SetUpDesktop();
-    CHelpWindow help;
-    auto& browser = Find<QTextBrowser>(help, "helpBrowser");
-    struct Row {
-        HelpContext context;
-        const char* page;
-    };
-    const Row rows[] = {{HelpContext::Contents, "index.html"},
-                        {HelpContext::Cover, "obaly.html"},
-                        {HelpContext::CompositeCover, "slozene-obaly.html"}};
-    for (const Row& row : rows) {
-        help.Open(row.context);
-        EXPECT_EQ(row.page, browser.source().fileName().toStdString());
-        EXPECT_GT(browser.toPlainText().size(), 30) << row.page;
-    }
-    {
-        QDialog dialog;
-        QTimer::singleShot(0, &dialog, [&] {
-            help.Open(HelpContext::Contents);
-            EXPECT_TRUE(QTest::qWaitForWindowActive(&help));
-            QTest::keyClick(&help, Qt::Key_Left, Qt::AltModifier); // reaches it: nothing modal is in the way
-            EXPECT_EQ("slozene-obaly.html", browser.source().fileName().toStdString());
-            dialog.accept();
-        });
-        dialog.exec();
-    }
-    EXPECT_TRUE(help.isVisible());
-    QTest::keyClick(&help, Qt::Key_Escape);
-    EXPECT_FALSE(help.isVisible());
 }
 
 TEST(OpenWorkbook, StartsTheUsersOfficeWithTheFile) {

@@ -4,9 +4,14 @@
 #include "app/HelpWindow.h"
 #include "app/OptionsDlg.h"
 #include "app/ProgressDlg.h"
+#include "import/AskOverwriteDlg.h"
+#include "import/MoneyWizard.h"
+#include "import/WakWizard.h"
 #include "report/ReportDlg.h"
 #include "rules/Propagation.h"
+#include "tests/gui/Driver.h"
 #include "tests/gui/FrameFolder.h"
+#include "tests/support/MoneyFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -111,7 +116,7 @@ TEST_P(Looks, NoDialogCutsItsTextsOff) {
         {"help",
          [] {
              auto window = std::make_unique<CHelpWindow>();
-             window->Open(HelpContext::Contents);
+             window->Open(HelpContext::Cover);
              return window;
          }},
     };
@@ -157,6 +162,53 @@ TEST_P(Looks, EveryRegisterFitsIntoTheSmallestMainWindow) {
         ExpectNothingCutOff(*window);
         Keep(*window, QStringLiteral("find-%1-%2").arg(static_cast<int>(mode)).arg(GetParam().name));
     }
+}
+
+TEST_P(Looks, NoImportWindowCutsItsTextsOff) {
+    SetUpDesktop();
+    const WithLook look(GetParam());
+    const ProgramFolder folder;
+    ScriptedMessages messages;
+    MoneyFolder money;
+    money.Install('d', QStringLiteral("D:\\Data"));
+    money.AddAgenda("d:/Data/Agenda.001", "Obchodní společnost Žluťoučký kůň, spol. s r.o.");
+    money.AddYear("d:/Data/Agenda.001/Rok.2011", "2011");
+    money.Write("d:/Data/Agenda.001/Rok.2012/Jiný.ini", {});
+    const auto inspect = [&](QWidget& window, const char* name) {
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+        QTest::qWait(1);
+        ExpectNothingCutOff(window);
+        if (GetParam().fontPercent == 100) {
+            EXPECT_LE(window.minimumSizeHint().width(), 600) << name;
+        }
+        Keep(window, QStringLiteral("%1-%2").arg(QString::fromLatin1(name), QString::fromLatin1(GetParam().name)));
+    };
+    const auto lookAtPages = [&](const char* first, const char* second) {
+        return [=, &inspect](QWidget& sheet) {
+            if (auto* const list = sheet.findChild<QTreeWidget*>(QStringLiteral("agendaList")))
+                QTest::keyClick(list, Qt::Key_Down);
+            inspect(sheet, first);
+            Click(sheet, "next");
+            inspect(sheet, second);
+            Click(sheet, "cancel");
+        };
+    };
+    Steps steps;
+    steps.Then(lookAtPages("import-money-1", "import-money-2"));
+    CMoneyWizard().Run(nullptr);
+    WakOptions stored;
+    stored.database = "wak";
+    ASSERT_TRUE(stored.Write());
+    steps.Then(lookAtPages("import-wak-1", "import-wak-2"));
+    CWakWizard().Run(nullptr);
+    steps.Then([&](QWidget& window) {
+        inspect(window, "import-question");
+        Click(window, "noButton");
+    });
+    CAskOverwriteDlg(QStringLiteral("Produkt \"Čaj sypaný v plechovce 250 g, kat.č. K-000123456789\" byl již z Money "
+                                    "importován. Přejete si jej aktualizovat?"),
+                     nullptr)
+        .Ask();
 }
 
 INSTANTIATE_TEST_SUITE_P(Palettes, Looks,

@@ -144,7 +144,8 @@ TEST_F(MainFrame, ACommandThatNobodyHandlesIsDisabled) {
     CProgressDoor progress(*frame);
     InstallFrameCommands(*frame, progress);
     for (const Command command : {Command::ID_BACKUP, Command::ID_RESTORE, Command::ID_REPORT, Command::ID_OPTIONS,
-                                  Command::ID_RECOMPUTE_ISSUES, Command::ID_APP_ABOUT, Command::ID_HELP})
+                                  Command::ID_RECOMPUTE_ISSUES, Command::ID_APP_ABOUT, Command::ID_HELP,
+                                  Command::ID_IMPORT_MONEY, Command::ID_IMPORT_WAK})
         EXPECT_TRUE(frame->Action(command)->isEnabled()) << static_cast<int>(command);
 }
 

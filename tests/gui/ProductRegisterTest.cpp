@@ -198,7 +198,7 @@ TEST_F(ProductRegisterTest, OpensTheGuide) {
     });
     view.Run(Command::ID_RECORD_ADD);
     SetHelpDoor(before);
-    EXPECT_EQ(std::vector<HelpContext>{HelpContext::Contents}, opened);
+    EXPECT_EQ(std::vector<HelpContext>{HelpContext::Product}, opened);
 }
 
 TEST_F(ProductRegisterTest, AVanishedProductIsToldAndLeavesTheList) {

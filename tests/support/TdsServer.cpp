@@ -152,7 +152,8 @@ void TdsServer::ServeLine(int line) {
                 const std::lock_guard lock(m_mutex);
                 m_statements.push_back(statement);
             }
-            std::this_thread::sleep_for(std::chrono::milliseconds(delayMilliseconds));
+            if (delayed.empty() || delayed == statement)
+                std::this_thread::sleep_for(std::chrono::milliseconds(delayMilliseconds));
             whole = Answer(statement, answer);
         }
         if (!SendAll(line, TdsPackets(answer, whole)) || !whole)

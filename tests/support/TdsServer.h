@@ -55,8 +55,9 @@ public:
     TdsTable documents;
     /// Accepts lines and says nothing.
     bool silent = false;
-    /// Before each answer to a statement.
+    /// Before each answer to a statement, or to this one alone.
     int delayMilliseconds = 0;
+    std::string delayed;
     /// A statement that is refused.
     std::string refused;
 
