@@ -271,7 +271,7 @@ TEST(DbfTable, AnIndexInTheMakingCanBeGivenUp) {
     EXPECT_EQ(ResultCode::NoSuchField, CodeOf([&] { table.SeekKey(7); }));
     table.SetCurrentIndex("N");
     EXPECT_EQ(IMoneyTable::Found, table.SeekKey(7));
-    EXPECT_EQ("long 7", DescribeField(table, "N"));
+    EXPECT_EQ("7", Field(table, "N"));
 }
 
 TEST(DbfTable, MisuseRaises) {
