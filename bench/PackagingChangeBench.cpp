@@ -2,6 +2,7 @@
 #include "bench/support/BenchFolder.h"
 #include "bench/support/Pairs.h"
 
+#include "app/Desktop.h"
 #include "registers/PageProd.h"
 #include "registers/RecordList.h"
 #include "rules/ItemCovers.h"
@@ -79,6 +80,7 @@ void ProductPicker() {
 int main(int argc, char** argv) {
     setenv("QT_QPA_PLATFORM", "offscreen", 0);
     const QApplication app(argc, argv);
+    SetUpDesktop();
     ReadArguments(argc, argv);
     PackagingChange();
     ProductPicker();

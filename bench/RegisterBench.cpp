@@ -2,6 +2,7 @@
 #include "bench/support/BenchFolder.h"
 #include "bench/support/Pairs.h"
 
+#include "app/Desktop.h"
 #include "registers/Beep.h"
 #include "registers/FindRequest.h"
 #include "registers/RecordList.h"
@@ -169,6 +170,7 @@ int main(int argc, char** argv) {
     setenv("QT_QPA_PLATFORM", "offscreen", 0);
     ReadArguments(argc, argv);
     const QApplication app(argc, argv);
+    SetUpDesktop();
     YesDoor yes;
     SetMessageDoor(&yes);
     SetBeep([] {});

@@ -115,7 +115,7 @@ TEST(CommitGroup, ACommitThatCannotBeIsShown) {
         CCommitGroup group(folder.store);
         folder.store.ExecuteSQL("DELETE FROM TmpID");
         ASSERT_TRUE(reading.Step());
-        messages.Expect(QStringLiteral("Došlo k chybě COM č.0x80070021\n\nDatabázi právě používá jiná aplikace."),
+        messages.Expect("Došlo k chybě COM č.0x80070021\n\nDatabázi právě používá jiná aplikace.",
                         Message::Icon::Error);
     }
     reading.Reset();
@@ -153,20 +153,14 @@ TEST(CommitGroup, AKilledProgramLeavesWholeRecords) {
         }
         std::this_thread::sleep_for(lifetime);
         ASSERT_EQ(0, kill(child, SIGKILL));
-        int status = 0;
-        ASSERT_EQ(child, waitpid(child, &status, 0));
-        ASSERT_TRUE(WIFSIGNALED(status));
+        ASSERT_EQ(child, waitpid(child, nullptr, 0));
         CDataStore store;
         ASSERT_TRUE(store.OpenDatabase(true)); // rolls back what was under way
-        const RecordsetPtr lines = store.Query("SELECT * FROM Move_Prod");
-        const RecordsetPtr covers = store.Query("SELECT * FROM Move_Cover ORDER BY mvcover_id");
-        ASSERT_EQ(3 * lines->get_RecordCount(), covers->get_RecordCount());
-        int wrong = 0;
-        for (; !lines->get_EOF(); lines->MoveNext())
-            for (int i = 0; i < 3; ++i, covers->MoveNext())
-                wrong += covers->Long("mvprod_id") != lines->Long("mvprod_id") ? 1 : 0;
-        EXPECT_EQ(0, wrong);
-        survived += lines->get_RecordCount();
+        const int lines = std::stoi(folder.Ask("SELECT count(*) FROM Move_Prod"));
+        EXPECT_EQ(std::to_string(3 * lines), folder.Ask("SELECT count(*) FROM Move_Cover"));
+        EXPECT_EQ("0", folder.Ask("SELECT count(*) FROM Move_Prod AS l WHERE (SELECT count(*) FROM Move_Cover AS c "
+                                  "WHERE c.mvprod_id = l.mvprod_id) <> 3"));
+        survived += lines;
     }
     EXPECT_GT(survived, 0) << "no child lived to its first commit";
 }

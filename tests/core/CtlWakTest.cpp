@@ -1,33 +1,11 @@
 #include "import/WakOptions.h"
+#include "tests/support/Kuvelctl.h"
 #include "tests/support/ProgramFolder.h"
 #include "tests/support/TdsServer.h"
 
 #include <gtest/gtest.h>
 
-#include <QProcess>
-
 #include <functional>
-
-namespace {
-
-struct Result {
-    int exitCode;
-    std::string output;
-    std::string errors;
-};
-
-Result RunImportWak(const ProgramFolder& folder, const QStringList& arguments, const char* input) {
-    QProcess process;
-    process.start(QStringLiteral(KUVEL_BIN_DIR "/kuvelctl"),
-                  QStringList{"--home", folder.Path(), "import", "wak"} + arguments);
-    process.write(input);
-    process.closeWriteChannel();
-    EXPECT_TRUE(process.waitForFinished(60'000)) << process.errorString().toStdString();
-    return {process.exitCode(), process.readAllStandardOutput().toStdString(),
-            process.readAllStandardError().toStdString()};
-}
-
-} // namespace
 
 TEST(CtlImportWak, TakesFromTheSettingsWhatIsNotGiven) {
     TdsServer server;
@@ -49,61 +27,49 @@ TEST(CtlImportWak, TakesFromTheSettingsWhatIsNotGiven) {
     stored.documents = false;
 
     const QString name = server.Name();
+    const CKuvelctl program(folder.folder.Path());
+    const std::string cannot = "Nemohu otevřít databázi 'wak' na serveru '" + name.toStdString() + "'\n\nChyba č.";
+    const auto done = [](int products, int documents) {
+        return "Import dokončen úspěšně!\n\nNaimportováno:\n   Produktů ~ " + std::to_string(products) +
+               "\n   Dokladů ~ " + std::to_string(documents) + "\n";
+    };
     const struct {
         const char* what;
         QStringList arguments;
         std::function<void(WakOptions&)> change;
         int exitCode;
-        const char* output;
+        std::string output;
         std::string errors; // how they begin
         const char* input = "";
     } rows[] = {
-        {"the settings alone",
-         {},
-         {},
-         0,
-         "Import dokončen úspěšně!\n\nNaimportováno:\n   Produktů ~ 1\n   Dokladů ~ 0\n",
-         ""},
-        {"days and phases",
-         {"--issues", "--from", "2024-02-29", "--to", "2024-02-29"},
-         {},
-         0,
-         "Import dokončen úspěšně!\n\nNaimportováno:\n   Produktů ~ 0\n   Dokladů ~ 1\n",
-         ""},
-        {"overwrite",
-         {"--products", "--issues", "--existing", "overwrite"},
-         {},
-         0,
-         "Import dokončen úspěšně!\n\nNaimportováno:\n   Produktů ~ 1\n   Dokladů ~ 1\n",
-         ""},
+        {"the settings alone", {}, {}, 0, done(1, 0), ""},
+        {"days and phases", {"--issues", "--from", "2024-02-29", "--to", "2024-02-29"}, {}, 0, done(0, 1), ""},
+        {"overwrite", {"--products", "--issues", "--existing", "overwrite"}, {}, 0, done(1, 1), ""},
         {"a login that replaces the settings'",
          {"--server", name, "--database", "wak", "--user", "jiří", "--password-stdin"},
          [](WakOptions& options) { options = {}; },
          0,
-         "Import dokončen úspěšně!\n\nNaimportováno:\n   Produktů ~ 0\n   Dokladů ~ 0\n",
+         done(0, 0),
          "",
          "TajnéHeslo\r\n"},
-        {"a wrong password",
-         {"--password-stdin"},
-         {},
-         1,
-         "",
-         "Nemohu otevřít databázi 'wak' na serveru '" + name.toStdString() + "'\n\nChyba č.0x80040E4D. Login failed",
-         "TajnéHesl"},
-        {"a ticket that is not there", {"--windows"}, {}, 1, "", "Nemohu otevřít databázi 'wak' na serveru '"},
+        {"a wrong password", {"--password-stdin"}, {}, 1, "", cannot + "0x80040E4D. Login failed", "TajnéHesl"},
+        {"a ticket that is not there", {"--windows"}, {}, 1, "", cannot},
         {"no server", {"--server", " "}, {}, 1, "", "Zadejte server!\n"},
+        {"no database", {"--database", " "}, {}, 1, "", "Zadejte databázi!\n"},
+        {"no user", {"--user", " "}, {}, 1, "", "Zadejte uživatele!\n"},
+        {"days the wrong way that nobody needs",
+         {"--products", "--from", "2024-02-29", "--to", "2024-02-28"},
+         {},
+         0,
+         done(0, 0),
+         ""},
+        {"nobody to ask", {}, [](WakOptions& o) { o.existing = ExistingRecords::Ask; }, 1, "", "kuvelctl: "},
         {"no phase",
          {},
-         [](WakOptions& options) { options.products = false; },
+         [](WakOptions& o) { o.products = false; },
          1,
          "",
          "Není vybrán import produktů ani dokladů!\n"},
-        {"nobody to ask",
-         {},
-         [](WakOptions& options) { options.existing = ExistingRecords::Ask; },
-         1,
-         "",
-         "kuvelctl: "},
         {"days the wrong way",
          {"--issues", "--from", "2024-02-29", "--to", "2024-02-28"},
          {},
@@ -122,11 +88,13 @@ TEST(CtlImportWak, TakesFromTheSettingsWhatIsNotGiven) {
             row.change(options);
         ASSERT_TRUE(options.Write());
         const QByteArray settings = FileBytes(folder.folder.File("kuvel.ini"));
-        const Result result = RunImportWak(folder.folder, row.arguments, row.input);
-        EXPECT_EQ(row.exitCode, result.exitCode) << result.errors;
-        EXPECT_EQ(row.output, result.output);
-        EXPECT_TRUE(row.errors.empty() ? result.errors.empty() : result.errors.starts_with(row.errors))
-            << result.errors;
+        QProcess process;
+        program.Prepare(process, QStringList{"--home", folder.folder.Path(), "import", "wak"} + row.arguments);
+        const CtlResult result = CKuvelctl::Finish(process, row.input);
+        EXPECT_EQ(row.exitCode, result.exitCode);
+        EXPECT_EQ(row.output, result.output.toStdString());
+        EXPECT_TRUE(row.errors.empty() ? result.errors.isEmpty() : result.errors.startsWith(row.errors.c_str()))
+            << result.errors.toStdString();
         EXPECT_EQ(settings, FileBytes(folder.folder.File("kuvel.ini")));
     }
     EXPECT_EQ("EXEC DoklSkl_Pre '20240229', '20240229'", server.TakeStatements()[5]);

@@ -35,10 +35,10 @@ struct BadFile {
     bool onlyFound = false; // by the check of the whole file
 };
 
-BadFile Changed(const std::string& fault, const std::string& sql) {
-    return {fault, [sql](const ProgramFolder& folder) {
+BadFile Changed(const std::string& sql) {
+    return {sql, [sql](const ProgramFolder& folder) {
                 folder.AddDatabase();
-                OtherProgram(folder).Run(sql.c_str());
+                folder.Sql(sql);
             }};
 }
 
@@ -46,7 +46,7 @@ BadFile Bytes(const std::string& fault, const std::function<QByteArray(QByteArra
     return {fault,
             [change](const ProgramFolder& folder) {
                 folder.AddDatabase();
-                OtherProgram(folder).Run(SampleRows);
+                folder.Sql(SampleRows);
                 const QString path = folder.File("Kuvel.mdb");
                 WriteFile(path, change(FileBytes(path)));
             },
@@ -56,26 +56,16 @@ BadFile Bytes(const std::string& fault, const std::function<QByteArray(QByteArra
 std::vector<BadFile> BadFiles() {
     std::vector<BadFile> files = {
         {"missing", [](const ProgramFolder&) {}},
-        {"a folder", [](const ProgramFolder& folder) { QDir(folder.Path()).mkdir(QStringLiteral("Kuvel.mdb")); }},
+        {"a folder", [](const ProgramFolder& folder) { QDir(folder.Path()).mkdir("Kuvel.mdb"); }},
         {"a link to nothing",
-         [](const ProgramFolder& folder) { QFile::link(QStringLiteral("nowhere.mdb"), folder.File("Kuvel.mdb")); }},
+         [](const ProgramFolder& folder) { QFile::link("nowhere.mdb", folder.File("Kuvel.mdb")); }},
         {"empty", [](const ProgramFolder& folder) { WriteFile(folder.File("Kuvel.mdb"), {}); }},
-        {"a text", [](const ProgramFolder& folder) { WriteFile(folder.File("Kuvel.mdb"), "Kuvel\r\n"); }},
         {"a long text",
          [](const ProgramFolder& folder) { WriteFile(folder.File("Kuvel.mdb"), QByteArray(20000, 'x')); }},
-        {"a stranger's database",
-         [](const ProgramFolder& folder) {
-             sqlite3* database = nullptr;
-             sqlite3_open(QFile::encodeName(folder.File("Kuvel.mdb")).constData(), &database);
-             sqlite3_exec(database, "CREATE TABLE Cover (cover_id INTEGER PRIMARY KEY)", nullptr, nullptr, nullptr);
-             sqlite3_close(database);
-         }},
-        Changed("another application", "PRAGMA application_id = 1265988173"),
-        Changed("no application", "PRAGMA application_id = 0"),
-        Changed("an older schema", "PRAGMA user_version = 0"),
-        Changed("a newer schema", "PRAGMA user_version = 2"),
-        Bytes("noise", [](const QByteArray& bytes) { return QByteArray(bytes.size(), '\x5a'); }),
-        Bytes("no page size", [](QByteArray bytes) { return bytes.replace(16, 2, QByteArray(2, '\0')); }),
+        Changed("PRAGMA application_id = 1265988173"),
+        Changed("PRAGMA application_id = 0"),
+        Changed("PRAGMA user_version = 0"),
+        Changed("PRAGMA user_version = 2"),
         Bytes("first page lost", [](QByteArray bytes) { return bytes.replace(100, 3996, QByteArray(3996, '\0')); }),
         Bytes(
             "a page in the middle lost",
@@ -83,8 +73,8 @@ std::vector<BadFile> BadFiles() {
     };
     for (const char* table : {"Cover", "CompCover", "CompCover_Item", "TmpCover_Item", "Product", "Prod_CoverDT",
                               "Prod_Cover", "Move", "Move_Prod", "Move_Cover", "CoverDiscard", "TmpID"})
-        files.push_back(Changed(std::string("without ") + table, std::string("DROP TABLE ") + table));
-    for (const int length : {1, 15, 16, 99, 100, 511, 512, 4095, 4096, 4097, 8192, -4097, -4096, -1})
+        files.push_back(Changed(std::string("DROP TABLE ") + table));
+    for (const int length : {1, 99, 511, 4096, 4097, 8192, -4096, -1})
         files.push_back(Bytes("cut to " + std::to_string(length), [length](const QByteArray& bytes) {
             return bytes.left(length > 0 ? length : bytes.size() + length);
         }));
@@ -162,19 +152,14 @@ TEST(OpenDatabase, RefusesWhatItMayNotWrite) {
 TEST(OpenDatabase, SetsWhatKeepsTheFileSafe) {
     SampleFolder folder;
     sqlite3* const database = folder.store.Engine().Handle();
-    const struct {
-        const char* pragma;
-        const char* value;
-    } pragmas[] = {
-        {"PRAGMA journal_mode", "truncate"},
-        {"PRAGMA synchronous", "2"},
-        {"PRAGMA busy_timeout", "5000"},
-        {"PRAGMA trusted_schema", "0"},
-    };
-    for (const auto& c : pragmas) {
-        sqlite::Statement statement(database, c.pragma);
+    const std::pair<const char*, const char*> pragmas[] = {{"PRAGMA journal_mode", "truncate"},
+                                                           {"PRAGMA synchronous", "2"},
+                                                           {"PRAGMA busy_timeout", "5000"},
+                                                           {"PRAGMA trusted_schema", "0"}};
+    for (const auto& [pragma, value] : pragmas) {
+        sqlite::Statement statement(database, pragma);
         ASSERT_TRUE(statement.Step());
-        EXPECT_EQ(c.value, statement.Text(0)) << c.pragma;
+        EXPECT_EQ(value, statement.Text(0)) << pragma;
     }
     for (const char* sql : {"SELECT \"no such column\"", "SELECT load_extension('x')",
                             "PRAGMA writable_schema = ON; DELETE FROM sqlite_schema",
@@ -183,17 +168,6 @@ TEST(OpenDatabase, SetsWhatKeepsTheFileSafe) {
     // A trigger that a stranger left in the file cannot call what the store registers.
     folder.Sql("CREATE TRIGGER t AFTER DELETE ON TmpID BEGIN UPDATE Cover SET cover_mat = kuvel_mul(1, 1); END");
     EXPECT_THROW(folder.store.ExecuteSQL("DELETE FROM TmpID"), ComError);
-}
-
-TEST(OpenDatabase, MayBeRepeated) {
-    SampleFolder folder;
-    EXPECT_TRUE(folder.store.OpenDatabase());
-    EXPECT_TRUE(folder.store.OpenDatabase(true));
-    folder.store.ExecuteSQL("DELETE FROM TmpID");
-    EXPECT_TRUE(folder.store.CloseDatabase());
-    EXPECT_TRUE(folder.store.CloseDatabase());
-    EXPECT_FALSE(folder.store.IsOpen());
-    EXPECT_EQ("0", folder.Ask("SELECT count(*) FROM TmpID"));
 }
 
 TEST(Locking, ALockedDatabaseOpensReadsAndRefusesToWriteInTime) {
@@ -245,7 +219,7 @@ TEST(Locking, AShortLockIsWaitedFor) {
 
 TEST(FullDisk, LeavesWhatWasCommittedAndTheProgramGoesOn) {
     StoreFolder outer;
-    QDir(outer.folder.Path()).mkdir(QStringLiteral("full"));
+    QDir(outer.folder.Path()).mkdir("full");
     const QString path = outer.folder.File("full");
     const QByteArray empty = FileBytes(outer.folder.File("Kuvel.mdb"));
     const std::string told = InChild([&]() -> std::string {
@@ -254,7 +228,7 @@ TEST(FullDisk, LeavesWhatWasCommittedAndTheProgramGoesOn) {
             mount("none", QFile::encodeName(path).constData(), "tmpfs", 0, "size=400k") != 0)
             return "no disk of its own";
         g_strAppDir = path + QLatin1Char('/');
-        WriteFile(g_strAppDir + QStringLiteral("Kuvel.mdb"), empty);
+        WriteFile(g_strAppDir + "Kuvel.mdb", empty);
         CDataStore store;
         if (!store.OpenDatabase())
             return "not opened";
@@ -268,7 +242,7 @@ TEST(FullDisk, LeavesWhatWasCommittedAndTheProgramGoesOn) {
             });
         };
         const auto count = [&] { return store.Query("SELECT * FROM Cover")->get_RecordCount(); };
-        const QString ballast = g_strAppDir + QStringLiteral("ballast");
+        const QString ballast = g_strAppDir + "ballast";
         WriteFile(ballast, QByteArray(220'000, 'x'));
         int written = 0;
         if (const std::uint32_t code = fill(written); code != ResultCode::DiskFull)
@@ -302,30 +276,6 @@ TEST(FullDisk, LeavesWhatWasCommittedAndTheProgramGoesOn) {
     EXPECT_EQ("whole", told);
 }
 
-TEST(FullDisk, AFileThatMayGrowNoFurtherIsNoHarm) {
-    SampleFolder folder;
-    const std::string told = InChild([&]() -> std::string {
-        std::signal(SIGXFSZ, SIG_IGN);
-        const rlimit most{100'000, 100'000};
-        setrlimit(RLIMIT_FSIZE, &most);
-        CDataStore store;
-        if (!store.OpenDatabase())
-            return "not opened";
-        int written = 0;
-        const std::uint32_t code = CodeOf([&] {
-            for (const RecordsetPtr rows = store.Table("Product"); written < 10000; ++written) {
-                rows->AddNew();
-                rows->put_Collect("prod_name", QString(2000, u'x'));
-                rows->Update();
-            }
-        });
-        return code == 0 ? "no error" : std::to_string(written);
-    });
-    ASSERT_GT(std::atoi(told.c_str()), 0) << told;
-    EXPECT_EQ(std::to_string(std::atoi(told.c_str()) + 5), folder.Ask("SELECT count(*) FROM Product"));
-    EXPECT_TRUE(folder.store.OpenDatabase(true));
-}
-
 TEST(CompactDatabase, KeepsRecordsAndCounters) {
     SampleFolder folder;
     const std::string before = folder.AskAll("SELECT * FROM Cover") + folder.AskAll("SELECT * FROM Move_Cover");
@@ -339,16 +289,8 @@ TEST(CompactDatabase, KeepsRecordsAndCounters) {
     EXPECT_LT(QFileInfo(folder.folder.File("Kuvel.mdb")).size(), size / 2);
     EXPECT_EQ(before, folder.AskAll("SELECT * FROM Cover") + folder.AskAll("SELECT * FROM Move_Cover"));
     ASSERT_TRUE(folder.store.OpenDatabase(true));
-    const std::pair<const char*, int> counters[] = {{"Product", 3006}, {"Prod_Cover", 6}, {"Cover", 8}};
-    for (const auto& [name, key] : counters) {
-        const RecordsetPtr table = folder.store.Table(name);
-        table->AddNew();
-        table->Update();
-        EXPECT_EQ(key, ToLong(table->get_Collect(std::string(name) == "Product"      ? "prod_id"
-                                                 : std::string(name) == "Prod_Cover" ? "cp_id"
-                                                                                     : "cover_id")))
-            << name;
-    }
+    EXPECT_EQ("3005 5 7", folder.AskAll("SELECT seq FROM sqlite_sequence WHERE name IN ('Product', 'Prod_Cover', "
+                                        "'Cover') ORDER BY name DESC"));
 }
 
 TEST(CompactDatabase, IsFalseAndHarmlessWhereItCannot) {
@@ -362,13 +304,6 @@ TEST(CompactDatabase, IsFalseAndHarmlessWhereItCannot) {
         EXPECT_FALSE(store.CompactDatabase());
         EXPECT_EQ(before, Listing(folder));
     }
-    {
-        ProgramFolder folder;
-        CDataStore store;
-        WriteFile(folder.File("Kuvel.mdb"), "no database");
-        EXPECT_FALSE(store.CompactDatabase());
-        EXPECT_EQ("no database", FileBytes(folder.File("Kuvel.mdb")));
-    }
     SampleFolder folder;
     OtherProgram other(folder.folder);
     sqlite::Statement reading(other.Handle(), "SELECT cover_name FROM Cover ORDER BY cover_id");
@@ -381,12 +316,10 @@ TEST(CompactDatabase, IsFalseAndHarmlessWhereItCannot) {
     // A program that has the file open, and does nothing just now, does not hinder, and reads on.
     CDataStore second;
     ASSERT_TRUE(second.OpenDatabase());
-    const RecordsetPtr covers = second.Query("SELECT * FROM Cover ORDER BY cover_name");
+    const RecordsetPtr covers = second.Query("SELECT * FROM Cover ORDER BY cover_id");
     EXPECT_TRUE(folder.store.CompactDatabase());
-    std::string names;
-    for (; !covers->get_EOF(); covers->MoveNext())
-        names += Shown(covers->get_Collect("cover_name"));
-    EXPECT_EQ("'cena''Cihla''čaj''Čaj''hůl''chata''ibis'", names);
+    covers->Move(6);
+    EXPECT_EQ("'Čaj'", Shown(covers->get_Collect("cover_name")));
     covers->MoveFirst();
     covers->put_Collect("cover_mat", 3);
     covers->Update();
@@ -395,44 +328,17 @@ TEST(CompactDatabase, IsFalseAndHarmlessWhereItCannot) {
 
 TEST(CodeLists, HaveTheirTextsInOrder) {
     const CDataStore store;
-    const std::pair<CodeList, int> sizes[] = {
-        {CodeList::CoverMaterial, 30}, {CodeList::CoverOrigin, 3}, {CodeList::CoverPayment, 3},
-        {CodeList::CoverType, 4},      {CodeList::CoverStat, 4},   {CodeList::DiscardType, 3},
-        {CodeList::MoveType, 4},
-    };
-    for (const auto& [list, size] : sizes) {
-        EXPECT_EQ(size, store.Codes(list).size());
-        EXPECT_NE("???", store.CodeListText(list, 0));
-        EXPECT_NE("???", store.CodeListText(list, size - 1));
-        for (const int outside : {-1, size, INT32_MIN, INT32_MAX})
-            EXPECT_EQ("???", store.CodeListText(list, outside));
-    }
-    const struct {
-        CodeList list;
-        int index;
-        const char* text;
-    } texts[] = {
-        {CodeList::CoverMaterial, Material::Wood, "dřevo"},
-        {CodeList::CoverMaterial, 4, "kovy nad 5l- hliník AL"},
-        {CodeList::CoverMaterial, 5, "kovy nad 5l - železo FE"},
-        {CodeList::CoverMaterial, Material::BeverageCarton, "nápojové kartony"},
-        {CodeList::CoverMaterial, 13, "PET - pevné duté nad 5l"},
-        {CodeList::CoverMaterial, Material::Glass, "sklo"},
-        {CodeList::CoverMaterial, 28, "jiný materiál"},
-        {CodeList::CoverMaterial, Material::Textile, "textil"},
-        {CodeList::CoverOrigin, Origin::Imported, "dovezený do ČR"},
-        {CodeList::CoverOrigin, Origin::MadeInland, "vyrobený v ČR"},
-        {CodeList::CoverPayment, Payment::Charged, "zpoplatněný"},
-        {CodeList::CoverPayment, Payment::Prepaid, "předplacený"},
-        {CodeList::CoverType, Type::Sales, "prodejní"},
-        {CodeList::CoverType, Type::Industrial, "průmyslový"},
-        {CodeList::CoverStat, Stat::PlainPallet, "paleta prostá (ČSN 269111)"},
-        {CodeList::CoverStat, Stat::BeverageCarton, "nápojové kartony"},
-        {CodeList::DiscardType, 0, "energeticky využito"},
-        {CodeList::DiscardType, 2, "recyklováno"},
-        {CodeList::MoveType, 0, "dodací list"},
-        {CodeList::MoveType, 3, "výdejka"},
-    };
-    for (const auto& c : texts)
-        EXPECT_EQ(QString::fromUtf8(c.text), store.CodeListText(c.list, c.index));
+    const std::pair<CodeList, const char*> lists[] = {
+        {CodeList::CoverOrigin, "dovezený do ČR|nakoupený v ČR|vyrobený v ČR"},
+        {CodeList::CoverPayment, "neplacený|zpoplatněný|předplacený"},
+        {CodeList::CoverType, "přepravní|skupinový|prodejní|průmyslový"},
+        {CodeList::CoverStat, "obal není paleta|paleta EUR (ČSN 269110)|paleta prostá (ČSN 269111)|nápojové kartony"},
+        {CodeList::DiscardType, "energeticky využito|odstraněno|recyklováno"},
+        {CodeList::MoveType, "dodací list|faktura|prodejka|výdejka"}};
+    for (const auto& [list, texts] : lists)
+        EXPECT_EQ(texts, store.Codes(list).join(u'|').toStdString());
+    // The others stand beside the captions of the form in the templates' test.
+    EXPECT_EQ("kovy nad 5l- hliník AL", store.CodeListText(CodeList::CoverMaterial, 4).toStdString());
+    for (const int outside : {-1, 30, INT32_MIN, INT32_MAX})
+        EXPECT_EQ("???", store.CodeListText(CodeList::CoverMaterial, outside));
 }

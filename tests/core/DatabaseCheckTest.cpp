@@ -29,13 +29,8 @@ std::string Findings(StoreFolder& company, std::int64_t* count = nullptr) {
     return lines.join(u'\n').toStdString();
 }
 
-struct FaultCase {
-    const char* fault;
-    const char* expected;
-};
-
 TEST(DatabaseCheck, NamesEachFault) {
-    const FaultCase cases[] = {
+    const std::pair<const char*, const char*> cases[] = {
         {"SELECT 1", ""},
         {"DELETE FROM Product WHERE prod_id = 2", "Move_Prod 2: prod_id 2 is not in Product"},
         {"UPDATE Prod_CoverDT SET prod_id = 9 WHERE dt_id = 2", "Prod_CoverDT 2: prod_id 9 is not in Product"},
@@ -83,15 +78,18 @@ TEST(DatabaseCheck, NamesEachFault) {
         {"UPDATE Cover SET cover_weight = -15000 WHERE cover_id = 1",
          "Cover 1: cover_weight -1.5000 must be greater than 0"},
         {"UPDATE Prod_Cover SET cp_qtyprod = 0", "Prod_Cover 1: cp_qtyprod 0.0000 must be greater than 0"},
+        {"UPDATE CompCover_Item SET cp_qtycover = NULL, cp_qtyprod = -1",
+         "CompCover_Item 1: cp_qtyprod -0.0001 must be greater than 0\nCompCover_Item 1: cp_qtycover (empty) must be a "
+         "number"},
         {"UPDATE Move_Prod SET mvprod_qty = NULL WHERE mvprod_id = 2",
          "Move_Prod 2: mvprod_qty (empty) must be a number"},
         {"UPDATE Product SET prod_source = 3 WHERE prod_id = 2", "Product 2: prod_source 3 is no known source"},
     };
-    for (const FaultCase& row : cases) {
+    for (const auto& [fault, expected] : cases) {
         StoreFolder company;
         company.Sql(Sound);
-        company.Sql(row.fault);
-        EXPECT_EQ(row.expected, Findings(company)) << row.fault;
+        company.Sql(fault);
+        EXPECT_EQ(expected, Findings(company)) << fault;
     }
 }
 

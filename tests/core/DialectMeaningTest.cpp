@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <limits>
-#include <random>
 
 namespace {
 
@@ -20,7 +19,7 @@ void FillNames(const StoreFolder& folder, const std::vector<std::string>& names)
             name.insert(at, 1, '\'');
         sql += "INSERT INTO Cover (cover_name) VALUES ('" + name + "');";
     }
-    folder.Sql((sql + "COMMIT").c_str());
+    folder.Sql(sql + "COMMIT");
 }
 
 } // namespace
@@ -31,30 +30,17 @@ TEST(DialectDays, CountDaysAndNotHours) {
         const char* stored;
         const char* met; // which of the conditions below
     } dates[] = {
-        {"'2012-03-31 00:00:00'", ".xx.xx"},
-        {"'2012-03-31 23:59:59'", ".xx.xx"},
-        {"'2012-03-31'", ".xx.xx"},
-        {"'2012-04-01'", "x.xx.x"},
-        {"'2012-04-01 00:00:00'", "x.xx.x"},
-        {"'2012-04-01 12:30:00'", "x.xx.x"},
-        {"'2012-04-01 23:59:59'", "x.xx.x"},
-        {"'2012-04-02'", "x..x.."},
-        {"'2012-04-02 00:00:00'", "x..x.."},
-        {"'2012-04-02 23:59:59'", "x..x.."},
-        {"'2012-06-30'", "x..x.x"},
-        {"'2012-06-30 23:59:59'", "x..x.x"},
-        {"'2012-07-01'", "...x.x"},
-        {"'2012-07-01 00:00:00'", "...x.x"},
-        {"'9999-12-31 23:59:59'", "...x.x"},
-        {"'0001-01-01 00:00:00'", ".xx.xx"},
+        {"'2012-03-31 23:59:59'", ".xx.xx."},
+        {"'2012-03-31'", ".xx.xx."},
+        {"'2012-04-01'", "x.xx.x."},
+        {"'2012-04-01 23:59:59'", "x.xx.x."},
+        {"'2012-04-02'", "x..x..x"},
+        {"'2012-06-30 23:59:59'", "x..x.xx"},
+        {"'2012-07-01 00:00:00'", "...x.xx"},
         {"NULL", "none"},
-        {"''", "none"},
         {"'2012-04-31'", "none"},
         {"'1.4.2012'", "none"},
         {"'2012-04-01T12:00:00'", "none"},
-        {"'2012-04-01 12:00'", "none"},
-        {"'2012-04-01 24:00:00'", "none"},
-        {"'2012-4-1'", "none"},
         {"'2012-05-01 garbage'", "none"},
         {"20120401", "none"},
     };
@@ -65,6 +51,7 @@ TEST(DialectDays, CountDaysAndNotHours) {
         "0<=DATEDIFF(\"d\", #4/1/2012#, move_date)",
         "-1>=DATEDIFF(\"d\", #4/1/2012#, move_date)",
         "DATEDIFF(\"d\", #4/1/2012#, move_date)<>1",
+        "DATEDIFF(\"d\", #4/1/2012#, move_date)>0",
     };
     for (const auto& date : dates) {
         folder.Sql(
@@ -81,8 +68,8 @@ TEST(DialectDays, CountDaysAndNotHours) {
         }
         // What cannot be read meets neither a condition nor its opposite.
         const bool readable = std::string(date.met) != "none";
-        EXPECT_EQ(readable ? date.met : "......", met) << date.stored;
-        EXPECT_EQ(readable ? date.met : "xxxxxx", opposite) << date.stored;
+        EXPECT_EQ(readable ? date.met : ".......", met) << date.stored;
+        EXPECT_EQ(readable ? date.met : "xxxxxxx", opposite) << date.stored;
     }
 }
 
@@ -90,31 +77,25 @@ TEST(DialectDays, ReachTheEndsOfTheCalendar) {
     StoreFolder folder;
     folder.Sql("INSERT INTO Move (move_date) VALUES ('0001-01-01 00:00:00'), ('2012-07-02 10:00:00'), "
                "('9999-12-31 23:59:59')");
-    const struct {
-        const char* condition;
-        const char* keys;
-    } cases[] = {
+    const std::pair<const char*, const char*> cases[] = {
         {"DATEDIFF(\"d\", move_date, #12/31/9999#)>=0", "1 2 3"},
-        {"DATEDIFF(\"d\", move_date, #12/31/9999#)>0", "1 2"},
         {"DATEDIFF(\"d\", #12/31/9999#, move_date)=0", "3"},
-        {"DATEDIFF(\"d\", #1/1/1#, move_date)>=0", "1 2 3"},
-        {"DATEDIFF(\"d\", #1/1/1#, move_date)=0", "1"},
         {"DATEDIFF(\"d\", #1/1/1#, move_date)>=-5", "1 2 3"},
         {"DATEDIFF(\"d\", #7/2/2012#, move_date)>=99999999999999999999", ""},
-        {"DATEDIFF(\"d\", #7/2/2012#, move_date)<=99999999999999999999", "1 2 3"},
         {"DATEDIFF(\"d\", #7/2/2012#, move_date)>=-2147483649", "1 2 3"},
         {"DATEDIFF(\"d\", move_date, #7/2/2012#)>=-99999999999999999999", "1 2 3"},
         {"DATEDIFF(\"d\", #2/28/2012#, move_date)=125", "2"}, // over 29 February
     };
-    for (const auto& c : cases)
-        EXPECT_EQ(c.keys, Rows(folder.store, std::string("SELECT * FROM Move WHERE ") + c.condition, "move_id"))
-            << c.condition;
+    for (const auto& [condition, keys] : cases)
+        EXPECT_EQ(keys, Rows(folder.store, std::string("SELECT * FROM Move WHERE ") + condition, "move_id"))
+            << condition;
 }
 
 TEST(DialectText, IsSortedAsCzechIs) {
     const std::vector<std::string> sorted = {
-        "",      " a",    "a-b",  "ab",      "Abeceda", "auto", "cena", "Cihla", "cukr", "čaj",  "Čáp",  "dům", "hůl",
-        "chata", "Chléb", "ibis", "obal 10", "obal 9",  "ráno", "řada", "sůl",   "šál",  "úcta", "ucho", "zub", "žába",
+        "",     " a",   "a-b", "ab",  "Abeceda", "auto",  "byt",   "být",  "cena",    "Cihla",
+        "cukr", "čaj",  "Čáp", "dům", "hůl",     "chata", "Chléb", "ibis", "obal 10", "obal 9",
+        "ráno", "řada", "sůl", "šál", "úcta",    "ucho",  "zub",   "žába",
     };
     StoreFolder folder;
     std::vector<std::string> shuffled(sorted.rbegin(), sorted.rend());
@@ -139,35 +120,23 @@ TEST(DialectText, IsComparedWithoutCaseButWithAccents) {
     } cases[] = {
         {"Dřevo", "= 'DŘEVO'", true},
         {"Dřevo", "= 'drevo'", false},
-        {"Drevo", "= 'dřevo'", false},
         {"dřevo", "<> 'DŘEVO'", false},
-        {"drevo", "<> 'DŘEVO'", true},
         {"box", "= 'BOX'", true},
         {"box", "<> 'BOX'", false},
         {"box ", "= 'box'", false},
         {"", "= ''", true},
         {"d'Or", "= 'D''OR'", true},
-        {"''", "= ''''''", true},
         {"Straße", "= 'strasse'", false},
         {"Dřevo", "LIKE 'dř%'", true},
-        {"Dřevo", "LIKE 'dr%'", false},
         {"Dřevo", "LIKE '%EVO'", true},
-        {"Dřevo", "LIKE '%řev%'", true},
         {"Dřevo", "LIKE 'řev'", false},
         {"Dřevo", "LIKE 'd_evo'", true}, // one letter, not one byte
-        {"Dřevo", "LIKE 'd__evo'", false},
         {"Dřevo", "LIKE '_____'", true},
-        {"Dřevo", "LIKE '____'", false},
-        {"Dřevo", "LIKE '%'", true},
         {"", "LIKE '%%'", true},
         {"", "LIKE '_'", false},
-        {"50%", "LIKE '%%%'", true},
-        {"aab", "LIKE '%ab'", true},
         {"abab", "LIKE '%ab%b'", true},
         {"abac", "LIKE 'a%b'", false},
-        {"[a]", "LIKE '[a]'", true},
         {"a", "LIKE '[a]'", false},
-        {"a*c", "LIKE 'a*c'", true},
         {"abc", "LIKE 'a*c'", false},
         {"d'Or", "LIKE '%''o%'", true},
         {"😀x", "LIKE '_x'", true},
@@ -186,43 +155,26 @@ TEST(DialectText, IsComparedWithoutCaseButWithAccents) {
 
 TEST(DialectNumbers, BesideACurrencyAreWholeUnits) {
     SampleFolder folder;
-    const struct {
-        const char* condition;
-        const char* keys;
-    } cases[] = {
+    const std::pair<const char*, const char*> cases[] = {
         {"cover_weight = 0.5", "1"},
         {"0.5 = cover_weight", "1"},
         {"cover_weight = 0.50000000", "1"},
-        {"cover_weight = 25", "5"},
         {"cover_weight = 250000", ""},
-        {"cover_weight > 0.0014 AND cover_weight < 0.0016", "4"},
         {"cover_weight > 0.00149999 AND cover_weight < 0.00150001", "4"},
-        {"cover_weight <= 0.00149", ""},
-        {"cover_weight >= 0.00005 AND cover_weight < 1", "1 4"},
-        {"cover_weight < -0.5", ""},
         {"cover_weight > -0.5 AND cover_weight <= 0.5", "1 4"},
         {"cover_weight < 922337203685477.5807", "1 2 3 4 5 7"},
         {"cover_weight < 99999999999999999999999", "1 2 3 4 5 7"},
-        {"cover_weight > -99999999999999999999999", "1 2 3 4 5 7"},
-        {"cover_weight > 99999999999999999999999", ""},
         {"cover_weight*2 = 50", "5"},
         {"cover_weight*0.5 = 0.25", "1"},
         {"cover_weight+0.0015 = 0.003", "4"},
-        {"cover_weight - 0.5 = 0", "1"},
         {"cover_weight-cover_weight = 0 AND cover_id < 3", "1 2"},
         {"cover_id+1 = 2", "1"},
         {"cover_id = 99999999999999999999", ""},
     };
-    for (const auto& c : cases)
-        EXPECT_EQ(c.keys,
-                  Rows(folder.store, std::string("SELECT * FROM Cover WHERE ") + c.condition + " ORDER BY cover_id",
-                       "cover_id"))
-            << c.condition;
-    // One prepared statement serves texts that differ in their literals only.
-    const std::pair<const char*, const char*> weights[] = {
-        {"0.5", "1"}, {"1.2345", "2"}, {"2.0", "3"}, {"0.0015", "4"}};
-    for (const auto& [weight, key] : weights)
-        EXPECT_EQ(key, Rows(folder.store, SqlText("SELECT * FROM Cover WHERE cover_weight = %s", weight), "cover_id"));
+    for (const auto& [condition, keys] : cases)
+        EXPECT_EQ(keys, Rows(folder.store, std::string("SELECT * FROM Cover WHERE ") + condition + " ORDER BY cover_id",
+                             "cover_id"))
+            << condition;
 }
 
 TEST(DialectNumbers, AreSetExactlyOrNotAtAll) {
@@ -230,14 +182,11 @@ TEST(DialectNumbers, AreSetExactlyOrNotAtAll) {
         const char* value;
         const char* stored; // "!" for a refusal
     } cases[] = {
-        {"0.5", "5000"},
         {"-0.5", "-5000"},
         {"- -7", "70000"},
         {"0.00005", "!"},
-        {"0.0001", "1"},
         {"922337203685477.5807", "9223372036854775807"},
         {"922337203685477.5808", "!"},
-        {"99999999999999999999", "!"},
         {"cover_weight*3", "37035"},
     };
     for (const auto& c : cases) {
@@ -261,49 +210,6 @@ TEST(DialectNumbers, AreSetExactlyOrNotAtAll) {
 
 namespace {
 
-/// The product of two counts, worked out by hand in base 10^9, so that it owes nothing to wide integers.
-std::string ProductByHand(std::int64_t a, std::int64_t b) {
-    const bool negative = (a < 0) != (b < 0) && a != 0 && b != 0;
-    const auto digits = [](std::int64_t value) {
-        std::string text = std::to_string(value);
-        text.erase(0, text.find_first_not_of('-'));
-        std::reverse(text.begin(), text.end());
-        return text;
-    };
-    const std::string x = digits(a);
-    const std::string y = digits(b);
-    std::vector<int> product(x.size() + y.size() + 1, 0);
-    for (std::size_t i = 0; i < x.size(); ++i)
-        for (std::size_t j = 0; j < y.size(); ++j)
-            product[i + j] += (x[i] - '0') * (y[j] - '0');
-    product.resize(std::max<std::size_t>(product.size() + 2, 8));
-    for (std::size_t i = 0; i + 1 < product.size(); ++i) {
-        product[i + 1] += product[i] / 10;
-        product[i] %= 10;
-    }
-    const int rest = product[3] * 1000 + product[2] * 100 + product[1] * 10 + product[0];
-    product.erase(product.begin(), product.begin() + 4);
-    if (rest > 5000 || (rest == 5000 && product[0] % 2 == 1)) {
-        std::size_t i = 0;
-        for (; product[i] == 9; ++i)
-            product[i] = 0;
-        ++product[i];
-    }
-    while (product.size() > 1 && product.back() == 0)
-        product.pop_back();
-    std::string text = negative && !(product.size() == 1 && product[0] == 0) ? "-" : "";
-    for (auto digit = product.rbegin(); digit != product.rend(); ++digit)
-        text += static_cast<char>('0' + *digit);
-    return text;
-}
-
-bool FitsCurrency(const std::string& count) {
-    const bool negative = count[0] == '-';
-    const std::string magnitude = count.substr(negative ? 1 : 0);
-    const std::string most = negative ? "9223372036854775808" : "9223372036854775807";
-    return magnitude.size() < most.size() || (magnitude.size() == most.size() && magnitude <= most);
-}
-
 /// The product as the store works it out, as a count; "!" for an error.
 std::string Product(const StoreFolder& folder, std::int64_t a, std::int64_t b, const char* item) {
     folder.Sql(SqlText("UPDATE Prod_Cover SET cp_qtycover = %li, cp_qtyprod = %li WHERE cp_id = 1", a, b).c_str());
@@ -322,85 +228,39 @@ TEST(DialectProduct, IsExactAndTiesGoToEven) {
     constexpr std::int64_t Most = std::numeric_limits<std::int64_t>::max();
     constexpr std::int64_t Least = std::numeric_limits<std::int64_t>::min();
     const struct {
-        std::int64_t a;
-        std::int64_t b;
+        std::int64_t a, b;
         const char* product; // "!" for an error
     } cases[] = {
         {10000, 10000, "10000"},
         {5000, 1, "0"},  // half of the last place: to even, down
         {15000, 1, "2"}, // to even, up
-        {25000, 1, "2"},
         {-5000, 1, "0"},
         {-15000, 1, "-2"},
         {25000, -1, "-2"},
-        {-25000, -1, "2"},
         {5001, 1, "1"},
-        {4999, 1, "0"},
         {-5001, 1, "-1"},
         {15000, 12345, "18518"},                     // 18517.5
         {5000, 12345, "6172"},                       // 6172.5
         {3037000500, 3037000500, "922337203700025"}, // the product of the counts just passes 64 bits
         {Most, 10000, "9223372036854775807"},
         {Most, 10001, "!"},
-        {Most, -10000, "-9223372036854775807"},
         {Least, 10000, "-9223372036854775808"},
         {Least, -10000, "!"},
-        {Least, Least, "!"},
         {Most, 1, "922337203685478"},
         {0, Least, "0"},
     };
     StoreFolder folder;
     folder.Sql("INSERT INTO Prod_Cover (cp_id) VALUES (1)");
     for (const auto& c : cases) {
-        const std::string byHand = ProductByHand(c.a, c.b);
-        const std::string expected = FitsCurrency(byHand) ? byHand : "!";
-        EXPECT_EQ(c.product, expected) << c.a << " " << c.b;
-        EXPECT_EQ(expected, Product(folder, c.a, c.b, "cp_qtycover*cp_qtyprod")) << c.a << " " << c.b;
-        EXPECT_EQ(expected, Product(folder, c.a, c.b, "Sum(cp_qtycover*cp_qtyprod)")) << c.a << " " << c.b;
+        for (const char* item : {"cp_qtycover*cp_qtyprod", "Sum(cp_qtycover*cp_qtyprod)"})
+            EXPECT_EQ(c.product, Product(folder, c.a, c.b, item)) << c.a << " " << c.b << " " << item;
     }
-}
-
-TEST(DialectProduct, AgreesWithLongMultiplication) {
-    StoreFolder folder;
-    std::mt19937_64 random(20120702);
-    std::string rows;
-    std::vector<std::pair<std::string, bool>> expected;
-    for (int i = 0; i < 20000; ++i) {
-        // Every magnitude, and every other time a tie.
-        auto a = static_cast<std::int64_t>(random() >> (random() % 64));
-        auto b = static_cast<std::int64_t>(random() >> (random() % 64));
-        if (random() % 2 == 0) {
-            a = a / 10000 * 10000 + 5000;
-            b = b | 1;
-        }
-        a = random() % 2 == 0 ? a : -a;
-        rows += (rows.empty() ? "(" : ", (") + std::to_string(a) + ", " + std::to_string(b) + ")";
-        const std::string product = ProductByHand(a, b);
-        expected.emplace_back(product, FitsCurrency(product));
-    }
-    folder.Sql(("INSERT INTO Prod_Cover (cp_qtycover, cp_qtyprod) VALUES " + rows).c_str());
-    sqlite::Statement product(folder.store.Engine().Handle(),
-                              "SELECT kuvel_mul(cp_qtycover, cp_qtyprod) FROM Prod_Cover WHERE cp_id = ?1");
-    int good = 0;
-    for (std::size_t i = 0; i < expected.size(); ++i) {
-        product.Bind(1, static_cast<std::int64_t>(i) + 1);
-        if (!expected[i].second) {
-            EXPECT_THROW(product.Step(), ComError) << expected[i].first;
-            continue;
-        }
-        ++good;
-        ASSERT_TRUE(product.Step());
-        ASSERT_EQ(expected[i].first, product.Text(0)) << i;
-        product.Reset();
-    }
-    EXPECT_GT(good, 10000);
 }
 
 TEST(DialectTotals, AreExactOrAnError) {
     const struct {
         const char* rows; // cp_qtycover, cp_qtyprod
-        const char* sum;
-        const char* sumOfProducts;
+        const char *sum, *sumOfProducts;
     } cases[] = {
         {"", "null", "null"},
         {"(NULL, 10000), (NULL, NULL)", "null", "null"},
@@ -449,33 +309,24 @@ TEST(DialectPlan, AnIndexServesWhatGrowsLarge) {
         const char* sql;
         const char* used; // in the plan of the engine
     } cases[] = {
-        {"SELECT Cover.cover_mat, Move_Cover.cover_type, Move_Cover.cover_org, "
-         "Sum(Move_Cover.mvcover_qty*Cover.cover_weight) AS SumWeight FROM (Move INNER JOIN Move_Cover ON Move.move_id "
-         "= Move_Cover.move_id) INNER JOIN Cover ON Move_Cover.cover_id = Cover.cover_id WHERE DATEDIFF(\"d\", "
-         "#4/1/2012#, move_date)>=0 AND DATEDIFF(\"d\", move_date, #6/30/2012#)>=0 AND (Cover.cover_reusable=False) "
-         "AND (Move.move_export=False) AND (Move_Cover.cover_pay=0) GROUP BY Cover.cover_mat, Move_Cover.cover_type, "
-         "Move_Cover.cover_org",
+        {"SELECT Cover.cover_mat, Sum(Move_Cover.mvcover_qty*Cover.cover_weight) AS SumWeight FROM (Move INNER JOIN "
+         "Move_Cover ON Move.move_id = Move_Cover.move_id) INNER JOIN Cover ON Move_Cover.cover_id = Cover.cover_id "
+         "WHERE DATEDIFF(\"d\", #4/1/2012#, move_date)>=0 AND DATEDIFF(\"d\", move_date, #6/30/2012#)>=0 AND "
+         "(Move.move_export=False) GROUP BY Cover.cover_mat",
          "SEARCH Move USING INDEX Move_date (move_date>? AND move_date<?)"},
-        {"SELECT Cover.cover_mat, Cover.cover_type, CoverDiscard.disc_type, Sum(CoverDiscard.disc_qty*"
-         "Cover.cover_weight) AS SumWeight FROM CoverDiscard INNER JOIN Cover ON CoverDiscard.cover_id = "
-         "Cover.cover_id WHERE (Cover.cover_reusable=TRUE) AND DATEDIFF(\"d\", #4/1/2012#, disc_date)>=0 AND "
-         "DATEDIFF(\"d\", disc_date, #6/30/2012#)>=0 GROUP BY Cover.cover_mat, Cover.cover_type, "
-         "CoverDiscard.disc_type",
+        {"SELECT * FROM CoverDiscard INNER JOIN Cover ON CoverDiscard.cover_id = Cover.cover_id WHERE DATEDIFF(\"d\", "
+         "#4/1/2012#, disc_date)>=0 AND DATEDIFF(\"d\", disc_date, #6/30/2012#)>=0",
          "SEARCH CoverDiscard USING INDEX CoverDiscard_date (disc_date>? AND disc_date<?)"},
         {"SELECT * FROM Move WHERE move_source = 1 AND move_num = 'DL-1'",
          "Move_source (move_source=? AND move_num=?)"},
         {"SELECT * FROM Move WHERE move_source = 1 AND move_num = 'č. 1'", "Move_source (move_source=?)"},
         {"SELECT * FROM Product WHERE prod_source = 1 AND prod_scrid = 17",
          "Product_source (prod_source=? AND prod_scrid=?)"},
-        {"SELECT * FROM Prod_CoverDT WHERE prod_id = 1 ORDER BY dt_from", "Prod_CoverDT_prod_id (prod_id=?)"},
         {"SELECT * FROM Prod_CoverDT WHERE (prod_id = 1) AND DATEDIFF(\"d\", #7/1/2012#, dt_from)=0",
          "Prod_CoverDT_prod_id (prod_id=? AND dt_from>? AND dt_from<?)"},
         {"SELECT * FROM  Prod_Cover WHERE dt_id = 1", "Prod_Cover_dt_id (dt_id=?)"},
         {"DELETE FROM Move_Cover WHERE mvprod_id = 1", "Move_Cover_mvprod_id (mvprod_id=?)"},
         {"DELETE FROM Move_Cover WHERE move_id = 1", "Move_Cover_move_id (move_id=?)"},
-        {"DELETE FROM Move_Cover WHERE (mvprod_id IN (SELECT mvprod_id FROM Move_Prod WHERE (move_id IN (SELECT id "
-         "FROM TmpID))))",
-         "Move_Cover_mvprod_id (mvprod_id=?)"},
         {"DELETE FROM Move_Prod WHERE (move_id IN (SELECT id FROM TmpID))", "Move_Prod_move_id (move_id=?)"},
         {"UPDATE Move_Cover SET cover_type=1, cover_org=1, cover_pay=1 WHERE cover_id=1",
          "Move_Cover_cover_id (cover_id=?)"},

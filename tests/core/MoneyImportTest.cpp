@@ -13,7 +13,6 @@
 namespace {
 
 using End = ImportResult::End;
-using Calls = std::vector<std::string>;
 
 QString Czech(const char* text) {
     return QString::fromUtf8(text);
@@ -67,18 +66,14 @@ TEST_F(MoneyPhases, EachKindOfDocumentHasItsType) {
         {"S", [&] { AddDocument(7, "D", "d"); }, "D|0"},
         {"S", [&] { AddDocument(7, "D", "P"); }, "D|2"},
         {"S", [&] { AddDocument(7, "D", "X"); }, ""},
-        {"S", [&] { AddDocument(7, "D", ""); }, ""},
         {"S", [&] { AddDocument(8, "D", "V"); }, ""},
-        {"S", [&] { AddInvoice(7, "F"); }, ""},
         {"V", [&] { AddInvoice(7, "F"); }, "F|1"},
-        {"v", [&] { AddInvoice(7, "F"); }, "F|1"},
         {"V", [&] { AddInvoice(7, "F", 1); }, ""},
         {"V", [&] { AddInvoice(7, "F", Currency::FromCount(1)); }, ""},
         {"V", [&] { AddInvoice(7, "F", 0, true); }, ""},
         {"V", [&] { AddInvoice(7, "F", Variant(), Variant()); }, "F|1"},
         {"V", [&] { AddDocument(7, "D", "V"); }, ""},
         {"X", [&] { AddDocument(7, "D", "V"); }, ""},
-        {"", [&] { AddDocument(7, "D", "V"); }, ""},
     };
     for (const auto& row : cases) {
         Sql("DELETE FROM Move; DELETE FROM Move_Prod");
@@ -97,19 +92,15 @@ TEST_F(MoneyPhases, TheCountrySaysWhatIsAnExport) {
     const struct {
         const char* domestic;
         bool setExport;
-        const char* country;
-        const char* isExport;
+        const char *country, *isExport;
     } cases[] = {
         {usual, true, "  česká republika ", "0"},
-        {usual, true, "čr", "0"},
         {usual, true, "", "0"},
         {usual, true, "Slovensko", "1"},
-        {usual, true, "Česká", "1"},
         {usual, true, "Ceska republika", "1"},
         {usual, false, "Slovensko", "0"},
         {"CZ;", true, "cz", "0"},
         {"CZ;", true, "", "1"},
-        {"", true, "CZ", "1"},
         {"", true, "", "1"},
         {";", true, "", "0"},
     };
@@ -140,53 +131,11 @@ TEST_F(MoneyPhases, TheDomesticNamesTurnToUpperCase) {
     EXPECT_EQ(";ČESKÁ REPUBLIKA ;ČR", options.domestic.toStdString());
 }
 
-TEST_F(MoneyPhases, ProductsComeFromCardsAndFromLines) {
-    AddCard(1, "Z karty");
-    AddDocument(5, "D5", "V");
-    AddLine("S", 5, 1);
-    AddLine("S", 5, 2);
-    AddLine("S", 5, 2);
-    const ImportResult result = Run();
-    EXPECT_EQ(2, result.counts.products);
-    EXPECT_EQ(1, result.counts.documents);
-    EXPECT_EQ("1|Z karty|K|ks|1 2|Z řádku|L|m|1",
-              AskAll("SELECT prod_scrid, prod_name, prod_katalog, prod_unit, prod_source FROM Product"));
-    EXPECT_EQ("1|1|15001 1|2|15001 1|2|15001", AskAll("SELECT move_id, prod_id, mvprod_qty FROM Move_Prod"));
-}
-
-TEST_F(MoneyPhases, ADocumentIsDecidedAtItsFirstLine) {
-    Sql("INSERT INTO Move VALUES (1, 'stays', NULL, 0, 0, 1)");
-    AddDocument(1, "stays", "V");
-    AddDocument(2, "D2", "V");
-    AddInvoice(2, "F2");
-    for (int i = 0; i < 3; ++i)
-        AddLine("S", 1);
-    AddLine("S", 2);
-    AddLine("S", 2);
-    AddLine("V", 2);
-    EXPECT_EQ(2, Run().counts.documents);
-    EXPECT_EQ("stays|0 D2|2 F2|1", AskAll("SELECT move_num, count(mvprod_id) FROM Move LEFT JOIN Move_Prod "
-                                          "USING (move_id) GROUP BY Move.move_id"));
-}
-
-TEST_F(MoneyPhases, OpensAndOrdersTheTablesInTurn) {
-    AddCard(1, "a");
-    AddLine("S", 1);
-    EXPECT_EQ(End::Done, Run().end);
-    EXPECT_EQ((Calls{"SKKMKART.DAT open", "SKSEZPOL.DAT open", "SKSEZDOK.DAT open", "VFAKTURY.DAT open",
-                     "SKSEZDOK.DAT index CDokladu", "VFAKTURY.DAT index Cislo",
-                     "SKSEZPOL.DAT index TypDokladu+CDokladu+CisloPoloz"}),
-              money.calls);
-    EXPECT_EQ("title Import dat z Money S3 (cancel)", progress.lines[0].toStdString());
-    EXPECT_EQ("phase Importuji kmenové karty", progress.lines[2].toStdString());
-}
-
 TEST_F(MoneyPhases, ATableThatCannotBeHadEndsItsPhase) {
     const struct {
         const char* missing; // null: the object cannot be made
         int objects;
-        QString refusal;
-        QString message;
+        QString refusal, message;
         End end;
         int phases;
     } cases[] = {
@@ -208,32 +157,18 @@ TEST_F(MoneyPhases, ATableThatCannotBeHadEndsItsPhase) {
         progress.lines.clear();
         messages.Expect(row.message, Message::Icon::Error);
         EXPECT_EQ(row.end, Run().end);
-        const auto isPhase = [](const QString& line) { return line.startsWith(QStringLiteral("phase ")); };
+        const auto isPhase = [](const QString& line) { return line.startsWith("phase "); };
         EXPECT_EQ(row.phases, std::count_if(progress.lines.begin(), progress.lines.end(), isPhase));
     }
 }
 
 TEST_F(MoneyPhases, EmptyTablesShowNoPhase) {
     EXPECT_EQ(End::Done, Run().end);
-    EXPECT_EQ(3u, progress.lines.size()) << "title, range, closed";
-}
-
-TEST_F(MoneyPhases, AComponentThatBreaksEndsTheImport) {
+    EXPECT_EQ("title Import dat z Money S3 (cancel)|range 0 200|closed",
+              QStringList(progress.lines.begin(), progress.lines.end()).join(u'|').toStdString());
     AddCard(1, "a");
-    AddDocument(1, "D", "V");
-    AddLine("S", 1);
-    AddLine("S", 1);
-    int reads = 0;
-    money.onRead = [&reads](const QString& table, std::string_view column) {
-        if (table == u"SKSEZPOL.DAT" && column == "PocetMJ" && ++reads == 2)
-            throw ComError("read", {}, ResultCode::Fail, QStringLiteral("spadlo"));
-    };
-    messages.Expect("Došlo k chybě COM č.0x80004005\n\nspadlo", Message::Icon::Error);
-    const ImportResult result = Run();
-    EXPECT_EQ(End::Failed, result.end);
-    EXPECT_EQ(1, result.counts.products);
-    EXPECT_EQ(1, result.counts.documents);
-    EXPECT_EQ("1", Ask("SELECT count(*) FROM Move_Prod"));
+    Run();
+    EXPECT_EQ("phase Importuji kmenové karty", progress.lines[5].toStdString());
 }
 
 TEST_F(MoneyPhases, AComponentThatIsNotThereIsRegisteredOnce) {
@@ -345,23 +280,6 @@ TEST_F(MoneyImport, TakesOverAYearWrittenByAnotherProgram) {
     EXPECT_EQ("2+3", Import(ExistingRecords::Overwrite));
     expected("Žluťoučký kůň");
     EXPECT_EQ("1 2 3", AskAll("SELECT move_id FROM Move ORDER BY move_id"));
-}
-
-TEST_F(MoneyImport, ATableInHalfIsRefusedWhole) {
-    DbfBytes cards = StockCards();
-    cards.rows = {{"1", "a", "b", "c"}, {"2", "a", "b", "c"}};
-    money.WriteTable("d:/Data/Agenda.001/skkmkart.dat", cards);
-    options.documents = false;
-    EXPECT_EQ("2+0", Import(ExistingRecords::Keep));
-    Sql("DELETE FROM Product");
-    const QByteArray whole = cards.Make();
-    WriteFile(money.Path("d:/Data/Agenda.001/skkmkart.dat"), whole.left(whole.size() - 20));
-    messages.Expect("Nemohu otevřít tabulku Money \"" + money.Path("d:/Data/Agenda.001/skkmkart.dat") + "\"",
-                    Message::Icon::Error);
-    CMoneySource source(MoneyYearOfFolder("D:\\data\\agenda.001\\ROK.2012").value(), options);
-    ImportCounts counts;
-    EXPECT_FALSE(RunImport(store, source, options, SilentProgress(), NobodyToAsk(), counts));
-    EXPECT_EQ("0", Ask("SELECT count(*) FROM Product"));
 }
 
 } // namespace

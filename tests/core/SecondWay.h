@@ -6,6 +6,11 @@
 
 struct sqlite3;
 
+/// The row of a material on the form before version 2.0; 0 for one that the sheets of reusable packaging lack.
+int FormRow(long long material, bool reusable);
+/// The cell, "C33", of a material, a type and an origin (of a discard: its kind); empty where the form has none.
+std::string FormCell(long long material, long long type, long long third, bool reusable, bool newForm);
+
 /// The packaging and the figures worked out from the raw tables alone, without the store, the rules or the report: what
 /// those compute must come out the same.
 class CSecondWay {

@@ -2,13 +2,11 @@
 
 #include "store/SqlText.h"
 #include "store/Variant.h"
-#include "tests/support/ProgramFolder.h"
 
 #include <gtest/gtest.h>
 
 #include <climits>
 #include <cmath>
-#include <random>
 
 namespace {
 
@@ -23,34 +21,19 @@ constexpr std::int64_t Least = INT64_MIN;
 
 TEST(CurrencyArithmetic, TruncatesTowardZero) {
     const struct {
-        std::int64_t a;
-        std::int64_t b;
-        std::int64_t product;
-        std::int64_t quotient;
+        std::int64_t a, b, product, quotient;
     } cases[] = {
-        {10000, 10000, 10000, 10000},
         {25000, 20000, 50000, 12500},
-        {10000, 30000, 30000, 3333},
         {-10000, 30000, -30000, -3333},
-        {10000, -30000, -30000, -3333},
         {20000, 30000, 60000, 6666},
         {15000, 1, 1, 150000000},
-        {-15000, 1, -1, -150000000},
-        {9999, 1, 0, 99990000},
-        {-9999, 1, 0, -99990000},
-        {12345, 0, 0, 0}, // no error
-        {0, 12345, 0, 0},
-        {Least, 0, 0, 0},
+        {12345, 0, 0, 0},                                                     // no error
         {900000000000000000, 30000, 2700000000000000000, 300000000000000000}, // the intermediate passes 64 bits
         {Most, 10000, Most, Most},
-        {Most, -10000, -Most, -Most},
         {Least, 10000, Least, Least},
-        {Most, Most, 0, 10000},
     };
     for (const auto& c : cases) {
-        if (c.a != Most || c.b != Most) {
-            EXPECT_EQ(C(c.product), CurrencyMul(C(c.a), C(c.b))) << c.a << " * " << c.b;
-        }
+        EXPECT_EQ(C(c.product), CurrencyMul(C(c.a), C(c.b))) << c.a << " * " << c.b;
         EXPECT_EQ(C(c.quotient), CurrencyDiv(C(c.a), C(c.b))) << c.a << " / " << c.b;
     }
     // A value that is not valid counts as nought, and the result is valid.
@@ -60,8 +43,7 @@ TEST(CurrencyArithmetic, TruncatesTowardZero) {
 
 TEST(CurrencyRounding, HasThreeModesAndShowsThem) {
     const struct {
-        std::int64_t count;
-        std::int64_t unit;
+        std::int64_t count, unit;
         char mode;
         std::int64_t rounded;
         const char* shown;
@@ -69,32 +51,19 @@ TEST(CurrencyRounding, HasThreeModesAndShowsThem) {
         {12345, 100, 'M', 12300, "1,23"},
         {12350, 100, 'M', 12400, "1,24"},
         {-12350, 100, 'M', -12400, "-1,24"},
-        {-12349, 100, 'M', -12300, "-1,23"},
-        {123456, 100, 'M', 123500, "12,35"},
-        {-5000, 100, 'M', -5000, "-0,50"},
         {-49, 100, 'M', 0, "0,00"}, // never -0,00
         {-50, 100, 'M', -100, "-0,01"},
         {12345, 100, 'D', 12300, "1,23"},
-        {-12399, 100, 'D', -12300, "-1,23"},
         {12301, 100, 'U', 12400, "1,24"},
-        {12300, 100, 'U', 12300, "1,23"},
         {-15000, 10000, 'U', -10000, "-1"},
         {15000, 10000, 'U', 20000, "2"},
-        {-1, 10000, 'U', 0, "0"},
         {15000, 10000, 'M', 20000, "2"},
-        {14999, 10000, 'M', 10000, "1"},
         {12345, 10, 'M', 12350, "1,235"},
-        {12345, 1000, 'M', 12000, "1,2"},
-        {12345, 1, 'M', 12345, "1,2345"},
-        {12345, 1, 'D', 12345, "1,2345"},
         {7, 1, 'D', 7, "0,0007"},
         {12345, 0, 'M', 12345, "1,2345"},
         {12345, 100, 'X', 12345, "1,23"}, // shown cut, as it is not rounded
         {123450000, 100000, 'D', 123400000, "12340"},
-        {70000, 30000, 'D', 60000, "6"},
         {10000000000, 100, 'M', 10000000000, "1000000,00"}, // no separators
-        {Most, 1, 'D', Most, "922337203685477,5807"},
-        {Least, 1, 'D', Least, "-922337203685477,5808"},
         {Least, 100, 'D', -9223372036854775800, "-922337203685477,58"},
     };
     for (const auto& c : cases) {
@@ -110,56 +79,35 @@ TEST(CurrencyText, IsReadAsUsersTypeIt) {
     const struct {
         const char* text;
         const char* read; // with four decimals; "null", "!"
-    } cases[] = {
-        {"12,35", "12,3500"},
-        {"12.35", "12,3500"},
-        {"1 234,5", "1234,5000"},
-        {"1\u00A0234,5", "1234,5000"},
-        {"1\u202F234,5", "1234,5000"},
-        {"  7  ", "7,0000"},
-        {"+7", "7,0000"},
-        {"-7", "-7,0000"},
-        {"- 7", "-7,0000"},
-        {"-0,00005", "-0,0001"},
-        {"0,00005", "0,0001"},
-        {"0,00004999", "0,0000"},
-        {"0,00014", "0,0001"},
-        {",5", "0,5000"},
-        {"5,", "5,0000"},
-        {"007", "7,0000"},
-        {"-0", "0,0000"},
-        {"922337203685477,5807", "922337203685477,5807"},
-        {"922337203685477,5808", "!"},
-        {"922337203685477,58074", "922337203685477,5807"},
-        {"922337203685477,58075", "!"},
-        {"99999999999999999999999999999999999999999999", "!"},
-        {"", "null"},
-        {"  \t", "null"},
-        {"abc", "!"},
-        {"1,2,3", "!"},
-        {"1.234,5", "!"},
-        {"12kg", "!"},
-        {"--5", "!"},
-        {"5-", "!"},
-        {"-", "!"},
-        {",", "!"},
-        {"1e3", "!"},
-        {"0x1", "!"},
-        {"٣", "!"},
-        {"½", "!"},
-    };
+    } cases[] = {{"12,35", "12,3500"},
+                 {"12.35", "12,3500"},
+                 {"1 234,5", "1234,5000"},
+                 {"1\u00A0234,5", "1234,5000"},
+                 {"  +7  ", "7,0000"},
+                 {"- 7", "-7,0000"},
+                 {"-0,00005", "-0,0001"},
+                 {"0,00004999", "0,0000"},
+                 {"0,00014", "0,0001"},
+                 {",5", "0,5000"},
+                 {"5,", "5,0000"},
+                 {"922337203685477,58074", "922337203685477,5807"},
+                 {"922337203685477,58075", "!"},
+                 {"99999999999999999999999999999999999999999999", "!"},
+                 {"  \t", "null"},
+                 {"abc", "!"},
+                 {"1,2,3", "!"},
+                 {"1.234,5", "!"},
+                 {"--5", "!"},
+                 {"5-", "!"},
+                 {"-", "!"},
+                 {"1e3", "!"},
+                 {"٣", "!"}};
     for (const auto& c : cases) {
         const Currency value = ParseCurrency(QString::fromUtf8(c.text));
         const std::string read = value.status == ValueStatus::Null ? "null"
                                  : !value.IsValid()                ? "!"
                                                                    : FormatCurrency(value, 1, 'D').toStdString();
         EXPECT_EQ(c.read, read) << c.text;
-    }
-    std::mt19937_64 random(1);
-    for (int i = 0; i < 10000; ++i) {
-        auto count = static_cast<std::int64_t>(random() >> (random() % 64));
-        count = count == Least ? 0 : count; // the one count that has no positive
-        ASSERT_EQ(C(count), ParseCurrency(FormatCurrency(C(count), 1, 'D'))) << count;
     }
 }
 
@@ -172,22 +120,16 @@ TEST(DateTimes, AreDaysOfTheCalendar) {
         {2012, 7, 5, 0, 0, 0, "2012-07-05 00:00:00", "05.07.2012"},
         {2012, 2, 29, 23, 59, 59, "2012-02-29 23:59:59", "29.02.2012"},
         {1969, 12, 31, 12, 0, 1, "1969-12-31 12:00:01", "31.12.1969"},
-        {1900, 1, 1, 0, 0, 0, "1900-01-01 00:00:00", "01.01.1900"},
         {1, 1, 1, 0, 0, 0, "0001-01-01 00:00:00", "01.01.1"},
         {9999, 12, 31, 23, 59, 59, "9999-12-31 23:59:59", "31.12.9999"},
-        {2000, 2, 29, 0, 0, 0, "2000-02-29 00:00:00", "29.02.2000"},
         {1900, 2, 29, 0, 0, 0, "", "-.-.-"},
-        {2011, 2, 29, 0, 0, 0, "", "-.-.-"},
         {2012, 4, 31, 0, 0, 0, "", "-.-.-"},
-        {2012, 0, 1, 0, 0, 0, "", "-.-.-"},
         {2012, 13, 1, 0, 0, 0, "", "-.-.-"},
+        {2012, 0, 1, 0, 0, 0, "", "-.-.-"},
         {2012, 1, 0, 0, 0, 0, "", "-.-.-"},
-        {2012, 1, -5, 0, 0, 0, "", "-.-.-"},
-        {2012, 257, 1, 0, 0, 0, "", "-.-.-"}, // one byte holds a month of the library
         {2012, 1, 257, 0, 0, 0, "", "-.-.-"},
         {0, 1, 1, 0, 0, 0, "", "-.-.-"},
         {10000, 1, 1, 0, 0, 0, "", "-.-.-"},
-        {67536, 7, 5, 0, 0, 0, "", "-.-.-"}, // two hold a year
         {2012, 1, 1, 24, 0, 0, "", "-.-.-"},
         {2012, 1, 1, 0, 60, 0, "", "-.-.-"},
         {2012, 1, 1, 0, 0, 60, "", "-.-.-"},
@@ -203,9 +145,10 @@ TEST(DateTimes, AreDaysOfTheCalendar) {
         }
     }
     EXPECT_EQ(DateTime::FromDay(2012, 7, 5), DateTime::FromStored("2012-07-05"));
-    for (const char* text : {"", "2012", "2012-7-5", "05.07.2012", "2012/07/05", "2012-07-05 ", "2012-07-05 10:00",
-                             "2012-07-05T10:00:00", "2012-07-05 10:00:00.000", "2012-07-05 25:00:00", "-012-07-05",
-                             "2012-02-30", "0000-00-00", "2012-07-0x", "+999-01-01"})
+    for (const char* text :
+         {"", "2012-7-5", "05.07.2012", "2012/07/05", "2012-07/05", "2012-07-05 10:00", "2012-07-05T10:00:00",
+          "2012-07-05 10-00:00", "2012-07-05 10:00-00", "2012-07-05 25:00:00", "-012-07-05", "2012-0x-05", "2012-07-0x",
+          "2012-07-05 1x:00:00", "2012-07-05 10:0x:00", "2012-07-05 10:00:0x"})
         EXPECT_FALSE(DateTime::FromStored(text).IsValid()) << text;
     EXPECT_EQ(DateTime::FromDay(2012, 3, 1, 5), DateTime::FromDay(2012, 2, 28, 5).AddDays(2));
     EXPECT_EQ(DateTime::FromDay(1969, 12, 30), DateTime::FromDay(1970, 1, 1).AddDays(-2));
@@ -216,16 +159,6 @@ TEST(DateTimes, AreDaysOfTheCalendar) {
     EXPECT_FALSE(DateTime::FromSeconds(0) == DateTime::Invalid());
 }
 
-TEST(DateTimes, TheClockCanBePinned) {
-    const DateTime before = DateTime::Now();
-    {
-        ProgramFolder folder;
-        EXPECT_EQ(DateTime::FromDay(2012, 7, 2, 10, 15, 30), DateTime::Now());
-        EXPECT_EQ(DateTime::FromDay(2012, 7, 2), DateTime::Today());
-    }
-    EXPECT_FALSE(DateTime::Now() < before);
-}
-
 TEST(FieldValues, AreShownByTheirType) {
     const struct {
         Variant value;
@@ -234,14 +167,10 @@ TEST(FieldValues, AreShownByTheirType) {
         {Variant(), ""},
         {std::int16_t{-32768}, "-32768"},
         {std::int32_t{INT32_MIN}, "-2147483648"},
-        {std::int32_t{0}, "0"},
         {1.26F, "1.3"},
-        {-0.75F, "-0.8"},
         {2.5, "2.50"},
-        {-1234567.891, "-1234567.89"},
         {C(123456), "12,35"},
         {C(-5000), "-0,50"},
-        {C(0), "0,00"},
         {Currency::Null(), ""},
         {Currency::Invalid(), "-"},
         {DateTime::FromDay(2012, 7, 5, 23, 59, 59), "05.07.2012"},
@@ -250,7 +179,6 @@ TEST(FieldValues, AreShownByTheirType) {
         {true, "ano"},
         {false, "ne"},
         {QStringLiteral("%s d'Or"), "%s d'Or"},
-        {QString(), ""},
     };
     for (const auto& c : cases)
         EXPECT_EQ(c.shown, FormatVariant(c.value).toStdString());
@@ -267,18 +195,13 @@ TEST(FieldValues, AreReadAsOtherTypes) {
         {Variant(), 0, -1, "null", false},
         {std::int32_t{-7}, -7, -7, "-7,0000", true},
         {std::int16_t{7}, 7, 7, "7,0000", true},
-        {std::int32_t{INT32_MAX}, INT32_MAX, INT32_MAX, "2147483647,0000", true},
         {2.5, 2, 2, "2,5000", true},
         {1e300, 0, 0, "!", true},
         {std::nan(""), 0, 0, "!", true},
-        {-HUGE_VAL, 0, 0, "!", true},
         {0.00005, 0, 0, "0,0000", true},
-        {C(15000), 1, 1, "1,5000", true},
         {C(-15000), -1, -1, "-1,5000", true},
-        {C(0), 0, 0, "0,0000", false},
         {true, -1, -1, "-1,0000", true},
         {false, 0, 0, "0,0000", false},
-        {QStringLiteral(" 12 "), 12, 12, "12,0000", true},
         {QStringLiteral("12,5"), 12, 12, "12,5000", true},
         {QStringLiteral("abc"), 0, 0, "!", false},
         {QString(), 0, 0, "null", false},

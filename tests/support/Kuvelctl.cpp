@@ -5,8 +5,6 @@
 #include <QCoreApplication>
 #include <QProcessEnvironment>
 
-#include <unistd.h>
-
 namespace {
 
 /// QProcess needs one.
@@ -47,19 +45,14 @@ void CKuvelctl::Prepare(QProcess& process, const QStringList& arguments) const {
     }
     process.setProcessEnvironment(environment);
     process.setWorkingDirectory(m_home);
-    const QString program = QStringLiteral(KUVEL_BIN_DIR "/kuvelctl");
-    if (m_bound && geteuid() == 0) {
-        process.setProgram(QStringLiteral("setpriv"));
-        process.setArguments(QStringList{QStringLiteral("--bounding-set=-dac_override,-dac_read_search"), program} +
-                             arguments);
-    } else {
-        process.setProgram(program);
-        process.setArguments(arguments);
-    }
+    process.setProgram(QStringLiteral(KUVEL_BIN_DIR "/kuvelctl"));
+    process.setArguments(arguments);
 }
 
-CtlResult CKuvelctl::Finish(QProcess& process) {
+CtlResult CKuvelctl::Finish(QProcess& process, const QByteArray& input) {
     process.start();
+    process.write(input);
+    process.closeWriteChannel();
     EXPECT_TRUE(process.waitForFinished(60'000)) << process.errorString().toStdString();
     return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
             QString::fromUtf8(process.readAllStandardOutput()), QString::fromUtf8(process.readAllStandardError())};

@@ -20,20 +20,17 @@ public:
     /// Without "--home" unless the arguments have it; in the folder `home` as current one.
     CtlResult RunBare(const QStringList& arguments) const;
 
-    /// Before `Run`: as a user whom the permissions of files bind, unlike root.
-    void BindByPermissions() { m_bound = true; }
     /// Before `Run`: the disk is full after so many bytes.
     void FillDiskAfter(long long bytes) { m_diskBytes = bytes; }
     void SetVariable(const QString& name, const QString& value) { m_variables << name + u'=' + value; }
 
     /// A process set up as `Run` does, not yet started.
     void Prepare(QProcess& process, const QStringList& arguments) const;
-    /// Starts it and waits for the end.
-    static CtlResult Finish(QProcess& process);
+    /// Starts it, gives it the input and waits for the end.
+    static CtlResult Finish(QProcess& process, const QByteArray& input = {});
 
 private:
     QString m_home;
     QStringList m_variables;
-    bool m_bound = false;
     long long m_diskBytes = -1;
 };

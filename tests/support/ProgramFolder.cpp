@@ -8,6 +8,8 @@
 #include <QDir>
 #include <QFile>
 
+#include <csignal>
+
 ProgramFolder::ProgramFolder() : m_before(g_strAppDir) {
     SetAppDir(m_folder.path());
     DateTime::PinClock(DateTime::FromDay(2012, 7, 2, 10, 15, 30));
@@ -39,9 +41,7 @@ StoreFolder::StoreFolder() {
     EXPECT_TRUE(store.OpenDatabase());
 }
 
-namespace {
-
-int AppendRow(void* text, int columns, char** values, char**) {
+static int AppendRow(void* text, int columns, char** values, char**) {
     auto& all = *static_cast<std::string*>(text);
     all += all.empty() ? "" : " ";
     for (int i = 0; i < columns; ++i)
@@ -49,32 +49,33 @@ int AppendRow(void* text, int columns, char** values, char**) {
     return 0;
 }
 
-std::string Run(const ProgramFolder& folder, const char* sql) {
+std::string ProgramFolder::AskAll(const std::string& sql) const {
     sqlite3* database = nullptr;
     std::string rows;
-    EXPECT_EQ(SQLITE_OK, sqlite3_open_v2(QFile::encodeName(folder.File("Kuvel.mdb")).constData(), &database,
+    EXPECT_EQ(SQLITE_OK, sqlite3_open_v2(QFile::encodeName(File("Kuvel.mdb")).constData(), &database,
                                          SQLITE_OPEN_READWRITE, nullptr));
     char* error = nullptr;
-    EXPECT_EQ(SQLITE_OK, sqlite3_exec(database, sql, AppendRow, &rows, &error))
+    EXPECT_EQ(SQLITE_OK, sqlite3_exec(database, sql.c_str(), AppendRow, &rows, &error))
         << sql << ": " << (error != nullptr ? error : "");
     sqlite3_free(error);
     sqlite3_close(database);
     return rows;
 }
 
-} // namespace
-
-void StoreFolder::Sql(const char* sql) const {
-    Run(folder, sql);
-}
-
-std::string StoreFolder::Ask(const char* sql) const {
-    const std::string rows = Run(folder, sql);
+std::string ProgramFolder::Ask(const std::string& sql) const {
+    const std::string rows = AskAll(sql);
     return rows.empty() ? "none" : rows.substr(0, rows.find_first_of("| "));
 }
 
-std::string StoreFolder::AskAll(const char* sql) const {
-    return Run(folder, sql);
+SmallDisk::SmallDisk(rlim_t bytes) : m_handler(std::signal(SIGXFSZ, SIG_IGN)) {
+    getrlimit(RLIMIT_FSIZE, &m_before);
+    const rlimit small{bytes, m_before.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &small);
+}
+
+SmallDisk::~SmallDisk() {
+    setrlimit(RLIMIT_FSIZE, &m_before);
+    std::signal(SIGXFSZ, m_handler);
 }
 
 QByteArray FileBytes(const QString& path) {

@@ -4,6 +4,8 @@
 
 #include <QTemporaryDir>
 
+#include <sys/resource.h>
+
 /// A program folder of the test's own: `g_strAppDir` points to it while it lives. The clock is pinned to
 /// 2 July 2012, 10:15:30.
 class ProgramFolder {
@@ -20,6 +22,13 @@ public:
     void AddDatabase() const;
     void AddTemplates() const;
 
+    /// Runs the engine's own SQL on the database, as another program would.
+    void Sql(const std::string& sql) const { AskAll(sql); }
+    /// The first column of the first row, as text; "null" for a null, "none" without a row.
+    std::string Ask(const std::string& sql) const;
+    /// All rows, fields separated by "|", rows by a blank.
+    std::string AskAll(const std::string& sql) const;
+
 private:
     QTemporaryDir m_folder;
     QString m_before;
@@ -31,12 +40,23 @@ struct StoreFolder {
     CDataStore store;
 
     StoreFolder();
-    /// Runs the engine's own SQL beside the store, as another program would.
-    void Sql(const char* sql) const;
-    /// The first column of the first row, as text; "null" for a null, "none" without a row.
-    std::string Ask(const char* sql) const;
-    /// All rows, fields separated by "|", rows by a blank.
-    std::string AskAll(const char* sql) const;
+    /// Beside the store.
+    void Sql(const std::string& sql) const { folder.Sql(sql); }
+    std::string Ask(const std::string& sql) const { return folder.Ask(sql); }
+    std::string AskAll(const std::string& sql) const { return folder.AskAll(sql); }
+};
+
+/// While it lives, no file of this process grows past `bytes`, as on a disk that is nearly full.
+class SmallDisk {
+public:
+    explicit SmallDisk(rlim_t bytes);
+    ~SmallDisk();
+    SmallDisk(const SmallDisk&) = delete;
+    SmallDisk& operator=(const SmallDisk&) = delete;
+
+private:
+    rlimit m_before{};
+    void (*m_handler)(int);
 };
 
 QByteArray FileBytes(const QString& path);

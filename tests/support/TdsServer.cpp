@@ -19,7 +19,6 @@ constexpr std::uint8_t Routine = 0x03;
 constexpr std::uint8_t Login7 = 0x10;
 constexpr std::uint8_t Prelogin = 0x12;
 constexpr std::uint8_t Attention = 0x06;
-constexpr int BrowserPort = 1434;
 constexpr int DoneError = 2;
 constexpr int DoneCount = 0x10;
 constexpr int DoneMore = 1;
@@ -29,17 +28,6 @@ constexpr int DoneAttention = 0x20;
 const QByteArray PreloginAnswer("\x00\x00\x15\x00\x06\x01\x00\x1b\x00\x01\x02\x00\x1c\x00\x01\x04\x00\x1d\x00\x01\xff"
                                 "\x0b\x00\x00\x00\x00\x00\x02\x00\x00",
                                 30);
-
-int Bind(int type, const std::string& address, int port) {
-    const int handle = socket(AF_INET, type | SOCK_CLOEXEC, 0);
-    sockaddr_in place{};
-    place.sin_family = AF_INET;
-    place.sin_port = htons(static_cast<std::uint16_t>(port));
-    inet_pton(AF_INET, address.c_str(), &place.sin_addr);
-    if (handle < 0 || bind(handle, reinterpret_cast<sockaddr*>(&place), sizeof(place)) != 0)
-        throw std::runtime_error("cannot bind " + address);
-    return handle;
-}
 
 std::uint32_t Read(const QByteArray& bytes, qsizetype at, int size) {
     std::uint32_t value = 0;
@@ -70,9 +58,13 @@ bool SendAll(int line, const QByteArray& bytes) {
 
 } // namespace
 
-TdsServer::TdsServer(const char* address) : m_address(address), m_listener(Bind(SOCK_STREAM, address, 0)) {
+TdsServer::TdsServer() : m_listener(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
     sockaddr_in place{};
+    place.sin_family = AF_INET;
+    place.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
     socklen_t size = sizeof(place);
+    if (bind(m_listener, reinterpret_cast<sockaddr*>(&place), size) != 0)
+        throw std::runtime_error("no free port");
     getsockname(m_listener, reinterpret_cast<sockaddr*>(&place), &size);
     m_port = ntohs(place.sin_port);
     listen(m_listener, 8);
@@ -83,8 +75,6 @@ TdsServer::~TdsServer() {
     if (m_thread.joinable())
         m_thread.join();
     close(m_listener);
-    if (m_browser >= 0)
-        close(m_browser);
 }
 
 void TdsServer::Start() {
@@ -92,12 +82,7 @@ void TdsServer::Start() {
 }
 
 QString TdsServer::Name() const {
-    return QString::fromStdString(m_address) + QStringLiteral(",%1").arg(m_port);
-}
-
-void TdsServer::Browse(const std::string& instance) {
-    m_instance = instance;
-    m_browser = Bind(SOCK_DGRAM, m_address, BrowserPort);
+    return QStringLiteral("127.0.0.1,%1").arg(m_port);
 }
 
 std::vector<std::string> TdsServer::TakeStatements() {
@@ -116,38 +101,13 @@ bool TdsServer::Wait(int line) const {
 }
 
 void TdsServer::Serve() {
-    while (!m_stop) {
-        pollfd handles[] = {{m_listener, POLLIN, 0}, {m_browser, POLLIN, 0}};
-        if (poll(handles, 2, 20) <= 0)
-            continue;
-        if (handles[1].revents != 0)
-            AnswerBrowser();
-        if (handles[0].revents == 0)
-            continue;
+    while (Wait(m_listener)) {
         const int line = accept4(m_listener, nullptr, nullptr, SOCK_CLOEXEC);
         const int on = 1;
         setsockopt(line, IPPROTO_TCP, TCP_NODELAY, &on, sizeof(on));
         ServeLine(line);
         close(line);
     }
-}
-
-void TdsServer::AnswerBrowser() {
-    char question[64];
-    sockaddr_in asker{};
-    socklen_t size = sizeof(asker);
-    const ssize_t length =
-        recvfrom(m_browser, question, sizeof(question), 0, reinterpret_cast<sockaddr*>(&asker), &size);
-    if (length < 1 || question[0] != 4)
-        return;
-    const std::string text = "ServerName;WAKSERVER;InstanceName;" + m_instance +
-                             ";IsClustered;No;Version;11.0.0.0;tcp;" + std::to_string(m_port) + ";;";
-    TdsStream answer;
-    answer.Number(5, 1);
-    answer.Number(text.size(), 2);
-    answer.bytes += QByteArray::fromStdString(text);
-    sendto(m_browser, answer.bytes.constData(), static_cast<std::size_t>(answer.bytes.size()), 0,
-           reinterpret_cast<sockaddr*>(&asker), size);
 }
 
 bool TdsServer::ReadMessage(int line, std::uint8_t& type, QByteArray& message) const {

@@ -36,7 +36,7 @@ struct TdsTable {
 class TdsServer {
 public:
     /// Binds a free port.
-    explicit TdsServer(const char* address = "127.0.0.1");
+    TdsServer();
     ~TdsServer();
     TdsServer(const TdsServer&) = delete;
     TdsServer& operator=(const TdsServer&) = delete;
@@ -45,8 +45,6 @@ public:
     /// As a user enters it: "127.0.0.1,PORT".
     QString Name() const;
     int Port() const { return m_port; }
-    /// Also answers, at the address's well-known port, where this instance is.
-    void Browse(const std::string& instance);
     /// The statements received since the last call.
     std::vector<std::string> TakeStatements();
 
@@ -66,18 +64,14 @@ public:
 private:
     void Serve();
     void ServeLine(int line);
-    void AnswerBrowser();
     bool Wait(int line) const;
     bool ReadMessage(int line, std::uint8_t& type, QByteArray& message) const;
     QByteArray Login(const QByteArray& message) const;
     /// Nothing for a line to be dropped after `answer`.
     bool Answer(const std::string& statement, QByteArray& answer) const;
 
-    std::string m_address;
     int m_listener = -1;
-    int m_browser = -1;
     int m_port = 0;
-    std::string m_instance;
     std::atomic<bool> m_stop{false};
     std::thread m_thread;
     mutable std::mutex m_mutex;

@@ -5,6 +5,7 @@
 #include <QDateTime>
 
 #include <cstring>
+#include <map>
 
 namespace {
 
@@ -113,19 +114,13 @@ void TdsStream::Columns(const std::vector<TdsTable::Column>& columns) {
         const std::string& type = column.type;
         Number(0, 4);
         Number(9, 2); // may be null, may be written
-        if (const int size = IntegerSize(type)) {
-            Number(0x26, 1);
-            Number(static_cast<std::uint64_t>(size), 1);
-        } else if (type == "bit") {
-            Number(0x0168, 2);
-        } else if (type == "float") {
-            Number(0x086D, 2);
-        } else if (type == "datetime") {
-            Number(0x086F, 2);
+        static const std::map<std::string, int> fixed = {{"int", 0x0426},  {"smallint", 0x0226}, {"bigint", 0x0826},
+                                                         {"bit", 0x0168},  {"float", 0x086D},    {"datetime", 0x086F},
+                                                         {"money", 0x086E}};
+        if (const auto found = fixed.find(type); found != fixed.end()) {
+            Number(static_cast<std::uint64_t>(found->second), 2);
         } else if (type == "date") {
             Number(0x28, 1);
-        } else if (type == "money") {
-            Number(0x086E, 2);
         } else if (type.starts_with("decimal")) {
             const auto [precision, scale] = PrecisionAndScale(type);
             Number(0x116A, 2);
