@@ -1,6 +1,5 @@
 // What is the composite covers' own: the dialog that works on a copy of the items until it is confirmed.
 
-#include "registers/CompCoverFilter.h"
 #include "registers/RegisterTexts.h"
 #include "tests/gui/RegisterFixture.h"
 
@@ -132,30 +131,21 @@ TEST_F(CompCoverRegisterTest, FailuresWhileCopyingLeaveWhatWasWritten) {
     });
 }
 
-TEST(CompCoverFilters, BecomeClauses) {
-    const struct {
-        CompCoverFilter filter;
-        const char* sql;
-    } cases[] = {
-        {{}, ""},
-        {{true, "x'y", false, false, {}, false}, " WHERE (ccover_name = 'x'y')"},
-        {{true, "x'y", true, false, {}, false}, " WHERE (ccover_name LIKE '%x'y%')"},
-        {{false, "x'y", true, true, "x'y", false}, " WHERE (ccover_note = 'x'y')"},
-        {{true, "x'y", true, true, "x'y", true}, " WHERE (ccover_name LIKE '%x'y%') AND (ccover_note LIKE '%x'y%')"},
-    };
-    for (const auto& each : cases)
-        EXPECT_EQ(each.sql, each.filter.Clauses());
-}
-
-TEST_F(CompCoverRegisterTest, FiltersByNote) {
+TEST_F(CompCoverRegisterTest, FiltersByNameAndNote) {
     Do(ID_RECORD_FILTER,
        {ShowsEnabled({"note", "notePart"}, false), Clicked("byNote"), ShowsEnabled({"note", "notePart"}, true),
         ShowsEnabled({"name", "namePart"}, false), Typed("note", "DVĚ"), Clicked("ok")});
     EXPECT_EQ("Sada", Names(List("composites")));
     Do(ID_RECORD_FILTER, {Typed("note", "v"), Clicked("notePart"), Clicked("ok")});
     EXPECT_EQ("Sada", Names(List("composites")));
-    Do(ID_RECORD_FILTER, {Shows("notePart", "ano"), Clicked("notePart"), Clicked("ok")});
-    EXPECT_EQ("", Names(List("composites")));
+    Do(ID_RECORD_FILTER, {Clicked("byName"), Typed("name", "balík"), Clicked("ok")});
+    EXPECT_EQ("", Names(List("composites"))) << "both";
+    Do(ID_RECORD_FILTER, {Shows("notePart", "ano"), Clicked("byNote"), Clicked("ok")});
+    EXPECT_EQ("Balík", Names(List("composites")));
+    Do(ID_RECORD_FILTER, {Typed("name", "a"), Clicked("namePart"), Clicked("ok")});
+    EXPECT_EQ("Balík, Sada", Names(List("composites")));
+    Do(ID_RECORD_FILTER, {Clicked("byNote"), Clicked("notePart"), Clicked("ok")});
+    EXPECT_EQ("", Names(List("composites"))) << "not the whole note";
 }
 
 } // namespace

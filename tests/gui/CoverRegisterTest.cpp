@@ -1,6 +1,5 @@
 // What is the covers register's own: the cover's dialog, the discards, the filter, and where a changed cover goes.
 
-#include "registers/CoverFilter.h"
 #include "tests/gui/RegisterFixture.h"
 
 #include <QComboBox>
@@ -139,27 +138,6 @@ TEST_F(CoverRegisterTest, AddsAndEditsADiscard) {
     EXPECT_EQ(1, List("discards").SelectedId());
 }
 
-TEST(CoverFilterClauses, StandInTheirOrder) {
-    CoverFilter all;
-    EXPECT_EQ("", all.Clauses());
-    EXPECT_FALSE(all.IsActive());
-    all.byName = all.byWeight = all.byMaterial = all.byType = all.byOrigin = all.byPayment = all.byUsage = true;
-    all.name = Czech("o'r");
-    all.weightFrom = Currency::FromCount(5000);
-    all.weightTo = Currency::FromWhole(2);
-    all.material = 1;
-    all.type = 2;
-    all.origin = 0;
-    all.payment = 1;
-    EXPECT_EQ(" AND (cover_name = 'o'r') AND (cover_weight>=0.5) AND (cover_weight<=2) AND (cover_mat = 1) AND "
-              "(cover_type = 2) AND (cover_org = 0) AND (cover_pay = 1) AND (cover_reusable = FALSE)",
-              all.Clauses());
-    CoverFilter part;
-    part.byName = part.namePart = part.byUsage = part.reusable = true;
-    part.name = Czech("folie");
-    EXPECT_EQ(" AND (cover_name LIKE '%folie%') AND (cover_reusable = TRUE)", part.Clauses());
-}
-
 TEST_F(CoverRegisterTest, FiltersByWhatIsTicked) {
     const struct {
         std::vector<Act> acts; // on what the filter before left
@@ -173,6 +151,11 @@ TEST_F(CoverRegisterTest, FiltersByWhatIsTicked) {
         {{Clicked("byType"), Clicked("byOrigin"), Picked("origin", 0)}, "Fólie, PE folie 20 µm"},
         {{Clicked("byOrigin"), Clicked("byPayment"), Picked("payment", 2)}, "PE folie 20 µm"},
         {{Clicked("byPayment"), Clicked("byUsage"), Clicked("reusable")}, "Bedna"},
+        {{Shows("reusable", "ano"), Clicked("reusable")}, "Fólie, PE folie 20 µm"},
+        {{Clicked("byWeight"), Clicked("byMaterial"), Picked("material", 3), Clicked("byType"), Picked("type", 2),
+          Clicked("byOrigin"), Clicked("byPayment"), Picked("payment", 1), Clicked("byName"), Clicked("namePart")},
+         ""},
+        {{Typed("name", "ól")}, "Fólie"}, // all seven
     };
     for (const auto& each : cases) {
         Do(ID_RECORD_FILTER, {InTurn(each.acts), Clicked("ok")});

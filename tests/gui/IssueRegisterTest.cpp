@@ -1,6 +1,5 @@
 // What is the issues register's own: the toggle, the issue's dialog and filter, the items and their covers.
 
-#include "registers/MoveFilter.h"
 #include "tests/gui/RegisterFixture.h"
 
 namespace {
@@ -59,29 +58,6 @@ TEST_F(IssueRegisterTest, EditingAnIssueStoresAllFourAndKeepsItsCovers) {
     DoRefused(ID_RECORD_EDIT, "ok", {{"number", Shows("date", "01.01.1900"), "Zadejte nejvýše 20 znaků.", "num"}});
 }
 
-TEST(MoveFilter, JoinsTheCriteriaInOrder) {
-    MoveFilter filter;
-    filter.num = QStringLiteral("D-1");
-    filter.exported = true;
-    EXPECT_EQ("", filter.Clauses());
-    EXPECT_FALSE(filter.IsActive());
-    filter.byNum = true;
-    filter.byExport = true;
-    EXPECT_EQ(" WHERE (move_num = 'D-1') AND (move_export = TRUE)", filter.Clauses());
-    filter.byExport = false;
-    filter.numPart = true;
-    EXPECT_EQ(" WHERE (move_num LIKE '%D-1%')", filter.Clauses());
-    filter = {};
-    filter.byDate = true;
-    filter.dateFrom = DateTime::FromDay(2012, 3, 1);
-    filter.dateTo = DateTime::FromDay(2012, 3, 31);
-    EXPECT_TRUE(filter.IsActive());
-    filter.byExport = true;
-    EXPECT_EQ(" WHERE DATEDIFF(\"d\", #3/1/2012#, move_date)>=0 AND DATEDIFF(\"d\", move_date, #3/31/2012#)>=0 AND "
-              "(move_export = FALSE)",
-              filter.Clauses());
-}
-
 TEST_F(IssueRegisterTest, FiltersByWhatIsTicked) {
     const struct {
         std::vector<Act> acts; // on what the filter before left
@@ -97,7 +73,10 @@ TEST_F(IssueRegisterTest, FiltersByWhatIsTicked) {
           Shows("dateFrom", "02.07.2012"), ShowsEnabled({"dateFrom", "dateTo"}, true), Dated("dateFrom", {2012, 6, 16}),
           Dated("dateTo", {2012, 6, 15}), IsRefused("ok", "Datum \"Od\" nesmí být větší než datum \"do\"", "dateFrom"),
           Dated("dateFrom", {2012, 6, 15})},
-         "D-1"},
+         "D-1"}, // of ten o'clock
+        {{Dated("dateTo", {2012, 7, 2}), Clicked("byNum"), Typed("num", "2")}, "D-2"},
+        {{Clicked("byExport")}, ""},
+        {{Clicked("exported")}, "D-2"}, // all three
     };
     for (const auto& each : cases) {
         Do(ID_RECORD_FILTER, {InTurn(each.acts), Clicked("ok")});

@@ -1,9 +1,6 @@
 // What is the products register's own: the product's dialog and the filter.
 
-#include "registers/ProdFilter.h"
 #include "tests/gui/ProductFixture.h"
-
-#include <QComboBox>
 
 namespace {
 
@@ -77,7 +74,7 @@ TEST_F(ProductRegisterTest, FiltersByWhatIsTicked) {
          true},
         {"all of them",
          {Shows("criterion", "jen produkty bez obalů"), Clicked("byUnit"), Typed("unit", "ks"), Clicked("byName"),
-          Typed("name", "ch")},
+          Typed("name", "ch"), Clicked("byKatalog"), Typed("katalog", "b")},
          "Chléb",
          true},
     };
@@ -90,25 +87,6 @@ TEST_F(ProductRegisterTest, FiltersByWhatIsTicked) {
     EXPECT_EQ(3, List("products").SelectedId());
     DoRefused(ID_RECORD_FILTER, "ok",
               {{"criterion", Emptied("criterion"), "Není vybráno kriterium balení!", "criterion"}});
-}
-
-TEST_F(ProductRegisterTest, TheFilterIsWrittenInItsOrder) {
-    ProdFilter filter;
-    EXPECT_EQ("", filter.Clauses());
-    filter.byName = filter.byKatalog = filter.byUnit = true;
-    filter.name = QStringLiteral("a");
-    filter.katalog = QStringLiteral("b");
-    filter.unit = QStringLiteral("c");
-    filter.coverCriterion = ProdFilter::Without;
-    EXPECT_EQ(" AND (prod_name = 'a') AND (prod_katalog = 'b') AND prod_unit = 'c' AND prod_id NOT IN (SELECT "
-              "Prod_CoverDT.prod_id FROM Prod_CoverDT INNER JOIN Prod_Cover ON Prod_CoverDT.dt_id = Prod_Cover.dt_id)",
-              filter.Clauses());
-    filter.namePart = filter.katalogPart = true;
-    filter.byUnit = false;
-    filter.coverCriterion = ProdFilter::With;
-    EXPECT_EQ(" AND (prod_name LIKE '%a%') AND (prod_katalog LIKE '%b%') AND prod_id IN (SELECT "
-              "Prod_CoverDT.prod_id FROM Prod_CoverDT INNER JOIN Prod_Cover ON Prod_CoverDT.dt_id = Prod_Cover.dt_id)",
-              filter.Clauses());
 }
 
 TEST_F(ProductRegisterTest, TheFilterDialogFollowsItsChecks) {
