@@ -361,7 +361,7 @@ TEST(RegisterCommands, AFilterIsInForceUntilItIsUnticked) {
     for (const auto& each : cases) {
         SCOPED_TRACE(static_cast<int>(each.show));
         OpenRegister opened(each.show);
-        const RecordList& master = static_cast<RecordList&>(*opened.view->focusProxy());
+        RecordList& master = static_cast<RecordList&>(*opened.view->focusProxy());
         const std::string all = Rows(master);
         // An apostrophe, as typed, makes the statement fail.
         opened.messages.AcceptAny();
@@ -382,6 +382,11 @@ TEST(RegisterCommands, AFilterIsInForceUntilItIsUnticked) {
         Click(*opened.view, "button32794");
         EXPECT_EQ(all, Rows(master));
         EXPECT_FALSE(opened.FilterIsLatched());
+        for (const char* button : {"cancel", "ok"}) {
+            master.SelectRow(1);
+            opened.Do(ID_RECORD_FILTER, {Clicked(button)});
+            EXPECT_EQ(1, master.SelectedRow()) << button;
+        }
         EXPECT_EQ(1u, opened.messages.Shown().size());
     }
 }
