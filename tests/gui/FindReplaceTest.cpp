@@ -225,13 +225,11 @@ TEST_F(FindReplace, FindsTheNextMatchAndBeginsAgainAfterTheLastRow) {
         int from; // −1 for no row selected
         const char* rows;
     } cases[] = {
-        {"Název", "box", false, 0, "! !"},
-        {"Název", "box", true, 0, "1 2 4 1"},
+        {"Název", "box", false, 0, "! !"},          {"Název", "box", true, 0, "1 2 4 1"},
         {"Název", "50%", true, -1, "1 2 ! 1"}, // a wild card at the end
         {"Název", "x_5", true, -1, "1 2 !"},   // any letter
-        {"Název", "zluty", true, -1, "!"}, // accents count
-        {"Materiál", "papír", false, 0, "1 4 0 1"},
-        {"Opakovaně používaný", "ano", false, -1, "2 4 2"},
+        {"Název", "zluty", true, -1, "!"},     // accents count
+        {"Materiál", "papír", false, 0, "1 4 0 1"}, {"Opakovaně používaný", "ano", false, -1, "2 4 2"},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.find);
