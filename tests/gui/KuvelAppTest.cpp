@@ -48,6 +48,9 @@ struct Program {
         if (!home.isEmpty())
             environment.insert(QStringLiteral("KUVEL_HOME"), home);
         process.setProcessEnvironment(environment);
+        Run();
+    }
+    void Run() {
         process.start(QStringLiteral(KUVEL_BIN_DIR "/kuvel"), {});
         EXPECT_TRUE(process.waitForStarted());
     }
@@ -95,8 +98,15 @@ TEST_F(Start, AKilledProcessDoesNotKeepTheNextFromStarting) {
     folder.AddDatabase();
     for (int round = 0; round < 3; ++round) {
         Program program;
-        EXPECT_TRUE(QTest::qWaitFor([&] { return !CanAcquire(folder.Path()); }, 10000)) << round;
-        EXPECT_TRUE(program.Runs());
+        const auto hasStarted = [&] {
+            // A look at the lock that comes just then keeps the program from starting.
+            if (!program.Runs())
+                program.Run();
+            return !CanAcquire(folder.Path());
+        };
+        EXPECT_TRUE(QTest::qWaitFor(hasStarted, 10000)) << round;
+        // A process that is not there would have the number of our own group.
+        ASSERT_TRUE(program.Runs());
         kill(static_cast<pid_t>(program.process.processId()), SIGKILL);
         program.process.waitForFinished();
     }
