@@ -48,8 +48,9 @@ TEST(Layers, NoArrowPointsBackAndNoWidgetIsInTheCore) {
                     EXPECT_TRUE(allowed.contains(other)) << entry.path() << " includes " << header;
                 }
                 if (core.contains(folder) && !window) {
-                    EXPECT_FALSE(header.starts_with("QW") || header.starts_with("QtWidgets") || header == "QMessageBox" ||
-                                 header == "QFileDialog" || header == "QDialog" || header == "QApplication")
+                    EXPECT_FALSE(header.starts_with("QW") || header.starts_with("QtWidgets") ||
+                                 header == "QMessageBox" || header == "QFileDialog" || header == "QDialog" ||
+                                 header == "QApplication")
                         << entry.path() << " includes " << header;
                 }
                 if (folder != "app") {

@@ -33,6 +33,10 @@ struct Look {
     int fontPercent;
 };
 
+void PrintTo(const Look& look, std::ostream* out) {
+    *out << look.name;
+}
+
 QPalette DarkPalette() {
     QPalette palette(QColor(45, 45, 45), QColor(45, 45, 45));
     palette.setColor(QPalette::Base, QColor(30, 30, 30));
