@@ -5,11 +5,15 @@
 #include "store/Progress.h"
 #include "store/SqlText.h"
 
+#include <QElapsedTimer>
+
 #include <algorithm>
 
 namespace {
 
 constexpr int BarRange = 200;
+/// A step of a very long run takes longer than a press of the button may wait.
+constexpr int LongestDeafness = 100; // milliseconds
 
 } // namespace
 
@@ -30,14 +34,20 @@ BulkResult RecomputeAllIssues(CDataStore& store, IProgressDoor& door, std::int64
         if (count > 0)
             progress->SetPhaseText(QStringLiteral("Aktualizuji kuvel u vydaných produktů"));
         const std::int64_t step = std::max<std::int64_t>(count / BarRange, 1);
+        QElapsedTimer sinceLook;
+        sinceLook.start();
         CCommitGroup group(store);
         for (; !rows->get_EOF(); rows->MoveNext()) {
-            if (lines % step == 0) {
+            const bool isStep = lines % step == 0;
+            if (isStep || sinceLook.hasExpired(LongestDeafness)) {
                 if (progress->CancelRequested()) {
                     group.Finish();
                     ShowMessage(QStringLiteral("Aktualizace byla přerušena!"));
                     return BulkResult::Cancelled;
                 }
+                sinceLook.start();
+            }
+            if (isStep) {
                 progress->SetDetailText(MessageText("%li z %li", lines + 1, count));
                 progress->SetPosition(static_cast<int>(BarRange * (lines + 1) / count));
             }
