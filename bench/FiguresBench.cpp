@@ -2,9 +2,9 @@
 #include "bench/support/BenchFolder.h"
 #include "bench/support/Pairs.h"
 
-#include "report/FigureList.h"
-#include "store/DataStore.h"
-#include "store/Progress.h"
+#include "core/base/Progress.h"
+#include "core/report/FigureList.h"
+#include "core/store/DataStore.h"
 
 #include <cstdlib>
 

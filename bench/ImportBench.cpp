@@ -3,10 +3,10 @@
 #include "bench/support/MoneyTables.h"
 #include "bench/support/Pairs.h"
 
-#include "app/ProgressDlg.h"
-#include "app/ProgressDoor.h"
-#include "import/MoneyImport.h"
-#include "store/DataStore.h"
+#include "core/import/money/MoneyImport.h"
+#include "core/store/DataStore.h"
+#include "windows/frame/doors/ProgressDlg.h"
+#include "windows/frame/doors/ProgressDoor.h"
 
 #include <QApplication>
 #include <QDir>

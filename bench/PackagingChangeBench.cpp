@@ -2,11 +2,11 @@
 #include "bench/support/BenchFolder.h"
 #include "bench/support/Pairs.h"
 
-#include "app/Desktop.h"
-#include "registers/PageProd.h"
-#include "registers/RecordList.h"
-#include "rules/ItemCovers.h"
-#include "store/SqlText.h"
+#include "core/base/SqlText.h"
+#include "core/rules/ItemCovers.h"
+#include "windows/frame/doors/Desktop.h"
+#include "windows/registers/products/PageProd.h"
+#include "windows/widgets/lists/RecordList.h"
 
 #include <QApplication>
 #include <QTimer>

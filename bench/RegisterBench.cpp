@@ -2,13 +2,13 @@
 #include "bench/support/BenchFolder.h"
 #include "bench/support/Pairs.h"
 
-#include "app/Desktop.h"
-#include "registers/Beep.h"
-#include "registers/FindRequest.h"
-#include "registers/RecordList.h"
-#include "registers/ViewCover.h"
-#include "store/DataStore.h"
-#include "store/Messages.h"
+#include "core/base/Messages.h"
+#include "core/rules/FindRequest.h"
+#include "core/store/DataStore.h"
+#include "windows/frame/doors/Desktop.h"
+#include "windows/registers/covers/ViewCover.h"
+#include "windows/widgets/Beep.h"
+#include "windows/widgets/lists/RecordList.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

@@ -1,13 +1,13 @@
 #include "bench/support/Pairs.h"
 
+#include "core/base/AppDir.h"
+#include "core/base/Progress.h"
+#include "core/report/CompanyData.h"
+#include "core/report/ReportRun.h"
+#include "core/report/TemplateFile.h"
+#include "core/report/office/OfficeSpreadsheet.h"
+#include "core/store/DataStore.h"
 #include "ctl/CommandLine.h"
-#include "report/CompanyData.h"
-#include "report/OfficeSpreadsheet.h"
-#include "report/ReportRun.h"
-#include "report/TemplateFile.h"
-#include "store/AppDir.h"
-#include "store/DataStore.h"
-#include "store/Progress.h"
 
 #include <QFile>
 #include <QTemporaryDir>

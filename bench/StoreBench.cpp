@@ -2,11 +2,11 @@
 #include "bench/support/BenchFolder.h"
 #include "bench/support/Pairs.h"
 
-#include "rules/BulkRecompute.h"
-#include "store/DataStore.h"
-#include "store/Messages.h"
-#include "store/Progress.h"
-#include "store/SqlText.h"
+#include "core/base/Messages.h"
+#include "core/base/Progress.h"
+#include "core/base/SqlText.h"
+#include "core/rules/BulkRecompute.h"
+#include "core/store/DataStore.h"
 
 #include <cstdio>
 #include <cstdlib>

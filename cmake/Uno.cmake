@@ -23,8 +23,3 @@ foreach(UNO_LIBRARY uno_sal uno_salhelpergcc3 uno_cppu uno_cppuhelpergcc3)
     target_link_libraries(kuvel_uno INTERFACE ${${UNO_LIBRARY}_LIBRARY})
 endforeach()
 target_link_options(kuvel_uno INTERFACE "LINKER:-rpath,${UNO_PROGRAM_DIR}")
-
-# An office object seen from here is a stand-in whose virtual table the bridge makes at run time, which the sanitizer
-# takes for a wild pointer.
-file(GLOB UNO_SOURCES CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/report/Office*.cpp)
-set_source_files_properties(${UNO_SOURCES} PROPERTIES COMPILE_OPTIONS -fno-sanitize=vptr)

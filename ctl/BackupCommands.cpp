@@ -1,10 +1,10 @@
+#include "core/base/AppDir.h"
+#include "core/base/Profile.h"
+#include "core/store/DataStore.h"
+#include "core/store/backup/Backup.h"
 #include "ctl/Commands.h"
 #include "ctl/Failure.h"
 #include "ctl/Terminal.h"
-#include "store/AppDir.h"
-#include "store/Backup.h"
-#include "store/DataStore.h"
-#include "store/Profile.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -1,7 +1,7 @@
+#include "core/store/DataStore.h"
 #include "ctl/Commands.h"
 #include "ctl/DatabaseCheck.h"
 #include "ctl/Terminal.h"
-#include "store/DataStore.h"
 
 static bool Check(CTerminal&) {
     if (!OpenStore())

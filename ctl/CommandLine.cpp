@@ -1,12 +1,12 @@
 #include "ctl/CommandLine.h"
 
+#include "core/base/AppDir.h"
+#include "core/base/Messages.h"
+#include "core/base/Shared.h"
+#include "core/store/DataStore.h"
 #include "ctl/Commands.h"
 #include "ctl/Failure.h"
 #include "ctl/Terminal.h"
-#include "store/AppDir.h"
-#include "store/DataStore.h"
-#include "store/Messages.h"
-#include "store/Shared.h"
 
 #include <QFile>
 

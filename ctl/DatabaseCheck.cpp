@@ -1,8 +1,8 @@
 #include "ctl/DatabaseCheck.h"
 
-#include "store/DataStore.h"
-#include "store/DateTime.h"
-#include "store/Engine.h"
+#include "core/base/DateTime.h"
+#include "core/store/DataStore.h"
+#include "core/store/Engine.h"
 
 #include <string>
 

@@ -1,7 +1,7 @@
 #include "ctl/Delivery.h"
 
+#include "core/base/AppDir.h"
 #include "ctl/Failure.h"
-#include "store/AppDir.h"
 
 #include <QDir>
 #include <QFile>

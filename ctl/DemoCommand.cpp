@@ -1,12 +1,12 @@
+#include "core/base/AppDir.h"
+#include "core/report/CompanyData.h"
+#include "core/store/DataStore.h"
 #include "ctl/Commands.h"
 #include "ctl/Delivery.h"
 #include "ctl/Failure.h"
 #include "ctl/Interrupts.h"
 #include "ctl/Terminal.h"
 #include "ctl/sample/SampleCompany.h"
-#include "report/CompanyData.h"
-#include "store/AppDir.h"
-#include "store/DataStore.h"
 
 #include <QTemporaryDir>
 

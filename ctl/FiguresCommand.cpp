@@ -1,7 +1,7 @@
+#include "core/report/FigureList.h"
+#include "core/store/DataStore.h"
 #include "ctl/Commands.h"
 #include "ctl/Terminal.h"
-#include "report/FigureList.h"
-#include "store/DataStore.h"
 
 #include <CLI/Validators.hpp>
 

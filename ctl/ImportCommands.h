@@ -1,7 +1,7 @@
 #pragma once
 
+#include "core/import/Import.h"
 #include "ctl/Commands.h"
-#include "import/Import.h"
 
 #include <memory>
 

@@ -1,6 +1,6 @@
+#include "core/import/money/MoneyImport.h"
 #include "ctl/ImportCommands.h"
 #include "ctl/Terminal.h"
-#include "import/MoneyImport.h"
 
 #include <QFile>
 

@@ -1,6 +1,6 @@
+#include "core/import/wak/WakImport.h"
 #include "ctl/ImportCommands.h"
 #include "ctl/Terminal.h"
-#include "import/WakImport.h"
 
 #include <CLI/Validators.hpp>
 

@@ -1,7 +1,7 @@
+#include "core/base/AppDir.h"
 #include "ctl/Commands.h"
 #include "ctl/Delivery.h"
 #include "ctl/Terminal.h"
-#include "store/AppDir.h"
 
 static bool Init(CTerminal&) {
     RequireNoDatabase();

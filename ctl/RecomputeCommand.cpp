@@ -1,10 +1,10 @@
+#include "core/base/SqlText.h"
+#include "core/rules/BulkRecompute.h"
+#include "core/rules/ItemCovers.h"
+#include "core/store/DataStore.h"
 #include "ctl/Commands.h"
 #include "ctl/Failure.h"
 #include "ctl/Terminal.h"
-#include "rules/BulkRecompute.h"
-#include "rules/ItemCovers.h"
-#include "store/DataStore.h"
-#include "store/SqlText.h"
 
 #include <limits>
 #include <memory>

@@ -1,9 +1,9 @@
+#include "core/report/ReportRun.h"
+#include "core/report/office/OfficeSpreadsheet.h"
+#include "core/store/DataStore.h"
 #include "ctl/Commands.h"
 #include "ctl/Interrupts.h"
 #include "ctl/Terminal.h"
-#include "report/OfficeSpreadsheet.h"
-#include "report/ReportRun.h"
-#include "store/DataStore.h"
 
 #include <memory>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "store/Messages.h"
-#include "store/Progress.h"
+#include "core/base/Messages.h"
+#include "core/base/Progress.h"
 
 #include <QString>
 

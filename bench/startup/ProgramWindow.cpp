@@ -1,9 +1,9 @@
 #include "bench/startup/FirstPaint.h"
 
-#include "app/Desktop.h"
-#include "app/FileDialogDoor.h"
-#include "app/KuvelApp.h"
-#include "app/MessageBoxDoor.h"
+#include "windows/frame/KuvelApp.h"
+#include "windows/frame/doors/Desktop.h"
+#include "windows/frame/doors/FileDialogDoor.h"
+#include "windows/frame/doors/MessageBoxDoor.h"
 
 /// The program as it starts, up to its first painted window.
 int main(int argc, char** argv) {

@@ -1,6 +1,6 @@
 #include "bench/support/BenchFolder.h"
 
-#include "store/AppDir.h"
+#include "core/base/AppDir.h"
 
 #include <sqlite3.h>
 

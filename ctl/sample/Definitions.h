@@ -1,8 +1,8 @@
 #pragma once
 
+#include "core/base/DateTime.h"
 #include "ctl/sample/ProductFamilies.h"
 #include "ctl/sample/Sequence.h"
-#include "store/DateTime.h"
 
 #include <vector>
 

@@ -1,6 +1,6 @@
 #include "ctl/sample/Deletion.h"
 
-#include "store/DataStore.h"
+#include "core/store/DataStore.h"
 
 void DeleteSelection(CDataStore& store, const std::vector<std::int32_t>& keys,
                      std::initializer_list<std::string_view> statements) {

@@ -1,8 +1,8 @@
 #include "ctl/sample/SampleCompany.h"
 
+#include "core/store/DataStore.h"
 #include "ctl/sample/SampleComposites.h"
 #include "ctl/sample/SampleIssues.h"
-#include "store/DataStore.h"
 
 void FillSampleCompany(CDataStore& store) {
     CSequence sequence(20090101);

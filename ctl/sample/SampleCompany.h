@@ -1,6 +1,6 @@
 #pragma once
 
-#include "report/CompanyData.h"
+#include "core/report/CompanyData.h"
 
 class CDataStore;
 

@@ -1,6 +1,6 @@
 #include "ctl/sample/SampleComposites.h"
 
-#include "store/DataStore.h"
+#include "core/store/DataStore.h"
 
 #include <QString>
 

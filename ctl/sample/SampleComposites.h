@@ -1,9 +1,9 @@
 #pragma once
 
+#include "core/base/CodeLists.h"
+#include "core/base/Currency.h"
+#include "core/store/Recordset.h"
 #include "ctl/sample/SampleCovers.h"
-#include "store/CodeLists.h"
-#include "store/Currency.h"
-#include "store/Recordset.h"
 
 #include <vector>
 

@@ -1,7 +1,7 @@
 #include "ctl/sample/SampleCovers.h"
 
+#include "core/store/DataStore.h"
 #include "ctl/sample/Deletion.h"
-#include "store/DataStore.h"
 
 #include <QString>
 

@@ -1,7 +1,7 @@
 #include "ctl/sample/SampleIssues.h"
 
-#include "rules/ItemCovers.h"
-#include "store/SqlText.h"
+#include "core/base/SqlText.h"
+#include "core/rules/ItemCovers.h"
 
 #include <algorithm>
 #include <array>

@@ -1,9 +1,9 @@
 #include "ctl/sample/SampleProducts.h"
 
+#include "core/base/SqlText.h"
+#include "core/store/DataStore.h"
 #include "ctl/sample/Definitions.h"
 #include "ctl/sample/Deletion.h"
-#include "store/DataStore.h"
-#include "store/SqlText.h"
 
 #include <QString>
 

@@ -1,5 +1,5 @@
-#include "import/DbfTable.h"
-#include "store/ComError.h"
+#include "core/base/ComError.h"
+#include "core/import/money/DbfTable.h"
 
 #include <sys/mman.h>
 #include <unistd.h>

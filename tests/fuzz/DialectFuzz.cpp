@@ -1,4 +1,4 @@
-#include "store/Engine.h"
+#include "core/store/Engine.h"
 
 #include <unistd.h>
 

@@ -1,5 +1,5 @@
-#include "store/CodePage.h"
-#include "store/ProfileText.h"
+#include "core/base/CodePage.h"
+#include "core/base/ProfileText.h"
 
 #include <algorithm>
 #include <cstdint>

@@ -1,6 +1,6 @@
 #include "tests/support/DbfBytes.h"
 
-#include "store/CodePage.h"
+#include "core/base/CodePage.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include "tests/support/MemoryMoneyTable.h"
 
-#include "store/ComError.h"
+#include "core/base/ComError.h"
 
 #include <QFileInfo>
 

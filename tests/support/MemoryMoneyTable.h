@@ -1,6 +1,6 @@
 #pragma once
 
-#include "import/MoneyTable.h"
+#include "core/import/money/MoneyTable.h"
 
 #include <functional>
 #include <map>

@@ -1,6 +1,6 @@
 #include "tests/support/MoneyFolder.h"
 
-#include "store/CodePage.h"
+#include "core/base/CodePage.h"
 #include "tests/support/ProgramFolder.h"
 
 #include <gtest/gtest.h>

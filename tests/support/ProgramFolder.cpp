@@ -1,6 +1,6 @@
 #include "tests/support/ProgramFolder.h"
 
-#include "store/AppDir.h"
+#include "core/base/AppDir.h"
 
 #include <gtest/gtest.h>
 #include <sqlite3.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "store/DataStore.h"
+#include "core/store/DataStore.h"
 
 #include <QTemporaryDir>
 

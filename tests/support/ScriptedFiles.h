@@ -1,6 +1,6 @@
 #pragma once
 
-#include "store/FileDoor.h"
+#include "core/base/FileDoor.h"
 
 #include <vector>
 

@@ -1,6 +1,6 @@
 #include "tests/support/TdsStream.h"
 
-#include "store/CodePage.h"
+#include "core/base/CodePage.h"
 
 #include <QDateTime>
 

@@ -1,9 +1,0 @@
-#pragma once
-
-#include "store/Messages.h"
-
-/// Message boxes over the window that is active.
-class CMessageBoxDoor : public IMessageDoor {
-public:
-    Message::Answer Show(const Message& message) override;
-};

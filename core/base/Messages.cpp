@@ -1,0 +1,91 @@
+#include "core/base/Messages.h"
+
+#include <QStringDecoder>
+
+#include <langinfo.h>
+#include <locale.h>
+
+#include <cstdio>
+#include <cstring>
+
+namespace {
+class StandardErrorDoor : public IMessageDoor {
+public:
+    Message::Answer Show(const Message& message) override {
+        std::fprintf(stderr, "%s\n", message.text.toLocal8Bit().constData());
+        return message.buttons == Message::Buttons::YesNo ? Message::Answer::No : Message::Answer::Ok;
+    }
+};
+} // namespace
+
+static IMessageDoor& FirstDoor() {
+    static StandardErrorDoor door;
+    return door;
+}
+
+static IMessageDoor* s_door = nullptr;
+
+IMessageDoor& MessageDoor() {
+    return s_door ? *s_door : FirstDoor();
+}
+
+IMessageDoor* SetMessageDoor(IMessageDoor* door) {
+    IMessageDoor* before = &MessageDoor();
+    s_door = door;
+    return before;
+}
+
+void ShowMessage(const QString& text, Message::Icon icon) {
+    MessageDoor().Show({text, icon, Message::Buttons::Ok});
+}
+
+bool AskYesNo(const QString& text) {
+    return MessageDoor().Show({text, Message::Icon::Question, Message::Buttons::YesNo}) == Message::Answer::Yes;
+}
+
+/// In the user's language, whether or not the program has set the process's locale; empty for an unknown code.
+static QString SystemText(int code) {
+    if (!strerrordesc_np(code)) {
+        return {};
+    }
+    const locale_t users = newlocale(LC_CTYPE_MASK | LC_MESSAGES_MASK, "", nullptr);
+    if (!users) {
+        return QString::fromLatin1(strerrordesc_np(code));
+    }
+    QStringDecoder decoder(nl_langinfo_l(CODESET, users));
+    const char* text = strerror_l(code, users);
+    QString decoded = decoder.isValid() ? QString(decoder(text)) : QString::fromUtf8(text);
+    freelocale(users);
+    return decoded;
+}
+
+static QString OrUnknown(const QString& text) {
+    return text.isEmpty() ? QStringLiteral("Neznámá chyba") : text.left(1000);
+}
+
+static QString Hexadecimal(std::uint32_t code) {
+    return QString::asprintf("0x%08X", code);
+}
+
+/// `sentence` stands alone with the code; after a prefix, `label` stands before it.
+static void ShowError(const QString& prefix, const QString& sentence, const QString& label, const QString& code,
+                      const QString& text) {
+    ShowMessage(prefix.isEmpty() ? sentence + code + QStringLiteral("\n\n") + text
+                                 : prefix + QStringLiteral("\n\n") + label + code + QStringLiteral(". ") + text,
+                Message::Icon::Error);
+}
+
+void ShowWin32Error(int code, const QString& prefix) {
+    ShowError(prefix, QStringLiteral("Došlo k chybě č."), QStringLiteral("Chyba č."), QString::number(code),
+              OrUnknown(SystemText(code)));
+}
+
+void ShowHResultError(std::uint32_t code, const QString& text, const QString& prefix) {
+    ShowError(prefix, QStringLiteral("Došlo k chybě č."), QStringLiteral("Chyba č."), Hexadecimal(code),
+              OrUnknown(text));
+}
+
+void ShowComError(const ComError& error, const QString& prefix) {
+    ShowError(prefix, QStringLiteral("Došlo k chybě COM č."), QStringLiteral("COM chyba č."), Hexadecimal(error.Code()),
+              error.Description());
+}

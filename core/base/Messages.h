@@ -1,0 +1,45 @@
+#pragma once
+
+#include "core/base/ComError.h"
+
+#include <QString>
+
+#include <cstdint>
+
+/// A modal message box, as the core asks for it.
+struct Message {
+    enum class Icon { None, Error, Question, Warning, Information };
+    enum class Buttons { Ok, YesNo };
+    enum class Answer { Ok, Yes, No };
+
+    QString text;
+    Icon icon = Icon::None;
+    Buttons buttons = Buttons::Ok;
+};
+
+/// The one door through which the core, and every window, shows a message box.
+class IMessageDoor {
+public:
+    virtual ~IMessageDoor() = default;
+    /// Shows the message and waits for the answer. Closing a Yes/No box without an answer is No.
+    virtual Message::Answer Show(const Message& message) = 0;
+};
+
+/// The door in use; until one is set, messages go to standard error and questions are answered No.
+IMessageDoor& MessageDoor();
+/// The door must outlive its use; null puts the first one back. Returns the door that was in use before.
+IMessageDoor* SetMessageDoor(IMessageDoor* door);
+
+void ShowMessage(const QString& text, Message::Icon icon = Message::Icon::None);
+inline void ShowWarning(const QString& text) {
+    ShowMessage(text, Message::Icon::Warning);
+}
+/// True only for Yes.
+bool AskYesNo(const QString& text);
+
+/// For a failed file operation: `code` is errno right after it. A prefix replaces the leading sentence.
+void ShowWin32Error(int code, const QString& prefix = {});
+/// For an object that cannot be created, and for a connection that cannot be opened.
+void ShowHResultError(std::uint32_t code, const QString& text, const QString& prefix = {});
+/// For every error that an operation caught.
+void ShowComError(const ComError& error, const QString& prefix = {});

@@ -1,0 +1,109 @@
+#include "core/import/Import.h"
+
+#include "core/base/Messages.h"
+#include "core/base/SqlText.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr int BarRange = 200;
+
+/// Shows the phase and steps through its rows, touching the window about two hundred times however many there are.
+template <class Act>
+void ForEachRow(ISourceRows& rows, IProgress& progress, const QString& phase, const Act& act) {
+    progress.SetPhaseText(phase);
+    progress.SetPosition(0);
+    const std::int64_t total = rows.Count();
+    const std::int64_t step = std::max<std::int64_t>(total / BarRange, 1);
+    for (std::int64_t i = 0; !rows.AtEnd(); rows.MoveNext(), ++i) {
+        if (i % step == 0) {
+            if (progress.CancelRequested())
+                throw ImportCancelled();
+            progress.SetDetailText(MessageText("%li z %li", i + 1, total));
+            progress.SetPosition(static_cast<int>((i + 1) * BarRange / std::max<std::int64_t>(total, 1)));
+        }
+        act();
+    }
+}
+
+void ImportProducts(ISourceProducts& products, CImportWriter& writer, IProgress& progress, const QString& phase) {
+    ForEachRow(products, progress, phase, [&] { writer.WriteProduct(products.Product()); });
+    writer.Finish();
+}
+
+void ImportLines(ISourceLines& lines, CImportWriter& writer, IProgress& progress) {
+    SourceDocumentKey previous;
+    bool imported = false;
+    ForEachRow(lines, progress, QStringLiteral("Importuji skladové pohyby"), [&] {
+        if (SourceDocumentKey document = lines.Document(); document != previous) {
+            previous = std::move(document);
+            imported = false;
+            if (const std::optional<SourceDocument> header = lines.Header())
+                imported = writer.WriteDocument(*header);
+        }
+        if (imported)
+            writer.WriteLine(lines.Line());
+    });
+    writer.Finish();
+}
+
+} // namespace
+
+bool RunImport(CDataStore& store, IImportSource& source, const ImportOptions& options, IProgressDoor& progressDoor,
+               IOverwriteDoor& overwriteDoor, ImportCounts& counts) {
+    if (!options.products && !options.documents)
+        return false;
+    const std::unique_ptr<IProgress> progress = progressDoor.Open(source.Title(), true);
+    progress->SetRange(0, BarRange);
+    if (!source.Connect(*progress))
+        return false;
+    if (options.products) {
+        const std::unique_ptr<ISourceProducts> products = source.OpenProducts();
+        if (!products)
+            return false;
+        if (source.ShowsEmptyProductPhase() || products->Count() > 0) {
+            CImportWriter writer(store, source, options.existing, overwriteDoor, counts);
+            ImportProducts(*products, writer, *progress, source.ProductPhase());
+        }
+    }
+    if (options.documents) {
+        if (const std::unique_ptr<ISourceLines> lines = source.OpenLines()) {
+            CImportWriter writer(store, source, options.existing, overwriteDoor, counts);
+            ImportLines(*lines, writer, *progress);
+        }
+    }
+    return true;
+}
+
+QString ImportResult::Summary() const {
+    const QString status = end == End::Failed      ? QStringLiteral("Během importu došlo k chybě!")
+                           : end == End::Cancelled ? QStringLiteral("Import byl přerušen!")
+                                                   : QStringLiteral("Import dokončen úspěšně!");
+    return MessageText("%s\n\nNaimportováno:\n   Produktů ~ %li\n   Dokladů ~ %li", status, counts.products,
+                       counts.documents);
+}
+
+bool ImportFromEkonom(ImportCounts&) {
+    return true;
+}
+
+ImportResult CarryOutImport(const ImportCommand& command) {
+    ImportResult result;
+    try {
+        result.end = command(result.counts) ? ImportResult::End::Done : ImportResult::End::Nothing;
+    } catch (const ComError& error) {
+        result.end = ImportResult::End::Failed;
+        ShowComError(error);
+    } catch (const ImportCancelled&) {
+        result.end = ImportResult::End::Cancelled;
+    }
+    return result;
+}
+
+ImportResult RunImportCommand(const ImportCommand& command) {
+    const ImportResult result = CarryOutImport(command);
+    if (!result.IsSilent())
+        ShowMessage(result.Summary(), Message::Icon::Information);
+    return result;
+}

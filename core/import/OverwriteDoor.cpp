@@ -1,0 +1,15 @@
+#include "core/import/OverwriteDoor.h"
+
+namespace {
+
+class NobodyDoor : public IOverwriteDoor {
+public:
+    Answer Ask(const QString&) override { return Answer::No; }
+};
+
+} // namespace
+
+IOverwriteDoor& NobodyToAsk() {
+    static NobodyDoor door;
+    return door;
+}

@@ -1,0 +1,71 @@
+#include "core/import/wak/WakOptions.h"
+
+#include "core/base/AppDir.h"
+#include "core/base/Profile.h"
+#include "core/import/wak/WakPassword.h"
+
+namespace {
+
+const QString Section = QStringLiteral("ImportWAK");
+const QString ServerKey = QStringLiteral("Server");
+const QString DatabaseKey = QStringLiteral("Databaze");
+const QString WindowsKey = QStringLiteral("Autentikace");
+const QString UserKey = QStringLiteral("Uzivatel");
+const QString PasswordKey = QStringLiteral("Heslo");
+
+DateTime EndOfDay(const DateTime& date) {
+    return DateTime::FromDay(date.Year(), date.Month(), date.Day(), 23, 59, 59);
+}
+
+} // namespace
+
+void WakOptions::Read() {
+    ImportOptions::Read(Section);
+    const WakOptions defaults;
+    const CProfile settings(SettingsPath());
+    server = settings.GetString(Section, ServerKey, defaults.server);
+    database = settings.GetString(Section, DatabaseKey, defaults.database);
+    windows = settings.GetInt(Section, WindowsKey, 0) == 1;
+    user = settings.GetString(Section, UserKey, defaults.user);
+    password = UnscrambleWakPassword(settings.GetString(Section, PasswordKey, {}));
+}
+
+bool WakOptions::Write() const {
+    CProfile settings(SettingsPath());
+    return settings.WriteString(Section, ServerKey, server) && settings.WriteString(Section, DatabaseKey, database) &&
+           settings.WriteString(Section, WindowsKey, QString::number(windows ? 1 : 0)) &&
+           settings.WriteString(Section, UserKey, user) &&
+           settings.WriteString(Section, PasswordKey, ScrambleWakPassword(password)) && ImportOptions::Write(Section);
+}
+
+WakDateRange WakDateRange::PreviousQuarter(const DateTime& today) {
+    const int firstMonth = (today.Month() - 1) / 3 * 3 + 1;
+    const DateTime to = DateTime::FromDay(today.Year(), firstMonth, 1, 23, 59, 59).AddDays(-1);
+    return {DateTime::FromDay(to.Year(), (to.Month() + 10) % 12, 1), to};
+}
+
+std::optional<WakComplaint> CheckWakConnection(WakOptions& options) {
+    options.server = options.server.trimmed();
+    if (options.server.isEmpty())
+        return WakComplaint{QStringLiteral("Zadejte server!"), WakComplaint::Field::Server};
+    options.database = options.database.trimmed();
+    if (options.database.isEmpty())
+        return WakComplaint{QStringLiteral("Zadejte databázi!"), WakComplaint::Field::Database};
+    if (options.windows)
+        return std::nullopt;
+    options.user = options.user.trimmed();
+    if (options.user.isEmpty())
+        return WakComplaint{QStringLiteral("Zadejte uživatele!"), WakComplaint::Field::User};
+    return std::nullopt;
+}
+
+std::optional<QString> CheckWakParameters(const ImportOptions& options, WakDateRange& range) {
+    if (!options.products && !options.documents)
+        return QStringLiteral("Není vybrán import produktů ani dokladů!");
+    if (!options.documents)
+        return std::nullopt;
+    range = {range.from.StartOfDay(), EndOfDay(range.to)};
+    if (range.to < range.from)
+        return QStringLiteral("Datum od nesmí být větší než datum do!");
+    return std::nullopt;
+}

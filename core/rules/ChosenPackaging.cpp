@@ -1,0 +1,39 @@
+#include "core/rules/ChosenPackaging.h"
+
+#include "core/base/SqlText.h"
+#include "core/store/DataStore.h"
+
+void AddPackagingRows(CDataStore& store, const RecordsetPtr& target, std::int32_t dtId, const ChosenPackaging& chosen) {
+    if (chosen.compositeId == ChosenPackaging::NoComposite) {
+        target->AddNew();
+        target->put_Collect("cover_id", chosen.rule.coverId);
+        target->put_Collect("dt_id", dtId);
+        WriteRule(chosen.rule, *target);
+        target->Update();
+        return;
+    }
+    const RecordsetPtr items =
+        store.Query(SqlText("SELECT * FROM CompCover_Item WHERE ccover_id = %li", chosen.compositeId));
+    CCommitGroup group(store);
+    for (; !items->get_EOF(); items->MoveNext()) {
+        target->AddNew();
+        target->put_Collect("dt_id", dtId);
+        CopyRule(*items, *target);
+        target->Update();
+        group.RecordDone();
+    }
+    group.Finish();
+}
+
+RecordsetPtr DefinitionsOfDay(CDataStore& store, std::int32_t prodId, const DateTime& day) {
+    return store.Query(
+        SqlText("SELECT * FROM Prod_CoverDT WHERE (prod_id = %li) AND DATEDIFF(\"d\", #%i/%i/%i#, dt_from)=0", prodId,
+                day.Month(), day.Day(), day.Year()));
+}
+
+void AddDefinition(CRecordset& definitions, std::int32_t prodId, const DateTime& from) {
+    definitions.AddNew();
+    definitions.put_Collect("prod_id", prodId);
+    definitions.put_Collect("dt_from", from);
+    definitions.Update();
+}

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "core/store/DataStore.h"
+
+/// Adds the packaging that leaves with one issue line: the rows of the product's definition in force on the issue date
+/// (the last one whose day and time are not after it) that apply to the quantity, each with the whole number of product
+/// packages times the pieces per package. Never deletes: the caller removes the line's old rows first.
+///
+/// `target` is the table "Move_Cover" opened for appending, reused across calls; `mvprodId` and `moveId` are written as
+/// they are. The quantity is in products, in ten-thousandths. Answers the number of rows added; −1 when the date is not
+/// valid, and after a database error was shown (rows added before it stay).
+int ComputeItemCovers(CDataStore& store, const RecordsetPtr& target, const Variant& mvprodId, const Variant& moveId,
+                      std::int32_t prodId, Currency quantity, const DateTime& issueDate);
+
+/// Deletes and computes anew the packaging of every issue line of one product; changes made by hand are lost. Answers
+/// the number of lines. Raises ComError; the lines done before it keep their new rows.
+int RecomputeProductCovers(CDataStore& store, std::int32_t prodId);

@@ -1,0 +1,55 @@
+#include "core/rules/Propagation.h"
+
+#include "core/base/AppDir.h"
+#include "core/base/Profile.h"
+#include "core/base/SqlText.h"
+#include "core/store/DataStore.h"
+
+PropagationOptions g_options;
+
+namespace {
+
+constexpr const char* Section = "Moznosti";
+
+struct OptionKey {
+    const char* key;
+    std::int32_t PropagationOptions::*option;
+};
+
+constexpr OptionKey Keys[] = {
+    {"Zmenu obalu promitnout do slozenych obalu", &PropagationOptions::coversToComposites},
+    {"Zmenu obalu promitnout v balenich", &PropagationOptions::coversToPackaging},
+    {"Zmenu obalu promitnout do vydeju", &PropagationOptions::coversToIssues},
+    {"Zmenu baleni promitnout do vydeju", &PropagationOptions::packagingToIssues},
+};
+
+} // namespace
+
+PropagationOptions ReadPropagationOptions() {
+    PropagationOptions options;
+    CProfile profile(SettingsPath());
+    for (const OptionKey& entry : Keys)
+        options.*entry.option = profile.GetInt(QString::fromLatin1(Section), QString::fromLatin1(entry.key), 1);
+    return options;
+}
+
+void WritePropagationOptions(const PropagationOptions& options) {
+    CProfile profile(SettingsPath());
+    for (const OptionKey& entry : Keys)
+        profile.WriteString(QString::fromLatin1(Section), QString::fromLatin1(entry.key),
+                            QString::number(options.*entry.option));
+}
+
+void PropagateCover(CDataStore& store, const PropagationOptions& options, std::int32_t coverId, std::int32_t type,
+                    std::int32_t origin, std::int32_t payment) {
+    const auto update = [&](const char* table) {
+        store.ExecuteSQL(SqlText("UPDATE %s SET cover_type=%li, cover_org=%li, cover_pay=%li WHERE cover_id=%li", table,
+                                 type, origin, payment, coverId));
+    };
+    if (options.coversToComposites != 0)
+        update("CompCover_Item");
+    if (options.coversToPackaging != 0)
+        update("Prod_Cover");
+    if (options.coversToIssues != 0)
+        update("Move_Cover");
+}

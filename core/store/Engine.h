@@ -1,0 +1,99 @@
+#pragma once
+
+#include "core/store/jet/Translator.h"
+#include "core/store/sqlite/Sqlite.h"
+
+#include <chrono>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+/// Runs `act`; an error that it raises names this text of the dialect, not what the engine was given for it.
+template <class Act>
+auto NamingText(std::string_view sql, Act act) {
+    try {
+        return act();
+    } catch (const ComError& error) {
+        throw ComError(error.Operation(), std::string(sql), error.Code(), error.Description());
+    }
+}
+
+/// The open database behind `CDataStore` and its recordsets: the connection, what its columns hold, and the statements
+/// prepared so far. Every member raises ComError.
+class CEngine {
+public:
+    /// A statement of the dialect, translated and prepared once; its literals are bound anew for each text.
+    struct Prepared {
+        jet::Translation translation;
+        sqlite::Statement statement;
+        sqlite::Statement row;
+        sqlite::Statement ahead;
+        /// Counts this program's changes of `translation.table`.
+        std::uint64_t* changes = nullptr;
+    };
+    using PreparedPtr = std::shared_ptr<Prepared>;
+
+    /// Refuses a file that is not ours: application id, schema version and tables are checked.
+    explicit CEngine(const std::string& path, bool checkIntegrity = false);
+    /// How long a connection opened from here on waits for another program's lock (5 s unless told).
+    static void SetPatience(std::chrono::milliseconds patience) { s_patience = patience; }
+
+    /// Everything that holds the engine raises from here on.
+    void Close();
+    bool IsOpen() const { return m_database != nullptr; }
+    sqlite3* Handle() const;
+    const jet::Schema& Tables() const { return m_schema; }
+
+    /// The statement of this text with its literals bound, ready to step.
+    PreparedPtr Prepare(std::string_view sql);
+    /// All rows of the table of this name.
+    PreparedPtr PrepareTable(std::string_view name);
+    /// The rows of `table` that meet the condition, literals bound.
+    PreparedPtr PrepareCriterion(std::string_view criterion, const std::string& table);
+    /// Another number whenever another program has written to the file since it was asked last.
+    std::int64_t FileVersion();
+    /// The rows that this connection has written so far.
+    std::int64_t Changes() const { return sqlite3_total_changes64(Handle()); }
+    /// A statement of the engine's own SQL.
+    std::shared_ptr<sqlite::Statement> PrepareOwn(const std::string& sql);
+
+    void BeginGroup();
+    /// Commits when the group is old or large enough; call it between whole records only. True when it did, with all
+    /// that was written until then.
+    bool RecordDone();
+    /// False when there was nothing left to commit, the engine having taken it back by itself.
+    bool EndGroup();
+    /// Takes back what the group has not committed yet.
+    void AbandonGroup() noexcept;
+    bool InGroup() const { return m_inGroup; }
+    /// Whether the engine took back by itself what the group had not committed yet, as a full disk makes it.
+    bool HasLost() const { return m_inGroup && IsOpen() && !InTransaction(); }
+    /// 0 outside a commit group; inside, the number of the transaction, which locks other programs out.
+    std::uint64_t Transaction() const { return InTransaction() ? m_transaction : 0; }
+
+private:
+    /// False inside a group too, where a full disk made the engine roll back by itself.
+    bool InTransaction() const { return m_inGroup && IsOpen() && sqlite3_get_autocommit(m_database.get()) == 0; }
+    void CheckIdentity(const std::string& path);
+    void BeginTransaction();
+    bool Commit();
+    void Bind(Prepared& prepared, std::string_view sql);
+    PreparedPtr Cached(const std::string& key) const;
+    PreparedPtr Keep(const std::string& key, jet::Translation translation);
+
+    static inline std::chrono::milliseconds s_patience{5000};
+
+    sqlite::Database m_database;
+    jet::Schema m_schema;
+    std::unordered_map<std::string, PreparedPtr> m_prepared;
+    std::map<std::string, std::shared_ptr<sqlite::Statement>> m_own;
+    std::string m_shape;
+    std::vector<jet::Literal> m_literals;
+    std::map<std::string, std::uint64_t> m_changes;
+    bool m_inGroup = false;
+    std::uint64_t m_transaction = 0;
+    std::int64_t m_groupChanges = 0;
+    std::chrono::steady_clock::time_point m_groupStart;
+};

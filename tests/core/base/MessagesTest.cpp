@@ -1,0 +1,53 @@
+#include "core/base/Messages.h"
+#include "tests/support/ScriptedDoors.h"
+
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <cstdlib>
+
+TEST(MessageTexts, ErrorsHaveTheirExactWords) {
+    const ComError error("Execute", "SELECT", 0x80040E14, "Chyba %1 syntaxe.");
+    const struct {
+        std::function<void()> show;
+        QString text;
+    } cases[] = {
+        {[] { ShowWin32Error(ENOENT); }, "Došlo k chybě č.2\n\nNo such file or directory"},
+        {[] { ShowWin32Error(ENOSPC, "Záloha"); }, "Záloha\n\nChyba č.28. No space left on device"},
+        {[] { ShowWin32Error(99999); }, "Došlo k chybě č.99999\n\nNeznámá chyba"},
+        {[] { ShowHResultError(0x1A, "text"); }, "Došlo k chybě č.0x0000001A\n\ntext"},
+        {[] { ShowHResultError(0x80004005, "text", "Předpona"); }, "Předpona\n\nChyba č.0x80004005. text"},
+        {[] { ShowHResultError(0x80004005, {}); }, "Došlo k chybě č.0x80004005\n\nNeznámá chyba"},
+        {[] { ShowHResultError(1, QString(1001, 'x')); }, "Došlo k chybě č.0x00000001\n\n" + QString(1000, 'x')},
+        {[&] { ShowComError(error); }, "Došlo k chybě COM č.0x80040E14\n\nChyba %1 syntaxe."},
+        {[&] { ShowComError(error, "Předpona"); }, "Předpona\n\nCOM chyba č.0x80040E14. Chyba %1 syntaxe."},
+    };
+    setenv("LC_ALL", "C", 1);
+    for (const auto& c : cases) {
+        ScriptedMessages messages;
+        messages.Expect(c.text, Message::Icon::Error);
+        c.show();
+    }
+    unsetenv("LC_ALL");
+}
+
+TEST(MessageTexts, OnlyYesProceeds) {
+    for (const auto answer : {Message::Answer::Yes, Message::Answer::No, Message::Answer::Ok}) {
+        ScriptedMessages messages;
+        messages.ExpectQuestion("?", answer);
+        EXPECT_EQ(AskYesNo("?"), answer == Message::Answer::Yes);
+    }
+}
+
+TEST(MessageTexts, WithoutADoorTextGoesToStandardErrorAndQuestionsAreDeclined) {
+    SetMessageDoor(nullptr);
+    testing::internal::CaptureStderr();
+    ShowWarning("Zadejte uživatele!");
+    EXPECT_FALSE(AskYesNo("Přepsat?"));
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "Zadejte uživatele!\nPřepsat?\n");
+}
+
+TEST(ComErrorText, WhatNamesOperationTextAndCode) {
+    const ComError error("Open", "Kuvel.mdb", ResultCode::Corrupt, "vadný soubor");
+    EXPECT_STREQ(error.what(), "Open: vadný soubor (0x80070570): Kuvel.mdb");
+}

@@ -1,0 +1,228 @@
+#include "core/base/AppDir.h"
+#include "core/rules/Propagation.h"
+#include "tests/support/ScriptedFiles.h"
+#include "tests/windows/support/Driver.h"
+#include "tests/windows/support/FrameFolder.h"
+#include "windows/frame/AboutDlg.h"
+#include "windows/frame/BackupDlg.h"
+#include "windows/frame/OptionsDlg.h"
+#include "windows/frame/ReportCommand.h"
+#include "windows/frame/doors/Desktop.h"
+#include "windows/frame/doors/MessageBoxDoor.h"
+
+#include <gtest/gtest.h>
+
+#include <QCheckBox>
+#include <QDesktopServices>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QUrlQuery>
+
+namespace {
+
+TEST(OptionsDlg, OkTakesTheChecksAndStornoDoesNot) {
+    PropagationOptions options;
+    options.coversToIssues = 0;
+    options.coversToComposites = 7; // any number but 0 is on
+    for (const char* const button : {"cancelButton", "okButton"}) {
+        COptionsDlg dialog(options, nullptr);
+        dialog.show();
+        InTurn({ShowsTitle("Možnosti "), Shows("coversToCompositesCheck", "ano"), Shows("coversToIssuesCheck", "ne"),
+                Clicked("coversToIssuesCheck"), Clicked("packagingToIssuesCheck"), Clicked("coversToPackagingCheck"),
+                Clicked(button)})(dialog);
+        const bool taken = button[0] == 'o';
+        EXPECT_EQ(taken, options.coversToIssues != 0);
+        EXPECT_EQ(!taken, options.packagingToIssues != 0);
+        EXPECT_EQ(!taken, options.coversToPackaging != 0);
+        EXPECT_NE(0, options.coversToComposites);
+    }
+}
+
+struct BackupDlg : testing::Test {
+    StoreFolder f;
+    ScriptedMessages messages;
+    ScriptedFiles files;
+    int reloads = 0;
+    BackupActions actions{[this] { ++reloads; }, [](int) { FAIL(); }};
+
+    std::unique_ptr<CBackupDlg> Open(CBackupDlg::Mode mode) {
+        auto dialog = std::make_unique<CBackupDlg>(mode, f.store, actions, nullptr);
+        dialog->show();
+        return dialog;
+    }
+    QString Ini() const {
+        return QFile::exists(f.folder.File("kuvel.ini")) ? QString::fromLatin1(FileBytes(f.folder.File("kuvel.ini")))
+                                                         : QString();
+    }
+};
+
+TEST_F(BackupDlg, BackupGoesToTodaysNameAndRestoreComesFromTheLastOne) {
+    const QString target = f.folder.File("Zalohy/Zaloha20120702.mdb");
+    auto dialog = Open(CBackupDlg::Mode::Backup);
+    EXPECT_EQ("Záloha dat", dialog->windowTitle().toStdString());
+    EXPECT_EQ("Zálohovat do souboru:", Find<QLabel>(*dialog, "pathLabel").text().toStdString());
+    EXPECT_EQ("Vytvořit zálohu", ShownBy(*dialog, "actionButton"));
+    EXPECT_EQ(target.toStdString(), ShownBy(*dialog, "pathEdit"));
+    messages.Expect(QStringLiteral("Záloha '%1' byla úspěšně vytvořena!").arg(target), Message::Icon::Information);
+    QTest::keyClick(dialog.get(), Qt::Key_Return);
+    EXPECT_FALSE(dialog->isVisible());
+    EXPECT_TRUE(Ini().contains(QStringLiteral("Posledni zaloha=") + target)) << Ini().toStdString();
+
+    f.Sql("INSERT INTO TmpID VALUES (5)");
+    dialog = Open(CBackupDlg::Mode::Restore);
+    EXPECT_EQ("Obnovit ze souboru:", Find<QLabel>(*dialog, "pathLabel").text().toStdString());
+    EXPECT_EQ("Obnovit zálohu", ShownBy(*dialog, "actionButton"));
+    EXPECT_EQ(target.toStdString(), ShownBy(*dialog, "pathEdit"));
+    messages.Expect(QStringLiteral("Data za zálohy '%1' byla obnovena!").arg(target), Message::Icon::Information);
+    Click(*dialog, "actionButton");
+    EXPECT_FALSE(dialog->isVisible());
+    EXPECT_EQ("0", f.AskAll("SELECT count(*) FROM TmpID"));
+    EXPECT_EQ(2, reloads);
+}
+
+TEST_F(BackupDlg, StaysOpenAfterAFailureAndKeepsTheLastBackup) {
+    WriteFile(f.folder.File("kuvel.ini"), "[Zalohovani]\r\nPosledni zaloha=/drive/z.mdb\r\n");
+    auto dialog = Open(CBackupDlg::Mode::Restore);
+    messages.Expect(QStringLiteral("Nemohu nalézt soubor '/drive/z.mdb'!"), Message::Icon::Warning);
+    Click(*dialog, "actionButton");
+    EXPECT_TRUE(dialog->isVisible());
+
+    WriteFile(f.folder.File("x.mdb"), "stara");
+    dialog = Open(CBackupDlg::Mode::Backup);
+    Find<QLineEdit>(*dialog, "pathEdit").setText(QStringLiteral("  %1 ").arg(f.folder.File("x.mdb")));
+    messages.ExpectQuestion(
+        QStringLiteral("Soubor '%1' již existuje. Přejete si ho přepsat?").arg(f.folder.File("x.mdb")),
+        Message::Answer::No);
+    Click(*dialog, "actionButton");
+    EXPECT_TRUE(dialog->isVisible());
+    EXPECT_EQ("stara", FileBytes(f.folder.File("x.mdb")));
+    EXPECT_EQ("[Zalohovani]\r\nPosledni zaloha=/drive/z.mdb\r\n", Ini().toStdString());
+    Click(*dialog, "closeButton");
+    EXPECT_FALSE(dialog->isVisible());
+}
+
+TEST_F(BackupDlg, BrowsingProposesTheNameInTheField) {
+    struct Row {
+        CBackupDlg::Mode mode;
+        QString field, proposed, answer, after;
+    };
+    using enum CBackupDlg::Mode;
+    const Row rows[] = {
+        {Backup, QStringLiteral("/a/b/z.mdb//  "), QStringLiteral("/a/b/z.mdb"), {}, QStringLiteral("/a/b/z.mdb//  ")},
+        {Backup, QStringLiteral("z.mdb"), {}, QStringLiteral("/c/n.mdb"), QStringLiteral("/c/n.mdb")},
+        {Restore, QStringLiteral("/z.mdb"), {}, QStringLiteral("/c/n.mdb"), QStringLiteral("/c/n.mdb")},
+    };
+    for (const Row& row : rows) {
+        const auto dialog = Open(row.mode);
+        auto& field = Find<QLineEdit>(*dialog, "pathEdit");
+        field.setText(row.field);
+        files.answers = {row.answer};
+        Click(*dialog, "browseButton");
+        const ScriptedFiles::Asked& asked = files.asked.back();
+        EXPECT_EQ(row.mode == Backup ? ScriptedFiles::Kind::Save : ScriptedFiles::Kind::Open, asked.kind);
+        EXPECT_EQ(row.proposed, asked.request.path);
+        EXPECT_EQ("Záloha dat (*.mdb)", asked.request.filter.toStdString());
+        EXPECT_EQ("mdb", asked.request.defaultExtension.toStdString());
+        EXPECT_EQ(row.after, field.text());
+    }
+}
+
+/// Takes the links that the desktop would open.
+class LinkCatcher : public QObject {
+    Q_OBJECT
+
+public:
+    LinkCatcher() {
+        for (const char* scheme : {"mailto", "https"})
+            QDesktopServices::setUrlHandler(QString::fromLatin1(scheme), this, "Take");
+    }
+    ~LinkCatcher() override {
+        for (const char* scheme : {"mailto", "https"})
+            QDesktopServices::unsetUrlHandler(QString::fromLatin1(scheme));
+    }
+    QList<QUrl> taken;
+
+public slots:
+    void Take(const QUrl& url) { taken.append(url); }
+};
+
+TEST(AboutDlg, NamesItsVersionAndItsLinksOpenByKey) {
+    LinkCatcher links;
+    CAboutDlg dialog(nullptr);
+    dialog.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    EXPECT_EQ("O aplikaci Kuvel", dialog.windowTitle().toStdString());
+    const QString version = Find<QLabel>(dialog, "versionLabel").text();
+    EXPECT_EQ("Kuvel, verze " KUVEL_VERSION "  (rel. Jul  2 2012)", version.toStdString());
+    for (const char* const name : {"mailButton", "webButton"}) {
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Tab);
+        EXPECT_EQ(name, dialog.focusWidget()->objectName().toStdString());
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Space);
+    }
+    ASSERT_EQ(2, links.taken.size());
+    EXPECT_EQ("mailto", links.taken[0].scheme().toStdString());
+    EXPECT_FALSE(links.taken[0].path().isEmpty());
+    EXPECT_EQ(QStringLiteral("Připomínka k programu \"%1\"").arg(version),
+              QUrlQuery(links.taken[0]).queryItemValue(QStringLiteral("subject"), QUrl::FullyDecoded));
+    EXPECT_EQ("https", links.taken[1].scheme().toStdString());
+}
+
+TEST(MessageBoxDoor, SpeaksCzechAndAnswersNoWhenClosed) {
+    SetUpDesktop();
+    CMessageBoxDoor door;
+    const Message question{QStringLiteral("Soubor '<b>' ?"), Message::Icon::Question, Message::Buttons::YesNo};
+    const auto label = [](QWidget& box, const char* button) {
+        return Find<QPushButton>(box, button).text().remove(u'&').toStdString();
+    };
+    struct Row {
+        Qt::Key key;
+        Message::Answer answer;
+    };
+    const Row rows[] = {
+        {Qt::Key_Return, Message::Answer::Yes},
+        {Qt::Key_A, Message::Answer::Yes},
+        {Qt::Key_N, Message::Answer::No},
+        {Qt::Key_Escape, Message::Answer::No},
+    };
+    for (const Row& row : rows) {
+        Steps steps;
+        steps.Then([&](QWidget& box) {
+            EXPECT_TRUE(QTest::qWaitForWindowActive(&box));
+            EXPECT_EQ("Kuvel", box.windowTitle().toStdString());
+            EXPECT_EQ("Ano", label(box, "yesButton"));
+            EXPECT_EQ("Ne", label(box, "noButton"));
+            EXPECT_EQ(Qt::PlainText, static_cast<QMessageBox&>(box).textFormat());
+            QTest::keyClick(&box, row.key, row.key < 0x100 ? Qt::AltModifier : Qt::NoModifier);
+            // A mnemonic shows its button pressed for a moment.
+            EXPECT_TRUE(QTest::qWaitFor([&] { return !box.isVisible(); }, 2000));
+        });
+        EXPECT_EQ(row.answer, door.Show(question)) << row.key;
+    }
+    Steps steps;
+    steps.Then([&](QWidget& box) {
+        EXPECT_EQ("OK", label(box, "okButton"));
+        QTest::keyClick(&box, Qt::Key_Escape);
+    });
+    EXPECT_EQ(Message::Answer::Ok, door.Show({QStringLiteral("x"), Message::Icon::None, Message::Buttons::Ok}));
+}
+
+TEST(OpenWorkbook, StartsTheUsersOfficeWithTheFile) {
+    QTemporaryDir folder;
+    const QString office = folder.filePath(QStringLiteral("soffice"));
+    WriteFile(office, "#!/bin/sh\nprintf '%s|' \"$@\" > \"$(dirname \"$0\")/.log\"; mv \"$(dirname \"$0\")/.log\" "
+                      "\"$(dirname \"$0\")/log\"\n");
+    QFile::setPermissions(office, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    const QByteArray path = qgetenv("PATH");
+    qputenv("PATH", folder.path().toUtf8() + ":" + path);
+    EXPECT_TRUE(OpenWorkbook(QStringLiteral("/a b/výkaz 1.XLS")));
+    const QString log = folder.filePath(QStringLiteral("log"));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(log); }, 5000));
+    EXPECT_EQ("/a b/výkaz 1.XLS|", FileBytes(log).toStdString());
+    qputenv("PATH", path);
+}
+
+} // namespace
+
+#include "DialogsTest.moc"

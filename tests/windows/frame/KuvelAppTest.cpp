@@ -1,0 +1,171 @@
+#include "windows/frame/KuvelApp.h"
+#include "core/base/AppDir.h"
+#include "core/rules/Propagation.h"
+#include "tests/windows/support/FrameFolder.h"
+#include "windows/frame/doors/Desktop.h"
+#include "windows/frame/doors/ProgressDoor.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QDialog>
+#include <QProcess>
+#include <QSettings>
+#include <QTest>
+#include <QTimer>
+
+#include <csignal>
+#include <sys/types.h>
+
+namespace {
+
+/// A program folder and a run-time folder of the test's own, for the program in this process and in others.
+struct Start : testing::Test {
+    FreshSettings settings;
+    ProgramFolder folder;
+    QTemporaryDir runtime;
+    ScriptedMessages messages;
+
+    Start() {
+        qputenv("XDG_RUNTIME_DIR", runtime.path().toUtf8());
+        qputenv("KUVEL_HOME", folder.Path().toUtf8());
+        g_strAppDir.clear();
+    }
+    ~Start() override {
+        qunsetenv("KUVEL_HOME");
+        g_dataStore.CloseDatabase();
+        g_options = {};
+    }
+    QString Database() const { return folder.File("Kuvel.mdb"); }
+};
+
+struct Program {
+    QProcess process;
+
+    explicit Program(const QString& home = {}) {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+        if (!home.isEmpty())
+            environment.insert(QStringLiteral("KUVEL_HOME"), home);
+        process.setProcessEnvironment(environment);
+        Run();
+    }
+    void Run() {
+        process.start(QStringLiteral(KUVEL_BIN_DIR "/kuvel"), {});
+        EXPECT_TRUE(process.waitForStarted());
+    }
+    ~Program() {
+        process.kill();
+        process.waitForFinished();
+    }
+    bool Runs() { return process.state() == QProcess::Running; }
+    /// Ended by itself, with this code and without a word.
+    void ExpectSilentEnd() {
+        EXPECT_TRUE(QTest::qWaitFor([this] { return !Runs(); }, 10000));
+        EXPECT_EQ(QProcess::NormalExit, process.exitStatus());
+        EXPECT_EQ(0, process.exitCode());
+        EXPECT_EQ("", process.readAllStandardError().toStdString());
+    }
+};
+
+bool CanAcquire(const QString& folder) {
+    return CSingleInstance().Acquire(folder);
+}
+
+TEST_F(Start, ASecondStartBringsTheFirstForwardAndEndsSilently) {
+    folder.AddDatabase();
+    CKuvelApp app;
+    ASSERT_TRUE(app.InitInstance());
+    QDialog modal(app.MainFrame());
+    bool came = false;
+    QTimer::singleShot(0, &modal, [&] {
+        app.MainFrame()->showMinimized();
+        QWidget other;
+        other.show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&other));
+        Program second;
+        second.ExpectSilentEnd();
+        came = QTest::qWaitFor([&] { return QApplication::activeWindow() == &modal; }, 3000);
+        modal.accept();
+    });
+    modal.exec();
+    EXPECT_TRUE(came);
+    EXPECT_FALSE(app.MainFrame()->isMinimized());
+    EXPECT_TRUE(app.MainFrame()->isVisible());
+}
+
+TEST_F(Start, AKilledProcessDoesNotKeepTheNextFromStarting) {
+    folder.AddDatabase();
+    for (int round = 0; round < 3; ++round) {
+        Program program;
+        const auto hasStarted = [&] {
+            // A look at the lock that comes just then keeps the program from starting.
+            if (!program.Runs())
+                program.Run();
+            return !CanAcquire(folder.Path());
+        };
+        EXPECT_TRUE(QTest::qWaitFor(hasStarted, 10000)) << round;
+        // A process that is not there would have the number of our own group.
+        ASSERT_TRUE(program.Runs());
+        kill(static_cast<pid_t>(program.process.processId()), SIGKILL);
+        program.process.waitForFinished();
+    }
+    EXPECT_TRUE(CanAcquire(folder.Path()));
+}
+
+TEST_F(Start, UsersAndFoldersDoNotBlockEachOther) {
+    CSingleInstance first;
+    EXPECT_TRUE(first.Acquire(folder.Path()));
+    const QTemporaryDir other;
+    EXPECT_TRUE(CanAcquire(other.path()));
+    const QString link = other.filePath(QStringLiteral("odkaz"));
+    ASSERT_TRUE(QFile::link(folder.Path(), link));
+    EXPECT_FALSE(CanAcquire(link)); // the same folder by another name
+    const QTemporaryDir anotherUser;
+    qputenv("XDG_RUNTIME_DIR", anotherUser.path().toUtf8());
+    EXPECT_TRUE(CanAcquire(folder.Path()));
+}
+
+TEST_F(Start, EachFailureHasItsMessageAndEndsTheStart) {
+    {
+        CKuvelApp app;
+        app.initOle = [] { return false; };
+        messages.Expect(QStringLiteral("Nelze inicializovat OLE!\n\nProgam bude ukončen"), Message::Icon::Error);
+        EXPECT_FALSE(app.InitInstance());
+        EXPECT_EQ(1, app.InitResult());
+        EXPECT_EQ("", g_strAppDir.toStdString()); // nothing after the step was done
+    }
+    {
+        CKuvelApp app;
+        messages.Expect(QStringLiteral("Nemohu otevřít databázi '%1'").arg(Database()), Message::Icon::Error);
+        EXPECT_FALSE(app.InitInstance());
+        EXPECT_EQ(1, app.InitResult());
+        EXPECT_EQ(nullptr, app.MainFrame());
+    }
+    folder.AddDatabase();
+    CKuvelApp app;
+    EXPECT_TRUE(app.InitInstance());
+}
+
+TEST_F(Start, OptionsAreReadAtStartAndWrittenAtExit) {
+    folder.AddDatabase();
+    WriteFile(folder.File("kuvel.ini"), "[Moznosti]\r\nZmenu obalu promitnout do vydeju=0\r\n");
+    WriteFile(folder.File("KuvelTmp.MDB"), "x");
+    CKuvelApp app;
+    ASSERT_TRUE(app.InitInstance());
+    EXPECT_EQ(0, g_options.coversToIssues);
+    EXPECT_EQ(1, g_options.packagingToIssues);
+    g_options.packagingToIssues = 0;
+    g_options.coversToIssues = 1;
+    EXPECT_TRUE(app.MainFrame()->close());
+    app.ExitInstance();
+    EXPECT_EQ("[Moznosti]\r\nZmenu obalu promitnout do vydeju=1\r\n"
+              "Zmenu obalu promitnout do slozenych obalu=1\r\nZmenu obalu promitnout v balenich=1\r\n"
+              "Zmenu baleni promitnout do vydeju=0\r\n",
+              FileBytes(folder.File("kuvel.ini")).toStdString());
+    EXPECT_FALSE(g_dataStore.IsOpen());
+    EXPECT_FALSE(QFile::exists(folder.File("KuvelTmp.MDB")));
+    EXPECT_TRUE(QSettings().contains(QStringLiteral("Kuvel/bars")));
+}
+
+} // namespace

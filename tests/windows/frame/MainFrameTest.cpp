@@ -1,0 +1,251 @@
+#include "tests/windows/support/FrameFolder.h"
+#include "windows/frame/FrameCommands.h"
+#include "windows/frame/StatusPanes.h"
+#include "windows/frame/doors/ProgressDoor.h"
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QStatusBar>
+#include <QTest>
+#include <QToolBar>
+
+namespace {
+
+struct MainFrame : testing::Test, FrameFolder {};
+
+/// One line a menu item: where it stands, its id, its first keys, its prompt and its tool tip.
+void Describe(const QMenu& menu, const QString& path, QStringList& lines) {
+    for (const QAction* action : menu.actions()) {
+        if (action->isSeparator())
+            continue;
+        const QString place = path + QStringLiteral(" > ") + action->text();
+        if (const QMenu* submenu = action->menu()) {
+            Describe(*submenu, place, lines);
+            continue;
+        }
+        lines.append(QStringList{place, action->objectName().mid(7), action->shortcut().toString(), action->statusTip(),
+                                 action->toolTip()}
+                         .join(u'|'));
+    }
+}
+
+TEST_F(MainFrame, TheMenuStandsAsDocumented) {
+    const char* const expected[] = {
+        "&Soubor > Sestavit &výkaz|32800||Sestavit čtvrtletní výkaz|Sestavit výkaz",
+        "&Soubor > &Zálohování > Vytvoření záložní kopie dat|32821||Zazálohovat data do zvoleného adresáře|Zálohovat "
+        "data",
+        "&Soubor > &Zálohování > Obnovení ze záložní kopie dat|32822||Obnovit data ze zvolené zálohy|Obnovit data ze "
+        "zálohy",
+        "&Soubor > &Konec|57665||Ukončit aplikaci|Konec",
+        "&Tabulky > &Kuvel|32803||Zobrazit tabulku obalů|Zobrazit kuvel",
+        "&Tabulky > &Složené kuvel|32817||Zobrazit tabulku složených obalů|Zobrazit složené kuvel",
+        "&Tabulky > Vý&robky|32804||Zobrazit tabulku produktů|Zobrazit produkty",
+        "&Tabulky > &Výdaje|32805||Zobrazit tabulku výdejů|Zobrazit výdeje",
+        "&Tabulky > &Aktualizovat|32812|F5|Aktualizovat zobrazené záznamy|Aktualizovat",
+        "Zázna&my > &Importovat z > &Money S3|32797||Importovat data z programu Money S3|Importovat z Money S3",
+        "Zázna&my > &Importovat z > &WAK INTRA|32826||Importovat data z programu WAK INTRA|Importovat z WAK INTRA",
+        "Zázna&my > Upravit kuvel ve výdejích podle definic balení...|32824||Upravit kuvel ve výdejích podle definic "
+        "balení vydaných produktů|Upravit kuvel ve výdejích",
+        "Zázna&my > &Přidat|32793|Ins|Přidat nový záznam|Nový záznam",
+        "Zázna&my > &Upravit|32790|Enter|Upravit vybraný záznam|Upravit záznam",
+        "Zázna&my > &Odstranit|32792|Del|Odstranit vybraný záznam|Odstranit záznam",
+        "Zázna&my > &Najít...|32798|Ctrl+F|Najít záznam podle zadaných kritérií|Najít",
+        "Zázna&my > Na&hradit...|32816|Ctrl+H|Nahradit data v tabulce|Nahradit",
+        "Zázna&my > Fil&tr...|32794|Ctrl+T|Nastavit/zrušit filtr pro zobrazení záznamů|Filtr ",
+        "Zázna&my > &Možnosti...|32823||Nastavit chování aplikace při změně záznamů|Chování aplikace při změně záznamů",
+        "&Zobrazit > Panel &tabulek|32781||Zobrazit/skrýt panel tabulek|Přepnout panel tabulek",
+        "&Zobrazit > Panel &nástrojů|32782||Zobrazit/skrýt panel nástrojů|Přepnout panel nástrojů",
+        "&Zobrazit > &Stavový řádek|59393||Zobrazit/skrýt stavový řádek|Přepnout stavový řádek",
+        "&Nápověda > Nápověda pro Kuvel|57670|F1|Zobrazit nápovědu k programu|Nápověda",
+        "&Nápověda > O &aplikaci Kuvel...|57664||Zobrazit informace o programu, verzi, autorských právech|O aplikaci",
+    };
+    QStringList lines;
+    for (const QAction* title : frame->menuBar()->actions())
+        Describe(*title->menu(), title->text(), lines);
+    ASSERT_EQ(static_cast<qsizetype>(std::size(expected)), lines.size());
+    for (qsizetype i = 0; i < lines.size(); ++i)
+        EXPECT_EQ(std::string(expected[i]), lines[i].toStdString());
+    EXPECT_EQ("Kuvel", frame->windowTitle().toStdString());
+    EXPECT_EQ(QSize(600, 400), frame->minimumSize());
+}
+
+TEST_F(MainFrame, NoMnemonicStandsTwiceInAMenu) {
+    const auto check = [](const QList<QAction*>& actions, auto& self) -> void {
+        QString seen;
+        for (const QAction* action : actions) {
+            const qsizetype at = action->text().indexOf(u'&');
+            if (at >= 0) {
+                const QChar letter = action->text()[at + 1].toUpper();
+                EXPECT_FALSE(seen.contains(letter)) << action->text().toStdString();
+                seen += letter;
+            }
+            if (action->menu() != nullptr)
+                self(action->menu()->actions(), self);
+        }
+    };
+    check(frame->menuBar()->actions(), check);
+}
+
+TEST_F(MainFrame, BarsHoldTheirButtons) {
+    const auto buttons = [this](const char* name) {
+        QStringList ids;
+        for (const QAction* action : frame->findChild<QToolBar*>(QString::fromLatin1(name))->actions()) {
+            EXPECT_TRUE(action->isSeparator() || !action->icon().isNull());
+            ids.append(action->isSeparator() ? QStringLiteral("-") : action->objectName().mid(7));
+        }
+        return ids.join(u' ').toStdString();
+    };
+    EXPECT_EQ("32803 32817 32804 32805", buttons("tablesBar"));
+    EXPECT_EQ("32797 32826 - 32800", buttons("toolsBar"));
+}
+
+TEST_F(MainFrame, KeysReachTheShownRegister) {
+    struct Row {
+        int key;
+        Qt::KeyboardModifiers modifiers;
+        Command command;
+    };
+    using enum Command;
+    const Row rows[] = {
+        {Qt::Key_F, Qt::ControlModifier, ID_RECORD_FIND},
+        {Qt::Key_H, Qt::ControlModifier, ID_RECORD_REPLACE},
+        {Qt::Key_T, Qt::ControlModifier, ID_RECORD_FILTER},
+        {Qt::Key_Delete, Qt::NoModifier, ID_RECORD_DELETE},
+        {Qt::Key_Delete, Qt::ControlModifier, ID_DETAIL_DELETE},
+        {Qt::Key_Delete, Qt::AltModifier, ID_SUBDETAIL_DELETE},
+        {Qt::Key_F5, Qt::NoModifier, ID_RECORD_REFRESH},
+        {Qt::Key_Insert, Qt::NoModifier, ID_RECORD_ADD},
+        {Qt::Key_Insert, Qt::ControlModifier, ID_DETAIL_ADD},
+        {Qt::Key_Return, Qt::NoModifier, ID_RECORD_EDIT},
+        {Qt::Key_Enter, Qt::KeypadModifier, ID_RECORD_EDIT},
+        {Qt::Key_Return, Qt::ControlModifier, ID_DETAIL_EDIT},
+        {Qt::Key_Enter, Qt::ControlModifier | Qt::KeypadModifier, ID_DETAIL_EDIT},
+        {Qt::Key_Return, Qt::AltModifier, ID_SUBDETAIL_EDIT},
+        {Qt::Key_Insert, Qt::AltModifier, Command{}}, // not handled by the recording register
+    };
+    for (const Row& row : rows) {
+        View().ran.clear();
+        QTest::keyClick(&View(), static_cast<Qt::Key>(row.key), row.modifiers);
+        const std::vector<Command> expected =
+            row.command == Command{} ? std::vector<Command>{} : std::vector{row.command};
+        EXPECT_EQ(expected, View().ran) << "key " << row.key << " modifiers " << row.modifiers;
+    }
+}
+
+TEST_F(MainFrame, ACommandThatNobodyHandlesIsDisabled) {
+    EXPECT_TRUE(frame->Action(Command::ID_RECORD_ADD)->isEnabled());
+    EXPECT_FALSE(frame->Action(Command::ID_SUBDETAIL_ADD)->isEnabled());
+    EXPECT_FALSE(frame->Action(Command::ID_IMPORT_MONEY)->isEnabled());
+    EXPECT_FALSE(frame->Action(Command::ID_BACKUP)->isEnabled());
+    CProgressDoor progress(*frame);
+    InstallFrameCommands(*frame, progress);
+    for (const Command command : {Command::ID_BACKUP, Command::ID_RESTORE, Command::ID_REPORT, Command::ID_OPTIONS,
+                                  Command::ID_RECOMPUTE_ISSUES, Command::ID_APP_ABOUT, Command::ID_HELP,
+                                  Command::ID_IMPORT_MONEY, Command::ID_IMPORT_WAK})
+        EXPECT_TRUE(frame->Action(command)->isEnabled()) << static_cast<int>(command);
+}
+
+TEST_F(MainFrame, RegistersAreCreatedOnFirstUseAndKept) {
+    CRecordedView& covers = View();
+    EXPECT_EQ(1, covers.updates);
+    EXPECT_TRUE(frame->Action(Command::ID_SHOW_COVERS)->isChecked());
+    EXPECT_EQ(1, frame->RegisterArea().count());
+
+    frame->Action(Command::ID_SHOW_ISSUES)->trigger();
+    CRecordedView& issues = View();
+    EXPECT_NE(&covers, &issues);
+    EXPECT_FALSE(covers.isVisible());
+    EXPECT_TRUE(issues.isVisible());
+    EXPECT_TRUE(issues.hasFocus());
+    EXPECT_FALSE(frame->Action(Command::ID_SHOW_COVERS)->isChecked());
+    EXPECT_TRUE(frame->Action(Command::ID_SHOW_ISSUES)->isChecked());
+
+    frame->Action(Command::ID_SHOW_ISSUES)->trigger(); // the one that is shown
+    EXPECT_EQ(&issues, &View());
+    EXPECT_TRUE(frame->Action(Command::ID_SHOW_ISSUES)->isChecked());
+    frame->Action(Command::ID_SHOW_COVERS)->trigger();
+    EXPECT_EQ(&covers, &View());
+    EXPECT_EQ(1, covers.updates);
+    EXPECT_EQ(2, frame->RegisterArea().count());
+}
+
+TEST_F(MainFrame, ABroadcastReachesEachCreatedViewOnceAndNeverItsSender) {
+    CRecordedView& covers = View();
+    frame->RunCommand(Command::ID_SHOW_PRODUCTS);
+    CRecordedView& products = View();
+    frame->RunCommand(Command::ID_SHOW_ISSUES);
+    CRecordedView& issues = View();
+    using Messages = std::vector<ViewMessage>;
+    products.Tell(ViewMessage::WM_COVERS_CHANGED);
+    EXPECT_EQ(Messages{ViewMessage::WM_COVERS_CHANGED}, covers.received);
+    EXPECT_EQ(Messages{}, products.received);
+    EXPECT_EQ(Messages{ViewMessage::WM_COVERS_CHANGED}, issues.received);
+    frame->RegisterArea().Broadcast(ViewMessage::Refresh, nullptr);
+    EXPECT_EQ(Messages{ViewMessage::Refresh}, products.received);
+    EXPECT_EQ(2U, covers.received.size());
+    EXPECT_EQ(2U, issues.received.size());
+    EXPECT_EQ(3, frame->RegisterArea().count());
+}
+
+TEST_F(MainFrame, BarsAndStatusRowStayAsTheUserLeftThem) {
+    const auto bar = [this](const char* name) { return frame->findChild<QToolBar*>(QString::fromLatin1(name)); };
+    frame->Action(Command::ID_VIEW_TOOLS_BAR)->trigger();
+    frame->Action(Command::ID_VIEW_STATUS_BAR)->trigger();
+    frame->addToolBar(Qt::LeftToolBarArea, bar("tablesBar"));
+    frame->resize(777, 555);
+    EXPECT_FALSE(frame->Action(Command::ID_VIEW_TOOLS_BAR)->isChecked());
+    Open();
+    EXPECT_TRUE(bar("toolsBar")->isHidden());
+    EXPECT_FALSE(frame->Action(Command::ID_VIEW_TOOLS_BAR)->isChecked());
+    EXPECT_TRUE(frame->statusBar()->isHidden());
+    EXPECT_EQ(Qt::LeftToolBarArea, frame->toolBarArea(bar("tablesBar")));
+    EXPECT_EQ(QSize(777, 555), frame->size());
+    frame->Action(Command::ID_VIEW_TOOLS_BAR)->trigger();
+    frame->Action(Command::ID_VIEW_STATUS_BAR)->trigger();
+    EXPECT_TRUE(bar("toolsBar")->isVisible());
+    EXPECT_TRUE(frame->statusBar()->isVisible());
+}
+
+TEST_F(MainFrame, ThePromptTakesThePlaceOfTheIdleText) {
+    auto* const idle = frame->findChild<QLabel*>(QStringLiteral("messagePane"));
+    EXPECT_EQ("Hotovo", idle->text().toStdString());
+    EXPECT_TRUE(idle->isVisible());
+    QMenu* const file = frame->menuBar()->actions().front()->menu();
+    file->popup(frame->mapToGlobal(QPoint(0, 0)));
+    file->setActiveAction(frame->Action(Command::ID_APP_EXIT));
+    EXPECT_EQ("Ukončit aplikaci", frame->statusBar()->currentMessage().toStdString());
+    EXPECT_FALSE(idle->isVisible());
+    file->close();
+    frame->statusBar()->clearMessage();
+    EXPECT_TRUE(idle->isVisible());
+}
+
+TEST_F(MainFrame, IndicatorsKeepTheirWidth) {
+    const auto pane = [this](const char* name) { return frame->findChild<QLabel*>(QString::fromLatin1(name)); };
+    auto* const panes = frame->statusBar()->findChild<CStatusPanes*>();
+    panes->Show({true, false, true});
+    EXPECT_EQ("CAP", pane("capsPane")->text().toStdString());
+    EXPECT_EQ("", pane("numPane")->text().toStdString());
+    EXPECT_EQ("SCRL", pane("scrollPane")->text().toStdString());
+    const int width = pane("scrollPane")->width();
+    panes->Show({});
+    QTest::qWait(1);
+    EXPECT_EQ(width, pane("scrollPane")->width());
+}
+
+TEST_F(MainFrame, ADisabledWindowNeitherClosesNorRunsKeys) {
+    frame->setEnabled(false);
+    frame->close();
+    EXPECT_TRUE(frame->isVisible());
+    QTest::keyClick(frame.get(), Qt::Key_Insert);
+    frame->RunCommand(Command::ID_RECORD_ADD);
+    EXPECT_TRUE(View().ran.empty());
+    frame->setEnabled(true);
+    EXPECT_TRUE(frame->close());
+}
+
+} // namespace

@@ -1,0 +1,354 @@
+// The wizards that ask what to import, up to the options that they keep.
+
+#include "core/base/CodePage.h"
+#include "tests/support/MoneyFolder.h"
+#include "tests/support/ScriptedFiles.h"
+#include "tests/support/TdsServer.h"
+#include "tests/windows/support/Driver.h"
+#include "windows/frame/doors/Desktop.h"
+#include "windows/frame/help/HelpKey.h"
+#include "windows/import/AskOverwriteDlg.h"
+#include "windows/import/MoneyWizard.h"
+#include "windows/import/WakWizard.h"
+#include "windows/widgets/HelpDoor.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+Act PressedOn(const char* control, Qt::Key key) {
+    return [=](QWidget& sheet) {
+        Find<QWidget>(sheet, control).setFocus();
+        QTest::keyClick(&Find<QWidget>(sheet, control), key);
+    };
+}
+
+/// The controls that Tab goes through, from the first one to the first again.
+Act ShowsTabOrder(const char* first, const char* names) {
+    return [=](QWidget& sheet) {
+        Find<QWidget>(sheet, first).setFocus();
+        std::string order;
+        do {
+            order += Focus(sheet) + " ";
+            QTest::keyClick(sheet.focusWidget(), Qt::Key_Tab);
+        } while (Focus(sheet) != first && order.size() < 500);
+        EXPECT_EQ(names, order);
+    };
+}
+
+constexpr const char* NothingToImport = "Není vybrán import produktů ani dokladů!";
+
+struct Wizards : testing::Test {
+    ProgramFolder folder;
+    ScriptedMessages messages;
+    ScriptedFiles files;
+
+    Wizards() { SetUpDesktop(); }
+
+    template <class Wizard>
+    static bool Run(Wizard& wizard, std::vector<Act> acts) {
+        Steps steps;
+        steps.Then(InTurn(std::move(acts)));
+        return wizard.Run(nullptr);
+    }
+    template <class Wizard>
+    static void Cancel(std::vector<Act> acts) {
+        acts.push_back(Clicked("cancel"));
+        Wizard wizard;
+        EXPECT_FALSE(Run(wizard, std::move(acts)));
+    }
+    Act IsRefused(const char* button, const char* warning, const char* focus) {
+        return Refused(messages, button, warning, focus);
+    }
+    std::string Settings() const {
+        return DecodeWindows1250(FileBytes(folder.File("kuvel.ini"))).remove(u'\r').toStdString();
+    }
+};
+
+struct MoneyPages : Wizards {
+    MoneyFolder money;
+
+    MoneyPages() {
+        money.Install('d', QStringLiteral("D:\\Data"));
+        for (const char* const agenda : {"1", "2"}) {
+            const QString path = QStringLiteral("d:/Data/Agenda.00%1").arg(QLatin1String(agenda));
+            money.AddAgenda(path, *agenda == '1' ? QStringLiteral("Žofín") : QStringLiteral("Alfa"));
+            money.AddYear(path + QStringLiteral("/Rok.2011"), QStringLiteral("2011"));
+            money.AddYear(path + QStringLiteral("/Rok.2012"), QStringLiteral("2012"));
+        }
+        money.AddAgenda("d:/Jinde/Agenda.1", "Vedle");
+        money.AddYear("d:/Jinde/Agenda.1/Rok.2010", "2010");
+    }
+    std::string Folder(const char* path) const { return money.Path(QString::fromUtf8(path)).toStdString(); }
+    /// The selected years, and the folder shown.
+    Act ShowsYear(const char* years, const char* path) const {
+        return [=, this](QWidget& sheet) {
+            std::string rows;
+            for (const QTreeWidgetItem* item : Find<QTreeWidget>(sheet, "agendaList").selectedItems())
+                rows += item->text(0).toStdString() + "|" + item->text(1).toStdString();
+            EXPECT_EQ(years, rows);
+            EXPECT_EQ(*path == '\0' ? "" : Folder(path), ShownBy(sheet, "yearFolder"));
+        };
+    }
+    static Act ClickedYear(int row, Qt::KeyboardModifiers modifiers = {}) {
+        return [=](QWidget& sheet) {
+            auto& list = Find<QTreeWidget>(sheet, "agendaList");
+            const QRect place = list.visualItemRect(list.topLevelItem(row));
+            QTest::mouseClick(list.viewport(), Qt::LeftButton, modifiers, place.center());
+        };
+    }
+    static Act ShowsYears(const char* years) {
+        return [=](QWidget& sheet) {
+            const auto& list = Find<QTreeWidget>(sheet, "agendaList");
+            QStringList rows = {list.headerItem()->text(0) + u'|' + list.headerItem()->text(1)};
+            for (int row = 0; row < list.topLevelItemCount(); ++row)
+                rows += list.topLevelItem(row)->text(0) + u'|' + list.topLevelItem(row)->text(1);
+            EXPECT_EQ(years, rows.join(u", ").toStdString());
+        };
+    }
+};
+
+TEST_F(MoneyPages, AYearIsChosenFromTheList) {
+    CMoneyWizard wizard;
+    EXPECT_TRUE(
+        Run(wizard, {ShowsTitle("Vyberte účetní rok Money"),
+                     ShowsYears("Název agendy|Rok, Alfa|2011, Alfa|2012, Žofín|2011, Žofín|2012"), ShowsYear("", ""),
+                     ShowsEnabled({"back"}, false), IsRefused("next", "Není vybrána agenda!", "agendaList"),
+                     PressedOn("agendaList", Qt::Key_Down), ShowsYear("Alfa|2011", "d:/Data/Agenda.002/Rok.2011/"),
+                     PressedOn("agendaList", Qt::Key_Down), ShowsYear("Alfa|2012", "d:/Data/Agenda.002/Rok.2012/"),
+                     ClickedYear(1, Qt::ControlModifier), ShowsYear("", ""), ClickedYear(2),
+                     PressedOn("agendaList", Qt::Key_Return), ShowsTitle("Parametry importu"), Clicked("back"),
+                     ShowsYear("Žofín|2011", "d:/Data/Agenda.001/Rok.2011/"), Clicked("next"), Clicked("finish")}));
+    EXPECT_EQ(Folder("d:/Data/Agenda.001/"), wizard.Year().agendaFolder.toStdString());
+    EXPECT_EQ(Folder("d:/Data/Agenda.001/Rok.2011/"), wizard.Year().yearFolder.toStdString());
+}
+
+TEST_F(MoneyPages, AYearIsChosenAsAFolder) {
+    const struct {
+        const char* answer;
+        const char* warning; // %1 is the folder
+        const char* selected;
+        const char* shown;
+    } cases[] = {
+        {"", nullptr, "Alfa|2011", "d:/Data/Agenda.002/Rok.2011/"},
+        {"d:/Jinde/Agenda.1/Rok.2010", nullptr, "Vedle|2010", "d:/Jinde/Agenda.1/Rok.2010/"},
+        {"d:/Data/Agenda.001/Rok.2012", nullptr, "Žofín|2012", "d:/Data/Agenda.001/Rok.2012/"},
+        {"d:/Jinde/Agenda.1/Rok.2010/", nullptr, "Vedle|2010", "d:/Jinde/Agenda.1/Rok.2010/"},
+        {"d:/Jinde/Agenda.1", "Adresář \"%1/\" neobsahuje informace o účetním roce Money!", "Vedle|2010",
+         "d:/Jinde/Agenda.1/Rok.2010/"},
+    };
+    Cancel<CMoneyWizard>(
+        {ClickedYear(0),
+         [&](QWidget& sheet) {
+             for (const auto& row : cases) {
+                 SCOPED_TRACE(row.answer);
+                 const QString answer = *row.answer == '\0' ? QString() : money.Path(QString::fromUtf8(row.answer));
+                 files.answers = {answer};
+                 if (row.warning != nullptr)
+                     messages.Expect(QString::fromUtf8(row.warning).arg(answer), Message::Icon::Warning);
+                 Click(sheet, "browseButton");
+                 EXPECT_EQ(ScriptedFiles::Kind::Folder, files.asked.back().kind);
+                 ShowsYear(row.selected, row.shown)(sheet);
+             }
+         },
+         ShowsYears("Název agendy|Rok, Alfa|2011, Alfa|2012, Žofín|2011, Žofín|2012, Vedle|2010")});
+}
+
+TEST_F(MoneyPages, WithoutAnInstallationTheListIsEmpty) {
+    const MoneyFolder nothing;
+    messages.Expect(QStringLiteral("Na tomto počítači pravděpodobně nejsou nainstalovány MoneyS3."),
+                    Message::Icon::None);
+    Cancel<CMoneyWizard>({IsRefused("next", "Není vybrána agenda!", "agendaList")});
+}
+
+TEST_F(MoneyPages, ParametersAreCheckedAndKept) {
+    const Act open = InTurn({ClickedYear(0), Clicked("next")});
+    const auto enabled = [](bool exportCheck, bool domesticEdit) {
+        return InTurn({ShowsEnabled({"exportCheck"}, exportCheck), ShowsEnabled({"domesticEdit"}, domesticEdit)});
+    };
+    const struct {
+        const char* what;
+        std::vector<Act> acts;
+        const char* settings;
+    } cases[] = {
+        {"untouched",
+         {},
+         "Produkty=1\nVydaje=1\nExistujici zaznamy=1\nNastavovat Export=1\nNeexportni zeme=;Česká "
+         "republika ;ČR\n"},
+        {"no export",
+         {open, enabled(true, true), Clicked("exportCheck"), enabled(true, false), Clicked("askRadio")},
+         "Produkty=1\nVydaje=1\nExistujici zaznamy=2\nNastavovat Export=0\nNeexportni zeme=;Česká republika ;ČR\n"},
+        {"nothing to import, by keys",
+         {open, enabled(true, false), PressedOn("issuesCheck", Qt::Key_Space), enabled(false, false),
+          PressedOn("productsCheck", Qt::Key_Space), IsRefused("finish", NothingToImport, "productsCheck")},
+         "Produkty=0\nVydaje=0\nExistujici zaznamy=2\nNastavovat Export=0\nNeexportni zeme=;Česká republika ;ČR\n"},
+        {"other countries",
+         {open, enabled(false, false), Clicked("issuesCheck"), Clicked("exportCheck"), enabled(true, true),
+          Typed("domesticEdit", "Žižkov;"), Clicked("overwriteRadio")},
+         "Produkty=0\nVydaje=1\nExistujici zaznamy=0\nNastavovat Export=1\nNeexportni zeme=Žižkov;\n"},
+    };
+    for (const auto& row : cases) {
+        SCOPED_TRACE(row.what);
+        Cancel<CMoneyWizard>(row.acts);
+        EXPECT_EQ(std::string("[Import]\n") + row.settings, Settings());
+    }
+}
+
+TEST_F(MoneyPages, KeysGoThroughTheControlsAsTheyAreReadAndF1OpensTheGuide) {
+    std::vector<HelpContext> opened;
+    const HelpDoor before = SetHelpDoor([&](HelpContext context) { opened.push_back(context); });
+    const CHelpKey key(nullptr);
+    CMoneyWizard wizard;
+    Run(wizard,
+        {ShowsTabOrder("agendaList", "agendaList browseButton next cancel "), PressedOn("agendaList", Qt::Key_F1),
+         PressedOn("next", Qt::Key_F1), ClickedYear(0), Clicked("next"),
+         ShowsTabOrder("productsCheck", "productsCheck issuesCheck exportCheck domesticEdit keepRadio back finish "
+                                        "cancel "),
+         PressedOn("keepRadio", Qt::Key_Down), Shows("askRadio", "ano"), Clicked("cancel")});
+    SetHelpDoor(before);
+    EXPECT_EQ(std::vector(2, HelpContext::MoneyImport), opened);
+    EXPECT_EQ(ExistingRecords::Ask, wizard.Options().existing);
+}
+
+struct WakPages : Wizards {
+    WakOptions stored;
+
+    WakPages() {
+        stored.server = "server";
+        stored.database = "wak";
+        EXPECT_TRUE(stored.Write());
+    }
+};
+
+TEST_F(WakPages, TheConnectionIsChecked) {
+    const Act noServer = Typed("serverEdit", " ");
+    const Act noDatabase = Typed("databaseEdit", "");
+    const Act noUser = Typed("userEdit", "  ");
+    const Act windows = Clicked("windowsRadio");
+    const Refusal cases[] = {
+        {"no server", noServer, "Zadejte server!", "serverEdit"},
+        {"no server, but Windows", InTurn({noServer, windows}), "Zadejte server!", "serverEdit"},
+        {"no database", noDatabase, "Zadejte databázi!", "databaseEdit"},
+        {"server before database", InTurn({noDatabase, noServer}), "Zadejte server!", "serverEdit"},
+        {"no user", noUser, "Zadejte uživatele!", "userEdit"},
+    };
+    for (const char* const button : {"next", "testButton"}) {
+        for (const Refusal& row : cases) {
+            SCOPED_TRACE(std::string(row.what) + " " + button);
+            ASSERT_TRUE(stored.Write());
+            Cancel<CWakWizard>({row.spoil, IsRefused(button, row.warning, row.focus)});
+        }
+    }
+    for (const Act& act : {InTurn({noUser, windows}), Typed("passwordEdit", "")}) {
+        ASSERT_TRUE(stored.Write());
+        Cancel<CWakWizard>({ShowsTitle("Připojení k databázi WAK "), act, Clicked("next"),
+                            ShowsTitle("Parametry importu"), ShowsFocus("productsCheck")});
+    }
+}
+
+TEST_F(WakPages, KeysGoThroughTheControlsAndTheLoginIsForTheServersOwnUsers) {
+    const auto hidden = [](QWidget& sheet) {
+        EXPECT_EQ(QLineEdit::Password, Find<QLineEdit>(sheet, "passwordEdit").echoMode());
+    };
+    Cancel<CWakWizard>(
+        {ShowsTabOrder("serverEdit", "serverEdit databaseEdit sqlServerRadio userEdit passwordEdit testButton next "
+                                     "cancel "),
+         hidden, ShowsEnabled({"userEdit", "passwordEdit"}, true), PressedOn("sqlServerRadio", Qt::Key_Right),
+         ShowsEnabled({"userEdit", "passwordEdit"}, false), Clicked("sqlServerRadio"),
+         ShowsEnabled({"userEdit", "passwordEdit"}, true), Clicked("next"),
+         ShowsTabOrder("productsCheck", "productsCheck issuesCheck fromDate toDate keepRadio back finish cancel ")});
+}
+
+TEST_F(WakPages, WhatWasTypedIsKept) {
+    Cancel<CWakWizard>({Typed("serverEdit", "  host,1433 "), Typed("databaseEdit", " data "), Typed("userEdit", " já "),
+                        Typed("passwordEdit", " tajné "), Clicked("next"), Clicked("productsCheck"),
+                        Clicked("askRadio")});
+    WakOptions kept;
+    kept.Read();
+    EXPECT_EQ("host,1433|data|já| tajné ",
+              QStringList({kept.server, kept.database, kept.user, kept.password}).join(u'|').toStdString());
+    EXPECT_TRUE(!kept.products && kept.documents && !kept.windows);
+    EXPECT_EQ(ExistingRecords::Ask, kept.existing);
+    EXPECT_EQ(std::string::npos, Settings().find("tajn"));
+}
+
+TEST_F(WakPages, TheTestButtonConnects) {
+    TdsServer server;
+    server.Start();
+    const QByteArray name = server.Name().toUtf8();
+    messages.Expect(QStringLiteral("Spojení s databází vytvořeno!"), Message::Icon::Information);
+    Cancel<CWakWizard>({Typed("serverEdit", name.constData()), Typed("passwordEdit", "heslo"), Clicked("testButton"),
+                        Typed("passwordEdit", "jiné"), [this](QWidget&) { messages.AcceptAny(); },
+                        Clicked("testButton")});
+    ASSERT_EQ(2U, messages.Shown().size());
+    EXPECT_EQ(Message::Icon::Error, messages.Shown()[1].icon);
+    EXPECT_TRUE(messages.Shown()[1].text.startsWith(
+        QStringLiteral("Nemohu otevřít databázi 'wak' na serveru '%1'").arg(server.Name())));
+    // Each connection is closed again, so that the one after it can be served.
+    EXPECT_EQ((std::vector<std::string>{"SET LOCK_TIMEOUT 1000", "SET TRANSACTION ISOLATION LEVEL READ UNCOMMITTED"}),
+              server.TakeStatements());
+}
+
+TEST_F(WakPages, ParametersAreChecked) {
+    const auto dated = [](int from, int to) {
+        return InTurn({Dated("fromDate", {2012, 2, from}), Dated("toDate", {2012, 2, to})});
+    };
+    const Act noIssues = InTurn({Clicked("issuesCheck"), ShowsEnabled({"fromDate", "toDate"}, false)});
+    const struct {
+        const char* what;
+        Act act;
+        const char* range; // null when only the end counts
+    } cases[] = {
+        {"the previous quarter", InTurn({}), "2012-04-01 00:00:00 2012-06-30 23:59:59"},
+        {"one day", dated(29, 29), "2012-02-29 00:00:00 2012-02-29 23:59:59"},
+        {"the wrong way",
+         InTurn(
+             {dated(29, 28), IsRefused("finish", "Datum od nesmí být větší než datum do!", "fromDate"), dated(28, 29)}),
+         "2012-02-28 00:00:00 2012-02-29 23:59:59"},
+        {"the wrong way, but no issues", InTurn({dated(29, 28), noIssues}), nullptr},
+        {"nothing",
+         InTurn({Clicked("productsCheck"), noIssues, IsRefused("finish", NothingToImport, "productsCheck"),
+                 Clicked("productsCheck")}),
+         nullptr},
+    };
+    for (const auto& row : cases) {
+        SCOPED_TRACE(row.what);
+        ASSERT_TRUE(stored.Write());
+        CWakWizard wizard;
+        EXPECT_TRUE(
+            Run(wizard, {Clicked("next"), ShowsEnabled({"fromDate", "toDate"}, true), row.act, Clicked("finish")}));
+        if (row.range != nullptr) {
+            EXPECT_EQ(row.range, wizard.Range().from.Stored() + " " + wizard.Range().to.Stored());
+        }
+    }
+}
+
+TEST(AskOverwriteDlg, EachButtonAnswers) {
+    using enum IOverwriteDoor::Answer;
+    const struct {
+        Qt::Key key;
+        Qt::KeyboardModifier modifier;
+        IOverwriteDoor::Answer answer;
+    } cases[] = {
+        {Qt::Key_Return, Qt::NoModifier, Yes}, {Qt::Key_A, Qt::AltModifier, Yes},
+        {Qt::Key_N, Qt::AltModifier, No},      {Qt::Key_V, Qt::AltModifier, YesToAll},
+        {Qt::Key_M, Qt::AltModifier, NoToAll}, {Qt::Key_Escape, Qt::NoModifier, No},
+    };
+    const char* const question = "Produkt \"<b>, kat.č. &x\" byl již z Money importován.";
+    for (const auto& row : cases) {
+        Steps steps;
+        steps.Then([&](QWidget& window) {
+            EXPECT_EQ("Kuvel", window.windowTitle().toStdString());
+            EXPECT_EQ(question, Find<QLabel>(window, "questionLabel").text().toStdString());
+            EXPECT_TRUE(Find<QPushButton>(window, "yesButton").isDefault());
+            EXPECT_EQ("&Ano|&Ne|Ano &všem|Ne vše&m", ShownBy(window, "yesButton") + "|" + ShownBy(window, "noButton") +
+                                                         "|" + ShownBy(window, "yesToAllButton") + "|" +
+                                                         ShownBy(window, "noToAllButton"));
+            QTest::keyClick(&window, row.key, row.modifier);
+            EXPECT_TRUE(QTest::qWaitFor([&] { return !window.isVisible(); }, 2000));
+        });
+        EXPECT_EQ(row.answer, CAskOverwriteDlg(QString::fromUtf8(question), nullptr).Ask()) << row.key;
+    }
+}
+
+} // namespace

@@ -1,0 +1,54 @@
+#include "windows/frame/KuvelApp.h"
+
+#include "core/base/AppDir.h"
+#include "core/base/Messages.h"
+#include "core/rules/Propagation.h"
+#include "core/store/DataStore.h"
+#include "windows/frame/FrameCommands.h"
+#include "windows/frame/KuvelDoc.h"
+#include "windows/frame/MainFrame.h"
+#include "windows/frame/doors/ProgressDoor.h"
+
+#include <QCoreApplication>
+
+CKuvelApp::CKuvelApp() = default;
+CKuvelApp::~CKuvelApp() = default;
+
+bool CKuvelApp::InitInstance() {
+    m_instance = std::make_unique<CSingleInstance>();
+    if (!m_instance->Acquire(DefaultAppDir())) {
+        m_instance.reset();
+        m_initResult = 0;
+        return false;
+    }
+    if (!initOle()) {
+        ShowMessage(QStringLiteral("Nelze inicializovat OLE!\n\nProgam bude ukončen"), Message::Icon::Error);
+        return false;
+    }
+    SetAppDir(DefaultAppDir());
+    g_options = ReadPropagationOptions();
+    if (!g_dataStore.OpenDatabase())
+        return false;
+    QCoreApplication::setOrganizationName(QStringLiteral("Pelrond"));
+    CreateFrame();
+    m_frame->show();
+    m_initResult = 0;
+    return true;
+}
+
+void CKuvelApp::CreateFrame() {
+    m_document = std::make_unique<CKuvelDoc>(g_dataStore);
+    m_frame = std::make_unique<CMainFrame>(*m_document);
+    m_progress = std::make_unique<CProgressDoor>(*m_frame);
+    InstallFrameCommands(*m_frame, *m_progress);
+    m_instance->OnAnotherStart([this] { m_frame->BringForward(); });
+    QObject::connect(m_frame.get(), &CMainFrame::Closed, qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+}
+
+void CKuvelApp::ExitInstance() {
+    // The registers hold recordsets until their window is gone.
+    m_frame.reset();
+    WritePropagationOptions(g_options);
+    g_dataStore.CompactDatabase();
+    g_dataStore.CloseDatabase();
+}

@@ -1,0 +1,26 @@
+#include "windows/frame/OptionsDlg.h"
+
+#include "core/rules/Propagation.h"
+#include "ui_OptionsDlg.h"
+
+COptionsDlg::COptionsDlg(PropagationOptions& options, QWidget* parent)
+    : QDialog(parent), m_ui(std::make_unique<Ui::OptionsDlg>()), m_options(options) {
+    m_ui->setupUi(this);
+    setWindowTitle(QStringLiteral("Možnosti "));
+    m_ui->coversToCompositesCheck->setChecked(options.coversToComposites != 0);
+    m_ui->coversToPackagingCheck->setChecked(options.coversToPackaging != 0);
+    m_ui->coversToIssuesCheck->setChecked(options.coversToIssues != 0);
+    m_ui->packagingToIssuesCheck->setChecked(options.packagingToIssues != 0);
+    connect(m_ui->okButton, &QPushButton::clicked, this, &QDialog::accept);
+    connect(m_ui->cancelButton, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+COptionsDlg::~COptionsDlg() = default;
+
+void COptionsDlg::accept() {
+    m_options.coversToComposites = m_ui->coversToCompositesCheck->isChecked();
+    m_options.coversToPackaging = m_ui->coversToPackagingCheck->isChecked();
+    m_options.coversToIssues = m_ui->coversToIssuesCheck->isChecked();
+    m_options.packagingToIssues = m_ui->packagingToIssuesCheck->isChecked();
+    QDialog::accept();
+}

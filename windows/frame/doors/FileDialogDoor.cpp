@@ -1,0 +1,47 @@
+#include "windows/frame/doors/FileDialogDoor.h"
+
+#include "windows/frame/doors/ActiveWindow.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+
+namespace {
+
+QString Ask(const IFileDoor::Request& request, QFileDialog::AcceptMode mode, QFileDialog::FileMode fileMode) {
+    QFileDialog dialog(ActiveWindow(), request.title);
+    dialog.setObjectName(QStringLiteral("fileDialog"));
+    dialog.setAcceptMode(mode);
+    dialog.setFileMode(fileMode);
+    dialog.setOption(QFileDialog::ShowDirsOnly, fileMode == QFileDialog::Directory);
+    // Whoever writes the file asks before it is overwritten.
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    if (!request.filter.isEmpty())
+        dialog.setNameFilter(request.filter);
+    dialog.setDefaultSuffix(request.defaultExtension);
+    const QFileInfo path(request.path);
+    if (path.isDir()) {
+        dialog.setDirectory(path.absoluteFilePath());
+    } else if (!request.path.isEmpty()) {
+        if (path.dir().exists())
+            dialog.setDirectory(path.absolutePath());
+        dialog.selectFile(path.fileName());
+    }
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return {};
+    return QDir::toNativeSeparators(dialog.selectedFiles().constFirst());
+}
+
+} // namespace
+
+QString CFileDialogDoor::OpenFile(const Request& request) {
+    return Ask(request, QFileDialog::AcceptOpen, QFileDialog::ExistingFile);
+}
+
+QString CFileDialogDoor::SaveFile(const Request& request) {
+    return Ask(request, QFileDialog::AcceptSave, QFileDialog::AnyFile);
+}
+
+QString CFileDialogDoor::ChooseFolder(const Request& request) {
+    return Ask(request, QFileDialog::AcceptOpen, QFileDialog::Directory);
+}

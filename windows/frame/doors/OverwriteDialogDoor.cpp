@@ -1,0 +1,8 @@
+#include "windows/frame/doors/OverwriteDialogDoor.h"
+
+#include "windows/frame/doors/ActiveWindow.h"
+#include "windows/import/AskOverwriteDlg.h"
+
+IOverwriteDoor::Answer COverwriteDialogDoor::Ask(const QString& question) {
+    return CAskOverwriteDlg(question, ActiveWindow()).Ask();
+}

@@ -1,0 +1,90 @@
+#include "windows/frame/help/HelpBrowser.h"
+
+#include <QTextBlock>
+#include <QTextDocument>
+
+#include <algorithm>
+
+static constexpr int NarrowestPicture = 100;
+
+QString FoldedForSearch(const QString& text) {
+    QString folded = text;
+    for (QChar& letter : folded) {
+        const QString parts = letter.decomposition();
+        letter = (parts.isEmpty() ? letter : parts.front()).toLower();
+    }
+    return folded;
+}
+
+CHelpBrowser::CHelpBrowser(QWidget* parent) : QTextBrowser(parent) {
+    document()->setDocumentMargin(14);
+}
+
+void CHelpBrowser::doSetSource(const QUrl& url, QTextDocument::ResourceType type) {
+    setExtraSelections({});
+    QTextBrowser::doSetSource(url, type);
+    FitPictures();
+    // The anchor was looked up before the pictures had their size.
+    if (url.hasFragment())
+        scrollToAnchor(url.fragment());
+}
+
+void CHelpBrowser::FitPictures() {
+    const int room = viewport()->width() - 2 * static_cast<int>(document()->documentMargin());
+    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next())
+        for (auto piece = block.begin(); !piece.atEnd(); ++piece)
+            if (piece.fragment().charFormat().isImageFormat()) {
+                FitPicture(piece.fragment(), std::max(room, NarrowestPicture));
+                break; // the fragments may have changed; a picture stands in a paragraph of its own
+            }
+}
+
+void CHelpBrowser::FitPicture(const QTextFragment& fragment, int room) {
+    QTextImageFormat format = fragment.charFormat().toImageFormat();
+    const QUrl address = source().resolved(QUrl(format.name()));
+    QImage picture(QLatin1Char(':') + address.path());
+    const int width = std::min(picture.width(), room);
+    if (picture.isNull() || format.width() == width)
+        return;
+    if (width < picture.width())
+        picture = picture.scaledToWidth(width, Qt::SmoothTransformation);
+    document()->addResource(QTextDocument::ImageResource, address, picture);
+    format.setWidth(width);
+    QTextCursor cursor(document());
+    cursor.setPosition(fragment.position());
+    cursor.setPosition(fragment.position() + fragment.length(), QTextCursor::KeepAnchor);
+    cursor.setCharFormat(format);
+}
+
+void CHelpBrowser::Mark(const QString& text) {
+    QList<ExtraSelection> places;
+    const QString sought = FoldedForSearch(text);
+    const QString page = FoldedForSearch(document()->toRawText());
+    for (qsizetype at = sought.isEmpty() ? -1 : page.indexOf(sought); at >= 0; at = page.indexOf(sought, at + 1)) {
+        ExtraSelection place;
+        place.cursor = QTextCursor(document());
+        place.cursor.setPosition(static_cast<int>(at));
+        place.cursor.setPosition(static_cast<int>(at + sought.size()), QTextCursor::KeepAnchor);
+        place.format.setBackground(palette().highlight());
+        place.format.setForeground(palette().highlightedText());
+        places.append(place);
+    }
+    setExtraSelections(places);
+    if (places.isEmpty())
+        return;
+    QTextCursor first = places.front().cursor;
+    first.setPosition(first.anchor());
+    setTextCursor(first);
+}
+
+void CHelpBrowser::resizeEvent(QResizeEvent* event) {
+    QTextBrowser::resizeEvent(event);
+    FitPictures();
+}
+
+/// The style sheet names the colours of the palette, which are looked up when a page is read.
+void CHelpBrowser::changeEvent(QEvent* event) {
+    QTextBrowser::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && !source().isEmpty())
+        reload();
+}

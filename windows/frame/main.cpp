@@ -1,0 +1,24 @@
+#include "windows/frame/KuvelApp.h"
+#include "windows/frame/doors/Desktop.h"
+#include "windows/frame/doors/FileDialogDoor.h"
+#include "windows/frame/doors/MessageBoxDoor.h"
+
+#include <QApplication>
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    SetUpDesktop();
+    CMessageBoxDoor messages;
+    SetMessageDoor(&messages);
+    CFileDialogDoor files;
+    SetFileDoor(&files);
+
+    CKuvelApp theApp;
+    if (!theApp.InitInstance())
+        return theApp.InitResult();
+    const int result = QApplication::exec();
+    theApp.ExitInstance();
+    SetMessageDoor(nullptr);
+    SetFileDoor(nullptr);
+    return result;
+}

@@ -1,0 +1,333 @@
+#include "windows/registers/ListRegisterView.h"
+
+#include "core/base/SqlText.h"
+#include "core/store/DataStore.h"
+#include "windows/registers/find/FindInList.h"
+#include "windows/registers/find/FindReplaceDlg.h"
+#include "windows/widgets/Guarded.h"
+#include "windows/widgets/IconButton.h"
+#include "windows/widgets/RegisterTexts.h"
+#include "windows/widgets/SplitterBar.h"
+#include "windows/widgets/TitleBand.h"
+#include "windows/widgets/WaitCursor.h"
+#include "windows/widgets/commands/CommandTexts.h"
+
+#include <QMenu>
+#include <QShowEvent>
+
+#include <array>
+
+namespace {
+
+constexpr int DetailSideWidth = 240;
+constexpr int SplitterWidth = 5;
+
+struct ButtonSpec {
+    Command command;
+    const char* icon;
+};
+
+/// The row of buttons above each list, by the list's level.
+const std::array<std::vector<ButtonSpec>, 3> Buttons = {{
+    {{Command::ID_RECORD_ADD, "add"},
+     {Command::ID_RECORD_EDIT, "edit"},
+     {Command::ID_RECORD_DELETE, "delete"},
+     {Command::ID_RECORD_FILTER, "filter"}},
+    {{Command::ID_DETAIL_ADD, "add"}, {Command::ID_DETAIL_EDIT, "edit"}, {Command::ID_DETAIL_DELETE, "delete"}},
+    {{Command::ID_SUBDETAIL_ADD, "add"},
+     {Command::ID_SUBDETAIL_EDIT, "edit"},
+     {Command::ID_SUBDETAIL_DELETE, "delete"}},
+}};
+
+constexpr Command EditCommands[] = {Command::ID_RECORD_EDIT, Command::ID_DETAIL_EDIT, Command::ID_SUBDETAIL_EDIT};
+
+void EnableGroup(const ListGroup& group, bool enabled) {
+    for (CIconButton* button : group.buttons)
+        button->setEnabled(enabled);
+    if (group.list != nullptr)
+        group.list->setEnabled(enabled);
+}
+
+} // namespace
+
+void RemoveVanishedRow(RecordList& list, int row) {
+    ShowMessage(QString::fromUtf8(Text::RecordVanished), Message::Icon::Information);
+    list.RemoveRow(row);
+}
+
+ListRegisterView::ListRegisterView(CDataStore& store, IBroadcaster& broadcaster, RegisterSpec spec, QWidget* parent)
+    : CRegisterView(store, broadcaster, parent), m_spec(std::move(spec)) {
+    MakeGroup(m_layout.master, m_spec.master, m_spec.masterTitle, 0);
+    if (m_spec.detail) {
+        m_layout.splitter = new CSplitterBar(this);
+        connect(m_layout.splitter, &CSplitterBar::moved, this, [this] { Arrange(); });
+        MakeGroup(m_layout.detail, *m_spec.detail, m_spec.detailTitle, 1);
+    }
+    if (m_spec.subdetail)
+        MakeGroup(m_layout.subdetail, *m_spec.subdetail, m_spec.subdetailTitle, 2);
+    connect(&Master(), &RecordList::rowsSelected, this, &ListRegisterView::OnMasterSelection);
+    if (m_spec.detail)
+        connect(&Detail(), &RecordList::rowsSelected, this, [this] { FillSubdetail(); });
+    On(Command::ID_RECORD_REFRESH, [this] { FillMaster(); });
+    On(Command::ID_RECORD_DELETE, [this] { DeleteMaster(); });
+    On(Command::ID_RECORD_FIND, [this] { OpenFind(FindMode::FindNext); });
+    On(Command::ID_RECORD_REPLACE, [this] { OpenFind(FindMode::Replace); });
+    setFocusProxy(&Master());
+}
+
+void ListRegisterView::MakeGroup(ListGroup& group, const ListSpec& spec, const char* title, int level) {
+    for (const ButtonSpec& each : Buttons[static_cast<std::size_t>(level)]) {
+        auto* button = new CIconButton(RegisterIcon(QString::fromLatin1(each.icon)), this);
+        button->setObjectName(QStringLiteral("button%1").arg(static_cast<int>(each.command)));
+        button->setToolTip(CommandToolTip(each.command));
+        button->setAccessibleName(CommandToolTip(each.command).trimmed());
+        connect(button, &QPushButton::clicked, this, [this, command = each.command] { Run(command); });
+        group.buttons.append(button);
+        m_buttons[each.command] = button;
+    }
+    if (title != nullptr)
+        group.title = new CTitleBand(QString::fromUtf8(title), this);
+    group.list = new RecordList(Store(), spec, this);
+    group.list->setAccessibleName(QString::fromUtf8(title != nullptr ? title : m_spec.detailTitle));
+    connect(group.list, &RecordList::sortChanged, this, [this, level] { RefillLevel(level); });
+    connect(group.list, &RecordList::rowDoubleClicked, this, [this, level] { Run(EditCommands[level]); });
+    connect(group.list, &RecordList::menuWanted, this,
+            [this, level](const QPoint& screen, bool onRow) { ShowMenu(level, screen, onRow); });
+}
+
+void ListRegisterView::InitialUpdate() {
+    FillMaster();
+}
+
+bool ListRegisterView::Handles(Command command) const {
+    return m_handlers.contains(command);
+}
+
+void ListRegisterView::Run(Command command) {
+    const auto handler = m_handlers.find(command);
+    if (handler != m_handlers.end())
+        handler->second();
+}
+
+void ListRegisterView::Receive(ViewMessage message) {
+    if (message == ViewMessage::Refresh)
+        FillMaster();
+}
+
+std::vector<std::string> ListRegisterView::FindFields() const {
+    return {m_spec.findFields.begin(), m_spec.findFields.end()};
+}
+
+void ListRegisterView::FindReplace(const FindRequest& request) {
+    Guarded([&] { CarryOut(request, Store(), Master()); });
+}
+
+void ListRegisterView::OpenFind(FindMode mode) {
+    const RecordList& sorted = m_spec.findFirstLevel == 0 ? Master() : Subdetail();
+    const auto column = static_cast<std::size_t>(sorted.SortColumn());
+    const char* first = column < m_spec.findFirst.size() ? m_spec.findFirst[column] : nullptr;
+    CFindReplaceDlg::Open(*this, first != nullptr ? first : "", mode);
+}
+
+void ListRegisterView::EnableDetails() {
+    EnableGroup(m_layout.detail, DetailsAllowed());
+    EnableGroup(m_layout.subdetail, DetailsAllowed());
+}
+
+std::int32_t ListRegisterView::SingleMasterId() const {
+    return Master().SelectedCount() == 1 ? Master().SelectedId() : RecordList::NoId;
+}
+
+void ListRegisterView::AddTitleButton(CIconButton* button) {
+    m_layout.detail.titleButton = button;
+}
+
+bool ListRegisterView::FillMaster(std::int32_t id) {
+    const WaitCursor wait;
+    const bool filled = Master().FillKeeping(MasterSql(), id);
+    EnableDetails();
+    FillDetail();
+    return filled;
+}
+
+void ListRegisterView::FillDetail(std::int32_t id) {
+    if (!m_spec.detail)
+        return;
+    const std::int32_t parent = SingleMasterId();
+    Detail().Fill(parent == RecordList::NoId ? std::string() : DetailSql(parent), id);
+    FillSubdetail();
+}
+
+void ListRegisterView::FillSubdetail(std::int32_t id) {
+    if (m_spec.subdetail)
+        Subdetail().Fill(SubdetailSql(), id);
+}
+
+void ListRegisterView::RefillLevel(int level) {
+    if (level == 0)
+        FillMaster();
+    else if (level == 1)
+        FillDetail();
+    else
+        FillSubdetail();
+}
+
+void ListRegisterView::OnMasterSelection() {
+    EnableDetails();
+    if (m_spec.detail &&
+        (Master().SelectedCount() == 1 || Detail().RowCount() > 0 || (m_spec.subdetail && Subdetail().RowCount() > 0)))
+        FillDetail();
+}
+
+void ListRegisterView::ShowMenu(int level, const QPoint& screen, bool onRow) {
+    constexpr ContextMenu DetailMenus[] = {ContextMenu::Rec2, ContextMenu::Rec3};
+    const bool hasParent = level == 0 || (level == 1 ? Master() : Detail()).SelectedRow() >= 0;
+    QMenu* menu = MakeContextMenu(
+        level == 0 ? m_spec.masterMenu : DetailMenus[level - 1], {onRow, hasParent},
+        [this](Command command) { return Handles(command); }, [this](Command command) { Run(command); }, this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->popup(screen);
+}
+
+bool ListRegisterView::LocateMaster(int row, std::int32_t id) {
+    const RecordsetPtr& records = Master().Records();
+    CDataStore::FindFirst(records, SqlText("%s = %li", m_spec.master.keyField, id));
+    if (!records->get_EOF())
+        return true;
+    RemoveVanishedRow(Master(), row);
+    return false;
+}
+
+void ListRegisterView::AddToMaster(const Write& write, const std::function<void(std::int32_t)>& after) {
+    std::int32_t id = KeepSelection;
+    const bool added = Guarded([&] {
+        CRecordset& records = *Master().Records();
+        records.AddNew();
+        write(records);
+        records.Update();
+        id = records.Long(m_spec.master.keyField);
+    });
+    FillMaster(id);
+    if (added && after)
+        Guarded([&] { after(id); });
+}
+
+void ListRegisterView::EditMaster(const Ask& ask, const Write& write, const std::function<void(std::int32_t)>& after) {
+    const int row = Master().FocusedRow();
+    if (row < 0) {
+        ShowWarning(QString::fromUtf8(m_spec.nothingSelected));
+        return;
+    }
+    bool writing = false;
+    Guarded([&] {
+        const std::int32_t id = Master().Id(row);
+        if (!LocateMaster(row, id) || !ask(*Master().Records()) || !LocateMaster(row, id))
+            return;
+        writing = true;
+        CRecordset& record = *Master().Records();
+        write(record);
+        record.Update();
+        if (after)
+            after(id);
+    });
+    if (writing)
+        FillMaster();
+}
+
+void ListRegisterView::DeleteMaster() {
+    const std::vector<int> rows = Master().SelectedRows();
+    if (rows.empty()) {
+        ShowWarning(QString::fromUtf8(m_spec.nothingSelected));
+        return;
+    }
+    if (!AskYesNo(QString::fromUtf8(m_spec.deleteQuestion)))
+        return;
+    const WaitCursor wait;
+    Guarded([&] {
+        Store().ExecuteSQL("DELETE FROM TmpID");
+        const RecordsetPtr ids = Store().Table("TmpID");
+        CCommitGroup group(Store());
+        for (const int row : rows) {
+            if (row >= Master().RowCount())
+                break;
+            ids->AddNew();
+            ids->put_Collect("id", Master().Id(row));
+            ids->Update();
+            group.RecordDone();
+        }
+        group.Finish();
+        ids->Close();
+        for (const char* statement : m_spec.deleteStatements)
+            Store().ExecuteSQL(statement);
+    });
+    FillMaster();
+}
+
+void ListRegisterView::EditFilter(const std::function<bool()>& ask) {
+    if (ask())
+        FillMaster();
+    Button(Command::ID_RECORD_FILTER).SetLatched(FilterActive());
+}
+
+bool ListRegisterView::EditDetailRow(RecordList& list, const DetailTexts& texts, const Ask& ask, const Write& write) {
+    if (!list.isEnabled())
+        return false;
+    const int row = list.SelectedRow();
+    if (row < 0) {
+        ShowWarning(QString::fromUtf8(texts.nothingSelected));
+        return false;
+    }
+    bool written = false;
+    Guarded([&] {
+        const RecordsetPtr record = Store().Query(SqlText(texts.select, list.Id(row)));
+        const auto stillThere = [&] {
+            if (record->get_RecordCount() > 0)
+                return true;
+            RemoveVanishedRow(list, row);
+            return false;
+        };
+        if (!stillThere() || !ask(*record))
+            return;
+        record->Requery();
+        if (!stillThere())
+            return;
+        write(*record);
+        record->Update();
+        written = true;
+    });
+    return written;
+}
+
+bool ListRegisterView::DeleteDetailRow(RecordList& list, const DetailTexts& texts) {
+    if (!list.isEnabled())
+        return false;
+    const int row = list.SelectedRow();
+    if (row < 0) {
+        ShowWarning(QString::fromUtf8(texts.nothingSelected));
+        return false;
+    }
+    if (!AskYesNo(MessageText(texts.question, list.CellText(row, 0))))
+        return false;
+    const bool deleted = Guarded([&] {
+        for (const char* statement : texts.deletions)
+            Store().ExecuteSQL(SqlText(statement, list.Id(row)));
+    });
+    if (deleted)
+        list.RemoveRow(row);
+    return deleted;
+}
+
+void ListRegisterView::resizeEvent(QResizeEvent* event) {
+    CRegisterView::resizeEvent(event);
+    if (m_splitterPlaced || m_layout.splitter == nullptr)
+        Arrange();
+}
+
+void ListRegisterView::showEvent(QShowEvent* event) {
+    CRegisterView::showEvent(event);
+    if (m_splitterPlaced || m_layout.splitter == nullptr)
+        return;
+    m_splitterPlaced = true;
+    m_layout.splitter->setGeometry(window()->width() - DetailSideWidth, 0, SplitterWidth, height());
+    Arrange();
+}

@@ -1,0 +1,132 @@
+#pragma once
+
+#include "windows/registers/RegisterLayout.h"
+#include "windows/registers/RegisterView.h"
+#include "windows/widgets/commands/ContextMenus.h"
+#include "windows/widgets/lists/RecordList.h"
+
+#include <map>
+#include <optional>
+
+/// What a register is made of. Texts are UTF-8; the delete statements take their rows "IN (SELECT id FROM TmpID)".
+struct RegisterSpec {
+    ListSpec master;
+    const char* masterTitle = "";
+    ContextMenu masterMenu = ContextMenu::RecMain;
+    std::optional<ListSpec> detail;
+    const char* detailTitle = "";
+    std::optional<ListSpec> subdetail;
+    /// Null for a third list without a title.
+    const char* subdetailTitle = nullptr;
+
+    /// The fields that can be searched in the master list.
+    std::vector<const char*> findFields;
+    /// The field that a search begins with, by the column that a list is sorted by; null, or none, for no field.
+    std::vector<const char*> findFirst;
+    /// Which list that is: 0 the master list, 2 the third.
+    int findFirstLevel = 0;
+
+    /// Edit or delete without a master row.
+    const char* nothingSelected = "";
+    const char* deleteQuestion = "";
+    std::vector<const char*> deleteStatements;
+};
+
+/// What all registers share: a master list and up to two detail lists, each showing the children of the row that is
+/// selected in the list before it; the commands on them; and the order of questions, checks and statements of each
+/// command. A register gives its lists, its SQL and its dialogs.
+///
+/// Every operation shows the errors of the store itself and leaves written what was written before; after an error in
+/// the middle of writing the list is filled again.
+class ListRegisterView : public CRegisterView {
+    Q_OBJECT
+
+public:
+    void InitialUpdate() override;
+    bool Handles(Command command) const override;
+    void Run(Command command) override;
+    /// Refresh. Registers that know more messages extend it.
+    void Receive(ViewMessage message) override;
+    std::vector<std::string> FindFields() const override;
+    void FindReplace(const FindRequest& request) override;
+
+protected:
+    static constexpr std::int32_t KeepSelection = RecordList::KeepSelection;
+
+    ListRegisterView(CDataStore& store, IBroadcaster& broadcaster, RegisterSpec spec, QWidget* parent);
+
+    /// Makes the command one that this register handles.
+    void On(Command command, std::function<void()> handler) { m_handlers[command] = std::move(handler); }
+
+    // The queries of the lists, without their order where the header is clickable. An empty text leaves a detail list
+    // empty; the second list is filled for exactly one selected master row.
+    virtual std::string MasterSql() const = 0;
+    virtual std::string DetailSql(std::int32_t) const { return {}; }
+    virtual std::string SubdetailSql() const { return {}; }
+    virtual bool FilterActive() const = 0;
+    /// On every change of the master selection: the detail side works while fewer than two master rows are selected.
+    virtual void EnableDetails();
+    bool DetailsAllowed() const { return Master().SelectedCount() < 2; }
+
+    RecordList& Master() const { return *m_layout.master.list; }
+    RecordList& Detail() const { return *m_layout.detail.list; }
+    RecordList& Subdetail() const { return *m_layout.subdetail.list; }
+    CIconButton& Button(Command command) const { return *m_buttons.at(command); }
+    /// The selected master row when there is exactly one; `RecordList::NoId` otherwise.
+    std::int32_t SingleMasterId() const;
+    /// Puts a button at the right end of the second list's title.
+    void AddTitleButton(CIconButton* button);
+    void Arrange() { m_layout.Arrange(size()); }
+
+    /// Fills the list and those below it.
+    bool FillMaster(std::int32_t id = KeepSelection);
+    void FillDetail(std::int32_t id = KeepSelection);
+    void FillSubdetail(std::int32_t id = KeepSelection);
+
+    /// One dialog on a record: fills the dialog from it and shows it; true for OK. No edit when it says false.
+    using Ask = std::function<bool(CRecordset& record)>;
+    using Write = std::function<void(CRecordset& record)>;
+
+    /// Adds a record through the master's recordset and fills the list selecting it. `after`, with the new id, comes
+    /// after the fill.
+    void AddToMaster(const Write& write, const std::function<void(std::int32_t id)>& after = {});
+    /// The focused row: located, shown, located again, written, then `after` and the fill.
+    void EditMaster(const Ask& ask, const Write& write, const std::function<void(std::int32_t id)>& after = {});
+    void DeleteMaster();
+    /// Opens the dialog on a copy; `ask` copies the criteria back and answers true for OK.
+    void EditFilter(const std::function<bool()>& ask);
+
+    struct DetailTexts {
+        const char* nothingSelected;
+        const char* select;   // "SELECT * FROM … WHERE (… = %li)"
+        const char* question; // with the place of the first column's text
+        std::vector<const char*> deletions;
+    };
+    /// The selected row of a detail list, read by its own query; true when it was written. Nothing happens while the
+    /// list is disabled.
+    bool EditDetailRow(RecordList& list, const DetailTexts& texts, const Ask& ask, const Write& write);
+    /// True when the row was deleted.
+    bool DeleteDetailRow(RecordList& list, const DetailTexts& texts);
+
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+private:
+    void MakeGroup(ListGroup& group, const ListSpec& spec, const char* title, int level);
+    void OnMasterSelection();
+    void ShowMenu(int level, const QPoint& screen, bool onRow);
+    void RefillLevel(int level);
+    void OpenFind(FindMode mode);
+    /// The row's record as the current one of the master's recordset; otherwise tells that it vanished and takes the
+    /// row out of the list.
+    bool LocateMaster(int row, std::int32_t id);
+
+    RegisterSpec m_spec;
+    RegisterLayout m_layout;
+    std::map<Command, CIconButton*> m_buttons;
+    std::map<Command, std::function<void()>> m_handlers;
+    bool m_splitterPlaced = false;
+};
+
+/// Tells that the record is gone and takes its row out of the list.
+void RemoveVanishedRow(RecordList& list, int row);

@@ -1,0 +1,200 @@
+#include "windows/registers/composites/CompCoverDlg.h"
+
+#include "core/base/SqlText.h"
+#include "core/rules/ScratchItems.h"
+#include "core/store/DataStore.h"
+#include "ui_CompCoverDlg.h"
+#include "windows/registers/ListRegisterView.h"
+#include "windows/registers/packaging/PageCover.h"
+#include "windows/registers/packaging/PageCoverProd.h"
+#include "windows/widgets/Guarded.h"
+#include "windows/widgets/HelpDoor.h"
+#include "windows/widgets/IconButton.h"
+#include "windows/widgets/Refuse.h"
+#include "windows/widgets/RegisterTexts.h"
+#include "windows/widgets/commands/CommandTexts.h"
+#include "windows/widgets/commands/ContextMenus.h"
+#include "windows/widgets/lists/RecordList.h"
+
+#include <QMenu>
+#include <QShortcut>
+
+namespace {
+
+constexpr const char* ItemsSql =
+    "SELECT TmpCover_Item.*, Cover.cover_name, cp_qtycover*cover_weight AS totWeight FROM TmpCover_Item INNER JOIN "
+    "Cover ON TmpCover_Item.cover_id = Cover.cover_id ORDER BY Cover.cover_name";
+
+ListSpec Items() {
+    ListSpec spec;
+    spec.objectName = QStringLiteral("items");
+    spec.columns = {{QStringLiteral("Název"), Field("cover_name")},
+                    {QStringLiteral("Hmotnost [kg]"), Field("totWeight")},
+                    {QStringLiteral("Počet výr."), Field("cp_qtyprod")},
+                    {QStringLiteral("Použít od"), UsedQuantity("cp_usefrom")},
+                    {QStringLiteral("Použít do"), UsedQuantity("cp_useto")},
+                    {QStringLiteral("Typ"), Code("cover_type", CodeList::CoverType)},
+                    {QStringLiteral("Původ"), Code("cover_org", CodeList::CoverOrigin)},
+                    {QStringLiteral("Platba"), Code("cover_pay", CodeList::CoverPayment)}};
+    spec.keyField = "ti_id";
+    spec.clickableHeader = false;
+    return spec;
+}
+
+} // namespace
+
+CCompCoverDlg::CCompCoverDlg(CDataStore& store, std::int32_t compositeId, const QString& name, const QString& note,
+                             QWidget* parent)
+    : QDialog(parent), m_store(store), m_ui(new Ui::CompCoverDlg), m_items(new RecordList(store, Items(), this)) {
+    m_ui->setupUi(this);
+    m_ui->itemPlace->addWidget(m_items);
+    m_items->setMinimumSize(560, 220);
+    m_items->setAccessibleName(QStringLiteral("Složení"));
+    m_ui->label_items->setBuddy(m_items);
+    AddButtons();
+    AddShortcuts();
+    m_ui->name->setText(name);
+    m_ui->note->setText(note);
+    m_ui->name->setFocus();
+    m_ui->name->selectAll();
+    connect(m_items, &RecordList::rowDoubleClicked, this, &CCompCoverDlg::EditItem);
+    connect(m_items, &RecordList::menuWanted, this, &CCompCoverDlg::ShowMenu);
+    connect(m_ui->ok, &QPushButton::clicked, this, &CCompCoverDlg::accept);
+    connect(m_ui->cancel, &QPushButton::clicked, this, &QDialog::reject);
+    connect(m_ui->help, &QPushButton::clicked, this, [] { OpenHelp(HelpContext::CompositeCover); });
+
+    Guarded([&] { ScratchItems::Load(m_store, compositeId); });
+    Fill(RecordList::NoId);
+}
+
+CCompCoverDlg::~CCompCoverDlg() = default;
+
+void CCompCoverDlg::AddButtons() {
+    const struct {
+        Command command;
+        const char* icon;
+    } buttons[] = {
+        {Command::ID_RECORD_ADD, "add"}, {Command::ID_RECORD_EDIT, "edit"}, {Command::ID_RECORD_DELETE, "delete"}};
+    QWidget* before = m_ui->note;
+    for (int i = 0; i < 3; ++i) {
+        const Command command = buttons[i].command;
+        auto* button = new CIconButton(RegisterIcon(QString::fromLatin1(buttons[i].icon)), this);
+        button->setObjectName(QStringLiteral("button%1").arg(static_cast<int>(command)));
+        button->setToolTip(CommandToolTip(command));
+        button->setAccessibleName(CommandToolTip(command));
+        connect(button, &QPushButton::clicked, this, [this, command] { Run(command); });
+        m_ui->itemButtons->insertWidget(i, button);
+        setTabOrder(before, button);
+        before = button;
+    }
+    setTabOrder(before, m_items);
+    setTabOrder(m_items, m_ui->ok);
+}
+
+/// The keys of the menu, while the list has the focus. Enter stays the default button's.
+void CCompCoverDlg::AddShortcuts() {
+    const auto add = [this](Qt::Key key, Command command) {
+        auto* shortcut = new QShortcut(QKeySequence(key), m_items);
+        shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+        connect(shortcut, &QShortcut::activated, this, [this, command] { Run(command); });
+    };
+    add(Qt::Key_Insert, Command::ID_RECORD_ADD);
+    add(Qt::Key_Delete, Command::ID_RECORD_DELETE);
+}
+
+void CCompCoverDlg::Fill(std::int32_t id) {
+    m_items->Fill(ItemsSql, id);
+}
+
+void CCompCoverDlg::Run(Command command) {
+    if (command == Command::ID_RECORD_ADD)
+        AddItem();
+    else if (command == Command::ID_RECORD_EDIT)
+        EditItem();
+    else
+        DeleteItem();
+}
+
+void CCompCoverDlg::AddItem() {
+    // A composite inside a composite is refused: only simple covers are offered.
+    CPageCover coverPage(m_store, CPageCover::Offer::SimpleOnly);
+    CPageCoverProd rulePage(m_store);
+    coverPage.SetFollower([&](const CoverChoice& cover) { rulePage.SetCover(cover); });
+    CWizardSheet sheet(this);
+    sheet.AddPage(coverPage);
+    sheet.AddPage(rulePage);
+    if (!sheet.Run())
+        return;
+    std::int32_t id = RecordList::KeepSelection;
+    Guarded([&] {
+        const RecordsetPtr items = m_store.Table("TmpCover_Item");
+        items->AddNew();
+        items->put_Collect("cover_id", rulePage.Rule().coverId);
+        WriteRule(rulePage.Rule(), *items);
+        items->Update();
+        id = items->Long("ti_id");
+    });
+    Fill(id);
+}
+
+int CCompCoverDlg::SelectedItem() {
+    const int row = m_items->SelectedRow();
+    if (row < 0)
+        ShowWarning(QString::fromUtf8(Text::NoCover));
+    return row;
+}
+
+void CCompCoverDlg::EditItem() {
+    const int row = SelectedItem();
+    if (row < 0)
+        return;
+    Guarded([&] {
+        const RecordsetPtr item =
+            m_store.Query(SqlText("SELECT * FROM TmpCover_Item WHERE (ti_id = %li)", m_items->Id(row)));
+        if (item->get_EOF()) {
+            RemoveVanishedRow(*m_items, row);
+            return;
+        }
+        CPageCoverProd page(m_store);
+        page.SetRule(ReadRule(*item));
+        CWizardSheet sheet(this);
+        sheet.AddPage(page);
+        if (!sheet.Run())
+            return;
+        WriteRule(page.Rule(), *item);
+        item->Update();
+        Fill(RecordList::KeepSelection);
+    });
+}
+
+void CCompCoverDlg::DeleteItem() {
+    const int row = SelectedItem();
+    if (row < 0)
+        return;
+    Guarded([&] { m_store.ExecuteSQL(SqlText("DELETE FROM TmpCover_Item WHERE (ti_id = %li)", m_items->Id(row))); });
+    Fill(RecordList::KeepSelection);
+}
+
+void CCompCoverDlg::ShowMenu(const QPoint& screen, bool onRow) {
+    QMenu* menu = MakeContextMenu(
+        ContextMenu::Rec1, {onRow, true}, [](Command) { return true; }, [this](Command command) { Run(command); },
+        this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->popup(screen);
+}
+
+void CCompCoverDlg::accept() {
+    m_name = m_ui->name->text();
+    m_note = m_ui->note->text();
+    while (m_name.startsWith(QLatin1Char(' ')))
+        m_name.remove(0, 1);
+    if (m_name.isEmpty()) {
+        Refuse(*m_ui->name, "Není zadáno jméno!");
+        return;
+    }
+    if (m_items->RowCount() == 0) {
+        Refuse(*m_items, "Není vybrán žádný obal!");
+        return;
+    }
+    QDialog::accept();
+}

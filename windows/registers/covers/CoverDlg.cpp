@@ -1,0 +1,113 @@
+#include "windows/registers/covers/CoverDlg.h"
+
+#include "core/store/DataStore.h"
+#include "ui_CoverDlg.h"
+#include "windows/widgets/HelpDoor.h"
+#include "windows/widgets/Refuse.h"
+#include "windows/widgets/edits/CodeCombo.h"
+
+namespace {
+constexpr int LongestName = 50;
+constexpr int LongestNote = 255;
+} // namespace
+
+CCoverDlg::CCoverDlg(const CDataStore& store, QWidget* parent) : QDialog(parent), m_ui(new Ui::CoverDlg) {
+    m_ui->setupUi(this);
+    FillLists(store);
+    SetValues({});
+    connect(m_ui->material, &QComboBox::activated, this, &CCoverDlg::OnMaterialChosen);
+    connect(m_ui->stat, &QComboBox::activated, this, &CCoverDlg::OnStatChosen);
+    connect(m_ui->ok, &QPushButton::clicked, this, &CCoverDlg::accept);
+    connect(m_ui->cancel, &QPushButton::clicked, this, &QDialog::reject);
+    connect(m_ui->help, &QPushButton::clicked, this, [] { OpenHelp(HelpContext::Cover); });
+}
+
+CCoverDlg::~CCoverDlg() = default;
+
+void CCoverDlg::FillLists(const CDataStore& store) {
+    // Textile stands directly after wood.
+    QStringList materials = store.Codes(CodeList::CoverMaterial);
+    const QString textile = materials.takeAt(Material::Textile);
+    FillCodes(*m_ui->material, materials);
+    m_ui->material->insertItem(1, textile, int{Material::Textile});
+    FillCodes(*m_ui->type, store.Codes(CodeList::CoverType));
+    FillCodes(*m_ui->origin, store.Codes(CodeList::CoverOrigin));
+    FillCodes(*m_ui->payment, store.Codes(CodeList::CoverPayment));
+    FillCodes(*m_ui->stat, store.Codes(CodeList::CoverStat));
+}
+
+void CCoverDlg::SetValues(const CoverValues& values) {
+    m_values = values;
+    m_ui->name->setText(values.name);
+    m_ui->note->setText(values.note);
+    m_ui->reusable->setChecked(values.reusable);
+    m_ui->weight->SetValue(Currency::FromCount(values.weight.count));
+    SelectCode(*m_ui->material, values.material);
+    SelectCode(*m_ui->type, values.type);
+    SelectCode(*m_ui->origin, values.origin);
+    SelectCode(*m_ui->payment, values.payment);
+    SelectCode(*m_ui->stat, values.stat);
+    m_ui->name->setFocus();
+    m_ui->name->selectAll();
+}
+
+void CCoverDlg::OnMaterialChosen() {
+    if (ChosenCode(*m_ui->material) == Material::BeverageCarton)
+        SelectCode(*m_ui->stat, Stat::BeverageCarton);
+}
+
+void CCoverDlg::OnStatChosen() {
+    switch (ChosenCode(*m_ui->stat)) {
+    case Stat::EurPallet:
+    case Stat::PlainPallet:
+        SelectCode(*m_ui->material, Material::Wood);
+        break;
+    case Stat::BeverageCarton:
+        SelectCode(*m_ui->material, Material::BeverageCarton);
+        break;
+    default:
+        break;
+    }
+}
+
+bool CCoverDlg::TakeValues() {
+    if (!IsShortEnough(*m_ui->name, LongestName) || !IsShortEnough(*m_ui->note, LongestNote))
+        return false;
+    m_values.name = m_ui->name->text();
+    m_values.note = m_ui->note->text();
+    m_values.reusable = m_ui->reusable->isChecked();
+    m_values.weight = m_ui->weight->Value();
+    m_values.material = ChosenCode(*m_ui->material);
+    m_values.type = ChosenCode(*m_ui->type);
+    m_values.origin = ChosenCode(*m_ui->origin);
+    m_values.payment = ChosenCode(*m_ui->payment);
+    m_values.stat = ChosenCode(*m_ui->stat);
+    return true;
+}
+
+void CCoverDlg::accept() {
+    if (!TakeValues())
+        return;
+    if (m_values.weight.count <= 0) {
+        ShowWarning(QStringLiteral("Hmotnost musí být větší než 0!"));
+        m_ui->weight->FocusAll();
+        return;
+    }
+    const struct {
+        QComboBox* combo;
+        const char* missing;
+    } choices[] = {
+        {m_ui->material, "Není vybrán materiál!"},
+        {m_ui->type, "Není vybrán typ!"},
+        {m_ui->origin, "Není vybrán původ!"},
+        {m_ui->payment, "Není vybrána platba!"},
+        {m_ui->stat, "Není vybrán údaj pro statistickou evidenci!"},
+    };
+    for (const auto& choice : choices) {
+        if (ChosenCode(*choice.combo) < 0) {
+            Refuse(*choice.combo, choice.missing);
+            return;
+        }
+    }
+    QDialog::accept();
+}

@@ -1,0 +1,155 @@
+#include "windows/registers/covers/ViewCover.h"
+
+#include "core/base/SqlText.h"
+#include "core/rules/Propagation.h"
+#include "core/store/DataStore.h"
+#include "windows/registers/covers/CoverDlg.h"
+#include "windows/registers/covers/CoverFilterDlg.h"
+#include "windows/registers/covers/PageDisc.h"
+#include "windows/widgets/Guarded.h"
+#include "windows/widgets/RegisterTexts.h"
+
+namespace {
+
+ListSpec Covers() {
+    ListSpec spec;
+    spec.objectName = QStringLiteral("covers");
+    spec.columns = {{QStringLiteral("Název"), Field("cover_name"), "cover_name"},
+                    {QStringLiteral("Materiál"), Code("cover_mat", CodeList::CoverMaterial), "cover_mat"},
+                    {QStringLiteral("Hmotnost [kg]"), Field("cover_weight"), "cover_weight"},
+                    {QStringLiteral("Typ"), Code("cover_type", CodeList::CoverType), "cover_type"},
+                    {QStringLiteral("Původ"), Code("cover_org", CodeList::CoverOrigin), "cover_org"},
+                    {QStringLiteral("Platba"), Code("cover_pay", CodeList::CoverPayment), "cover_pay"},
+                    {QStringLiteral("Opakovaně používaný"), Field("cover_reusable"), "cover_reusable"}};
+    spec.keyField = "cover_id";
+    spec.defaultSort = "cover_name";
+    spec.multiSelection = true;
+    return spec;
+}
+
+ListSpec Discards() {
+    ListSpec spec;
+    spec.objectName = QStringLiteral("discards");
+    spec.columns = {{QStringLiteral("Datum"), Field("disc_date"), "disc_date"},
+                    {QStringLiteral("Typ"), Code("disc_type", CodeList::DiscardType), "disc_type"},
+                    {QStringLiteral("Hmotnost [kg]"), Field("totWeight"), "disc_qty*cover_weight"}};
+    spec.keyField = "disc_id";
+    spec.defaultSort = "disc_date";
+    return spec;
+}
+
+RegisterSpec CoverRegister() {
+    RegisterSpec spec;
+    spec.master = Covers();
+    spec.masterTitle = "Kuvel";
+    spec.detail = Discards();
+    spec.detailTitle = "Vyřazené";
+    spec.findFields = {"cover_name", "cover_mat", "cover_reusable", "cover_type", "cover_org", "cover_pay"};
+    spec.findFirst = {"cover_name", "cover_mat", nullptr, "cover_type", "cover_org", "cover_pay", "cover_reusable"};
+    spec.nothingSelected = Text::NoProduct;
+    spec.deleteQuestion = Text::DeleteCovers;
+    spec.deleteStatements = {"DELETE FROM CoverDiscard WHERE cover_id IN (SELECT id FROM TmpID)",
+                             "DELETE FROM CompCover_Item WHERE cover_id IN (SELECT id FROM TmpID)",
+                             "UPDATE Cover SET deleted = true WHERE (cover_id IN (SELECT id FROM TmpID))"};
+    return spec;
+}
+
+} // namespace
+
+CViewCover::CViewCover(CDataStore& store, IBroadcaster& broadcaster, QWidget* parent)
+    : ListRegisterView(store, broadcaster, CoverRegister(), parent) {
+    On(Command::ID_RECORD_ADD, [this] { OnAddCover(); });
+    On(Command::ID_RECORD_EDIT, [this] { OnEditCover(); });
+    On(Command::ID_RECORD_FILTER, [this] { OnFilterCovers(); });
+    On(Command::ID_DETAIL_ADD, [this] { OnAddDiscard(); });
+    On(Command::ID_DETAIL_EDIT, [this] { OnEditDiscard(); });
+    On(Command::ID_DETAIL_DELETE, [this] { OnDeleteDiscard(); });
+}
+
+std::string CViewCover::MasterSql() const {
+    return "SELECT * FROM Cover WHERE (deleted = FALSE)" + m_filter.Clauses();
+}
+
+std::string CViewCover::DetailSql(std::int32_t coverId) const {
+    return SqlText("SELECT CoverDiscard.*, disc_qty*cover_weight AS totWeight FROM CoverDiscard INNER JOIN Cover ON "
+                   "CoverDiscard.cover_id = Cover.cover_id WHERE (CoverDiscard.cover_id=%li)",
+                   coverId);
+}
+
+void CViewCover::OnAddCover() {
+    CCoverDlg dialog(Store(), this);
+    if (dialog.exec() == QDialog::Accepted)
+        AddToMaster([&](CRecordset& record) { dialog.Values().Write(record); });
+}
+
+void CViewCover::OnEditCover() {
+    CCoverDlg dialog(Store(), this);
+    CoverValues before;
+    EditMaster(
+        [&](const CRecordset& record) {
+            before = CoverValues::Read(record);
+            dialog.SetValues(before);
+            return dialog.exec() == QDialog::Accepted;
+        },
+        [&](CRecordset& record) { dialog.Values().Write(record); },
+        [&](std::int32_t id) {
+            const CoverValues& now = dialog.Values();
+            if (now.SamePackaging(before))
+                return;
+            PropagateCover(Store(), g_options, id, now.type, now.origin, now.payment);
+            TellOthers(ViewMessage::WM_COVERS_CHANGED);
+        });
+}
+
+void CViewCover::OnFilterCovers() {
+    EditFilter([this] {
+        CCoverFilterDlg dialog(Store(), m_filter, this);
+        if (dialog.exec() != QDialog::Accepted)
+            return false;
+        m_filter = dialog.Filter();
+        return true;
+    });
+}
+
+void CViewCover::OnAddDiscard() {
+    if (!Detail().isEnabled())
+        return;
+    const std::int32_t coverId = Master().SelectedId();
+    if (coverId == RecordList::NoId) {
+        ShowWarning(QString::fromUtf8(Text::NoCover));
+        return;
+    }
+    CPageDisc page(Store(), coverId);
+    CWizardSheet sheet(this);
+    sheet.AddPage(page);
+    if (!sheet.Run())
+        return;
+    std::int32_t id = KeepSelection;
+    Guarded([&] {
+        const RecordsetPtr discards = Store().Table("CoverDiscard");
+        discards->AddNew();
+        discards->put_Collect("cover_id", coverId);
+        page.Write(*discards);
+        discards->Update();
+        id = discards->Long("disc_id");
+    });
+    FillDetail(id);
+}
+
+void CViewCover::OnEditDiscard() {
+    CPageDisc page(Store(), RecordList::NoId);
+    const auto ask = [&](const CRecordset& record) {
+        page.Read(record);
+        CWizardSheet sheet(this);
+        sheet.AddPage(page);
+        return sheet.Run();
+    };
+    if (EditDetailRow(Detail(), {Text::NoDiscard, "SELECT * FROM CoverDiscard WHERE (disc_id = %li)", nullptr, {}}, ask,
+                      [&](CRecordset& record) { page.Write(record); }))
+        FillDetail();
+}
+
+void CViewCover::OnDeleteDiscard() {
+    DeleteDetailRow(
+        Detail(), {Text::NoDiscard, nullptr, Text::DeleteDiscard, {"DELETE FROM CoverDiscard WHERE (disc_id = %li)"}});
+}

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "core/rules/CoverFilter.h"
+#include "windows/registers/ListRegisterView.h"
+
+/// The covers register: covers, and the discards of the selected one.
+class CViewCover : public ListRegisterView {
+    Q_OBJECT
+
+public:
+    CViewCover(CDataStore& store, IBroadcaster& broadcaster, QWidget* parent = nullptr);
+
+protected:
+    std::string MasterSql() const override;
+    std::string DetailSql(std::int32_t coverId) const override;
+    bool FilterActive() const override { return m_filter.IsActive(); }
+
+private:
+    void OnAddCover();
+    void OnEditCover();
+    void OnFilterCovers();
+    void OnAddDiscard();
+    void OnEditDiscard();
+    void OnDeleteDiscard();
+
+    CoverFilter m_filter;
+};

@@ -1,0 +1,90 @@
+#include "windows/registers/find/FindInList.h"
+
+#include "core/store/DataStore.h"
+#include "windows/widgets/Beep.h"
+#include "windows/widgets/KeptAlive.h"
+#include "windows/widgets/WaitCursor.h"
+#include "windows/widgets/lists/RecordList.h"
+
+namespace {
+
+constexpr int NoRow = -1;
+
+class Search {
+public:
+    Search(const FindRequest& request, RecordList& list)
+        : m_request(request), m_criterion(request.Criterion()), m_list(list), m_records(list.Records()) {}
+
+    void FindNext(int start) {
+        const int row = FindFrom(start < m_records->get_RecordCount() ? start : 0);
+        if (row == NoRow)
+            Beep();
+        else
+            m_list.SelectRow(row);
+    }
+
+    /// Only the row that was selected, and only when it matches.
+    void Replace(int row) {
+        if (row != NoRow && FindFrom(row) == row)
+            ReplaceCurrent();
+        FindNext(row + 1);
+    }
+
+    void ReplaceAll(CDataStore& store) {
+        CKeptAlive alive(*m_list.window());
+        try {
+            CCommitGroup group(store);
+            for (int row = FindFrom(0); row != NoRow; row = FindFrom(row + 1)) {
+                ReplaceCurrent();
+                group.RecordDone();
+                alive.Look();
+            }
+            group.Finish();
+        } catch (const ComError&) {
+            // What was not committed yet may have been taken back.
+            m_list.RefreshAllRows();
+            throw;
+        }
+        Beep();
+    }
+
+private:
+    /// The first match from this row on, as the current record.
+    int FindFrom(int row) {
+        if (!CDataStore::MoveToRecord(m_records, row))
+            return NoRow;
+        m_records->Find(m_criterion);
+        return m_records->get_EOF() ? NoRow : m_records->get_AbsolutePosition() - 1;
+    }
+
+    void ReplaceCurrent() {
+        m_records->put_Collect(m_request.field, m_request.Replaced(m_records->get_Collect(m_request.field)));
+        m_records->Update();
+        m_list.RefreshRow(m_records->get_AbsolutePosition() - 1);
+    }
+
+    const FindRequest& m_request;
+    const std::string m_criterion;
+    RecordList& m_list;
+    const RecordsetPtr m_records;
+};
+
+} // namespace
+
+void CarryOut(const FindRequest& request, CDataStore& store, RecordList& list) {
+    const WaitCursor wait;
+    Search search(request, list);
+    const int selected = list.SelectedRow();
+    list.DeselectAll();
+    switch (request.mode) {
+    case FindMode::FindNext:
+        search.FindNext(selected + 1);
+        break;
+    case FindMode::Replace:
+        search.Replace(selected);
+        break;
+    case FindMode::ReplaceAll:
+        search.ReplaceAll(store);
+        break;
+    }
+}

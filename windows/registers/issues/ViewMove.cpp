@@ -1,0 +1,326 @@
+#include "windows/registers/issues/ViewMove.h"
+
+#include "core/base/SqlText.h"
+#include "core/rules/ItemCovers.h"
+#include "windows/registers/issues/MoveDlg.h"
+#include "windows/registers/issues/MoveFilterDlg.h"
+#include "windows/registers/issues/PageQty.h"
+#include "windows/registers/packaging/PageCover.h"
+#include "windows/registers/packaging/PageCoverMove.h"
+#include "windows/registers/products/PageProd.h"
+#include "windows/widgets/Guarded.h"
+#include "windows/widgets/IconButton.h"
+#include "windows/widgets/RegisterTexts.h"
+
+namespace {
+
+ListSpec Issues() {
+    ListSpec spec;
+    spec.objectName = QStringLiteral("issues");
+    spec.columns = {{QStringLiteral("Číslo"), Field("move_num"), "move_num"},
+                    {QStringLiteral("Datum"), Field("move_date"), "move_date"},
+                    {QStringLiteral("Export"), Field("move_export"), "move_num"},
+                    {QStringLiteral("Typ"), Code("move_type", CodeList::MoveType), "move_type"}};
+    spec.keyField = "move_id";
+    spec.defaultSort = "move_num";
+    spec.multiSelection = true;
+    return spec;
+}
+
+ListSpec Items() {
+    ListSpec spec;
+    spec.objectName = QStringLiteral("items");
+    spec.columns = {{QStringLiteral("Název"), Field("prod_name"), "prod_name"},
+                    {QStringLiteral("Kat. č."), Field("prod_katalog"), "prod_katalog"},
+                    {QStringLiteral("Množství"), Field("mvprod_qty"), "Move_prod.mvprod_qty"}};
+    spec.keyField = "mvprod_id";
+    spec.defaultSort = "prod_name";
+    return spec;
+}
+
+ListSpec IssuedCovers() {
+    ListSpec spec;
+    spec.objectName = QStringLiteral("issuedCovers");
+    spec.columns = {{QStringLiteral("Název"), Field("cover_name"), "cover_name"},
+                    {QStringLiteral("Hmotnost [kg]"), Field("totWeight"), "mvcover_qty*cover_weight"},
+                    {QStringLiteral("Materiál"), Code("cover_mat", CodeList::CoverMaterial), "cover_mat"},
+                    {QStringLiteral("Typ"), Code("cover_type", CodeList::CoverType), "Move_Cover.cover_type"},
+                    {QStringLiteral("Původ"), Code("cover_org", CodeList::CoverOrigin), "Move_Cover.cover_org"},
+                    {QStringLiteral("Platba"), Code("cover_pay", CodeList::CoverPayment), "Move_Cover.cover_pay"}};
+    spec.keyField = "mvcover_id";
+    spec.defaultSort = "cover_name";
+    return spec;
+}
+
+RegisterSpec IssueRegister() {
+    RegisterSpec spec;
+    spec.master = Issues();
+    spec.masterTitle = "Výdeje";
+    spec.detail = Items();
+    spec.detailTitle = "Položky";
+    spec.subdetail = IssuedCovers();
+    spec.subdetailTitle = "Kuvel";
+    spec.findFields = {"move_num", "move_export", "move_type"};
+    // By the order of the covers, though the fields are the issues'.
+    spec.findFirst = {"move_num", nullptr, "move_export", "move_type"};
+    spec.findFirstLevel = 2;
+    spec.nothingSelected = Text::NoIssue;
+    spec.deleteQuestion = Text::DeleteIssues;
+    spec.deleteStatements = {"DELETE FROM Move_Cover WHERE (mvprod_id IN (SELECT mvprod_id FROM Move_Prod WHERE "
+                             "(move_id IN (SELECT id FROM TmpID))))",
+                             "DELETE FROM Move_Prod WHERE (move_id IN (SELECT id FROM TmpID))",
+                             "DELETE FROM Move WHERE (move_id IN (SELECT id FROM TmpID))"};
+    return spec;
+}
+
+constexpr const char* ItemDeletions[] = {"DELETE FROM Move_Cover WHERE (mvprod_id = %li)",
+                                         "DELETE FROM Move_Prod WHERE (mvprod_id = %li)"};
+
+/// Today when the issue has gone.
+DateTime IssueDate(CDataStore& store, std::int32_t moveId) {
+    const RecordsetPtr issue = store.Query(SqlText("SELECT move_date FROM Move WHERE move_id = %li", moveId));
+    return issue->get_EOF() ? DateTime::Today() : ToDate(issue->get_Collect("move_date"));
+}
+
+} // namespace
+
+CViewMove::CViewMove(CDataStore& store, IBroadcaster& broadcaster, QWidget* parent)
+    : ListRegisterView(store, broadcaster, IssueRegister(), parent),
+      m_toggle(new CIconButton(RegisterIcon(QStringLiteral("toggle")), this)) {
+    m_toggle->setObjectName(QStringLiteral("toggleCovers"));
+    m_toggle->setToolTip(QStringLiteral("Zobrazit jen kuvel vybrané položky"));
+    m_toggle->setAccessibleName(m_toggle->toolTip());
+    m_toggle->SetLatched(m_coversOfItem);
+    AddTitleButton(m_toggle);
+    connect(m_toggle, &QPushButton::clicked, this, &CViewMove::OnToggleCovers);
+    On(Command::ID_RECORD_ADD, [this] { OnAddIssue(); });
+    On(Command::ID_RECORD_EDIT, [this] { OnEditIssue(); });
+    On(Command::ID_RECORD_FILTER, [this] { OnFilterIssues(); });
+    On(Command::ID_DETAIL_ADD, [this] { OnAddItem(); });
+    On(Command::ID_DETAIL_EDIT, [this] { OnEditItem(); });
+    On(Command::ID_DETAIL_DELETE, [this] { OnDeleteItem(); });
+    On(Command::ID_SUBDETAIL_ADD, [this] { OnAddCover(); });
+    On(Command::ID_SUBDETAIL_EDIT, [this] { OnEditCover(); });
+    On(Command::ID_SUBDETAIL_DELETE, [this] { OnDeleteCover(); });
+}
+
+void CViewMove::Receive(ViewMessage message) {
+    switch (message) {
+    case ViewMessage::WM_MOVES_CHANGED:
+        FillMaster();
+        break;
+    case ViewMessage::WM_PRODUCTS_CHANGED:
+        FillDetail();
+        break;
+    case ViewMessage::WM_COVERS_CHANGED:
+        FillSubdetail();
+        break;
+    default:
+        ListRegisterView::Receive(message);
+        break;
+    }
+}
+
+std::string CViewMove::MasterSql() const {
+    return "SELECT * FROM Move" + m_filter.Clauses();
+}
+
+std::string CViewMove::DetailSql(std::int32_t moveId) const {
+    return SqlText("SELECT Move_Prod.*, Product.* FROM Move_Prod INNER JOIN Product ON Move_Prod.prod_id = "
+                   "Product.prod_id WHERE (move_id=%li)",
+                   moveId);
+}
+
+std::string CViewMove::SubdetailSql() const {
+    const std::int32_t moveId = SingleMasterId();
+    if (moveId == RecordList::NoId || (m_coversOfItem && Detail().SelectedRow() < 0))
+        return {};
+    const std::string covers = "SELECT Move_Cover.*, Cover.*, mvcover_qty*cover_weight AS totWeight FROM Move_Cover "
+                               "INNER JOIN Cover ON Move_Cover.cover_id = Cover.cover_id WHERE ";
+    return covers +
+           (m_coversOfItem ? SqlText("(mvprod_id=%li)", Detail().SelectedId()) : SqlText("move_id=%li", moveId));
+}
+
+void CViewMove::EnableDetails() {
+    ListRegisterView::EnableDetails();
+    for (const Command command :
+         {Command::ID_DETAIL_ADD, Command::ID_DETAIL_EDIT, Command::ID_DETAIL_DELETE, Command::ID_SUBDETAIL_ADD})
+        Button(command).setEnabled(ItemsAllowed());
+}
+
+void CViewMove::OnToggleCovers() {
+    m_coversOfItem = !m_coversOfItem;
+    m_toggle->SetLatched(m_coversOfItem);
+    EnableDetails();
+    Arrange();
+    FillSubdetail();
+}
+
+/// The export flag of the dialog is not stored here: a new issue takes the column's default.
+void CViewMove::OnAddIssue() {
+    CMoveDlg dialog(Store(), this);
+    if (dialog.exec() == QDialog::Accepted)
+        AddToMaster([&](CRecordset& record) { dialog.Write(record); });
+}
+
+/// The covers of the issue stay as they are, whatever its new date and type.
+void CViewMove::OnEditIssue() {
+    CMoveDlg dialog(Store(), this);
+    EditMaster(
+        [&](const CRecordset& record) {
+            dialog.Read(record);
+            return dialog.exec() == QDialog::Accepted;
+        },
+        [&](CRecordset& record) {
+            dialog.Write(record);
+            dialog.WriteExport(record);
+        });
+}
+
+void CViewMove::OnFilterIssues() {
+    EditFilter([this] {
+        CMoveFilterDlg dialog(m_filter, this);
+        if (dialog.exec() != QDialog::Accepted)
+            return false;
+        m_filter = dialog.Filter();
+        return true;
+    });
+}
+
+void CViewMove::ComputeCovers(std::int32_t mvprodId, std::int32_t moveId, std::int32_t prodId, Currency quantity) {
+    ComputeItemCovers(Store(), Store().Table("Move_Cover"), mvprodId, moveId, prodId, quantity,
+                      IssueDate(Store(), moveId));
+}
+
+void CViewMove::OnAddItem() {
+    if (!ItemsAllowed())
+        return;
+    const std::int32_t moveId = Master().SelectedId();
+    if (moveId == RecordList::NoId) {
+        ShowWarning(QString::fromUtf8(Text::NoIssue));
+        return;
+    }
+    CPageProd productPage(Store());
+    CPageQty quantityPage;
+    CWizardSheet sheet(this);
+    sheet.AddPage(productPage);
+    sheet.AddPage(quantityPage);
+    if (!sheet.Run())
+        return;
+    Guarded([&] {
+        CCommitGroup group(Store());
+        const RecordsetPtr items = Store().Table("Move_Prod");
+        items->AddNew();
+        items->put_Collect("move_id", moveId);
+        items->put_Collect("prod_id", productPage.ChosenId());
+        items->put_Collect("mvprod_qty", quantityPage.Quantity());
+        items->Update();
+        const std::int32_t mvprodId = items->Long("mvprod_id");
+        ComputeCovers(mvprodId, moveId, productPage.ChosenId(), quantityPage.Quantity());
+        group.Finish();
+    });
+    FillDetail();
+}
+
+void CViewMove::OnEditItem() {
+    if (!ItemsAllowed())
+        return;
+    CPageQty page;
+    std::int32_t mvprodId = 0;
+    std::int32_t moveId = 0;
+    std::int32_t prodId = 0;
+    const auto ask = [&](const CRecordset& record) {
+        page.SetQuantity(ToCurrency(record.get_Collect("mvprod_qty")));
+        CWizardSheet sheet(this);
+        sheet.AddPage(page);
+        return sheet.Run();
+    };
+    const auto write = [&](CRecordset& record) {
+        mvprodId = record.Long("mvprod_id");
+        moveId = record.Long("move_id");
+        prodId = record.Long("prod_id");
+        record.put_Collect("mvprod_qty", page.Quantity());
+    };
+    if (!EditDetailRow(Detail(), {Text::NoProduct, "SELECT * FROM Move_Prod WHERE (mvprod_id = %li)", nullptr, {}}, ask,
+                       write))
+        return;
+    Guarded([&] {
+        CCommitGroup group(Store());
+        Store().ExecuteSQL(SqlText("DELETE FROM Move_Cover WHERE (mvprod_id = %li)", mvprodId));
+        ComputeCovers(mvprodId, moveId, prodId, page.Quantity());
+        group.Finish();
+    });
+    FillDetail();
+}
+
+void CViewMove::OnDeleteItem() {
+    if (!ItemsAllowed())
+        return;
+    if (DeleteDetailRow(
+            Detail(),
+            {Text::NoProduct, nullptr, Text::DeleteProductRow, {std::begin(ItemDeletions), std::end(ItemDeletions)}}))
+        FillSubdetail();
+}
+
+void CViewMove::ClearVanishedItem(std::int32_t mvprodId) {
+    ShowMessage(QStringLiteral("Údaje o produktu byly odstraněny jinou aplikací!"), Message::Icon::Information);
+    for (const char* statement : ItemDeletions)
+        Store().ExecuteSQL(SqlText(statement, mvprodId));
+}
+
+void CViewMove::OnAddCover() {
+    if (!ItemsAllowed())
+        return;
+    const int row = Detail().SelectedRow();
+    if (row < 0) {
+        ShowWarning(QString::fromUtf8(Text::NoProduct));
+        return;
+    }
+    const std::int32_t mvprodId = Detail().Id(row);
+    CPageCover coverPage(Store(), CPageCover::Offer::SimpleOnly);
+    CPageCoverMove movePage(Store());
+    coverPage.SetFollower([&](const CoverChoice& cover) { movePage.SetCover(cover); });
+    CWizardSheet sheet(this);
+    sheet.AddPage(coverPage);
+    sheet.AddPage(movePage);
+    if (!sheet.Run())
+        return;
+    bool vanished = false;
+    Guarded([&] {
+        const RecordsetPtr item = Store().Query(SqlText("SELECT * FROM Move_Prod WHERE mvprod_id = %li", mvprodId));
+        if (item->get_EOF()) {
+            vanished = true;
+            ClearVanishedItem(mvprodId);
+            return;
+        }
+        const RecordsetPtr covers = Store().Table("Move_Cover");
+        covers->AddNew();
+        movePage.Write(*covers);
+        covers->put_Collect("mvprod_id", item->get_Collect("mvprod_id"));
+        covers->put_Collect("move_id", item->get_Collect("move_id"));
+        covers->Update();
+    });
+    if (vanished)
+        Detail().RemoveRow(row);
+    FillSubdetail();
+}
+
+/// Only the quantity is written: the codes stand on the page to be read.
+void CViewMove::OnEditCover() {
+    CPageCoverMove page(Store());
+    const auto ask = [&](const CRecordset& record) {
+        page.Read(record);
+        CWizardSheet sheet(this);
+        sheet.AddPage(page);
+        return sheet.Run();
+    };
+    if (EditDetailRow(Subdetail(), {Text::NoCover, "SELECT * FROM Move_Cover WHERE (mvcover_id = %li)", nullptr, {}},
+                      ask, [&](CRecordset& record) { record.put_Collect("mvcover_qty", page.Quantity()); }))
+        FillSubdetail();
+}
+
+void CViewMove::OnDeleteCover() {
+    DeleteDetailRow(
+        Subdetail(),
+        {Text::NoCover, nullptr, Text::DeleteCoverRow, {"DELETE FROM Move_Cover WHERE (mvcover_id = %li)"}});
+}

@@ -1,0 +1,50 @@
+#include "windows/registers/products/PageProd.h"
+
+#include "windows/widgets/Refuse.h"
+#include "windows/widgets/RegisterTexts.h"
+#include "windows/widgets/lists/RecordList.h"
+
+#include <QVBoxLayout>
+
+namespace {
+
+ListSpec Products() {
+    ListSpec spec;
+    spec.objectName = QStringLiteral("products");
+    spec.columns = {{QStringLiteral("Název"), Field("prod_name")},
+                    {QStringLiteral("Kat. č."), Field("prod_katalog")},
+                    {QStringLiteral("Jednotka"), Field("prod_unit")}};
+    spec.keyField = "prod_id";
+    spec.clickableHeader = false;
+    spec.fallback = ListSpec::Fallback::None;
+    return spec;
+}
+
+} // namespace
+
+CPageProd::CPageProd(CDataStore& store) : m_products(new RecordList(store, Products(), this)) {
+    setObjectName(QStringLiteral("PageProd"));
+    setWindowTitle(QStringLiteral("Vyberte výrobek"));
+    setMinimumSize(560, 320);
+    m_products->setAccessibleName(QStringLiteral("Výrobky"));
+    auto* all = new QVBoxLayout(this);
+    all->addWidget(m_products);
+    connect(m_products, &RecordList::rowDoubleClicked, this, [this] { Sheet().PressNext(); });
+}
+
+void CPageProd::OnSetActive() {
+    CWizardPage::OnSetActive();
+    if (!m_filled)
+        m_products->FillKeeping("SELECT * FROM Product WHERE Product.deleted = FALSE ORDER BY prod_name",
+                                RecordList::NoId);
+    m_filled = true;
+    m_products->setFocus();
+}
+
+bool CPageProd::OnWizardNext() {
+    const std::int32_t id = m_products->SelectedId();
+    if (id == RecordList::NoId)
+        return Refuse(*m_products, Text::NoProduct);
+    m_chosenId = id;
+    return true;
+}

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "core/base/DateTime.h"
+
+#include <QDialog>
+
+#include <memory>
+
+namespace Ui {
+class ProdDateDlg;
+}
+
+/// "Definice časové platnosti": the date from which a definition is valid. Choosing another day keeps the time of day.
+class CProdDateDlg : public QDialog {
+    Q_OBJECT
+
+public:
+    CProdDateDlg(const DateTime& date, QWidget* parent);
+    ~CProdDateDlg() override;
+
+    DateTime Date() const;
+
+private:
+    std::unique_ptr<Ui::ProdDateDlg> m_ui;
+};

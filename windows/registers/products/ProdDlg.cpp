@@ -1,0 +1,58 @@
+#include "windows/registers/products/ProdDlg.h"
+
+#include "core/store/Recordset.h"
+#include "ui_ProdDlg.h"
+#include "windows/widgets/HelpDoor.h"
+#include "windows/widgets/Refuse.h"
+
+namespace {
+
+constexpr int LongestName = 50;
+constexpr int LongestKatalog = 20;
+constexpr int LongestUnit = 10;
+
+void CutTrailingBlanks(QLineEdit& edit) {
+    QString text = edit.text();
+    while (text.endsWith(QLatin1Char(' ')))
+        text.chop(1);
+    edit.setText(text);
+}
+
+} // namespace
+
+CProdDlg::CProdDlg(QWidget* parent) : QDialog(parent), m_ui(new Ui::ProdDlg) {
+    m_ui->setupUi(this);
+    m_ui->name->setFocus();
+    connect(m_ui->ok, &QPushButton::clicked, this, &CProdDlg::accept);
+    connect(m_ui->cancel, &QPushButton::clicked, this, &QDialog::reject);
+    connect(m_ui->help, &QPushButton::clicked, this, [] { OpenHelp(HelpContext::Product); });
+}
+
+CProdDlg::~CProdDlg() = default;
+
+void CProdDlg::Read(const CRecordset& product) {
+    m_ui->name->setText(FormatVariant(product.get_Collect("prod_name")));
+    m_ui->katalog->setText(FormatVariant(product.get_Collect("prod_katalog")));
+    m_ui->unit->setText(FormatVariant(product.get_Collect("prod_unit")));
+    m_ui->name->setFocus();
+    m_ui->name->selectAll();
+}
+
+void CProdDlg::Write(CRecordset& product) const {
+    product.put_Collect("prod_name", m_ui->name->text());
+    product.put_Collect("prod_katalog", m_ui->katalog->text());
+    product.put_Collect("prod_unit", m_ui->unit->text());
+}
+
+void CProdDlg::accept() {
+    if (!IsShortEnough(*m_ui->name, LongestName) || !IsShortEnough(*m_ui->katalog, LongestKatalog) ||
+        !IsShortEnough(*m_ui->unit, LongestUnit))
+        return;
+    CutTrailingBlanks(*m_ui->name);
+    CutTrailingBlanks(*m_ui->katalog);
+    if (m_ui->name->text().isEmpty() && m_ui->katalog->text().isEmpty()) {
+        Refuse(*m_ui->name, "Musíte zadat jméno nebo katalog!");
+        return;
+    }
+    QDialog::accept();
+}

@@ -1,0 +1,309 @@
+#include "windows/registers/products/ViewProd.h"
+
+#include "core/base/SqlText.h"
+#include "core/rules/ChosenPackaging.h"
+#include "core/rules/ItemCovers.h"
+#include "core/rules/Propagation.h"
+#include "windows/registers/packaging/PageCover.h"
+#include "windows/registers/packaging/PageCoverProd.h"
+#include "windows/registers/packaging/PageDateRange.h"
+#include "windows/registers/products/ProdDateDlg.h"
+#include "windows/registers/products/ProdDlg.h"
+#include "windows/registers/products/ProdFilterDlg.h"
+#include "windows/widgets/Guarded.h"
+#include "windows/widgets/RegisterTexts.h"
+#include "windows/widgets/WaitCursor.h"
+
+#include <optional>
+
+namespace {
+
+/// The product's number in the system that it was imported from.
+QString SourceId(const CDataStore&, const CRecordset& record) {
+    return record.Long("prod_source") > 0 ? FormatVariant(record.get_Collect("prod_scrid")) : QString();
+}
+
+ListSpec Products() {
+    ListSpec spec;
+    spec.objectName = QStringLiteral("products");
+    spec.columns = {{QStringLiteral("ID"), SourceId, "prod_scrid"},
+                    {QStringLiteral("Název"), Field("prod_name"), "prod_name"},
+                    {QStringLiteral("Kat. č."), Field("prod_katalog"), "prod_katalog"},
+                    {QStringLiteral("Jednotka"), Field("prod_unit"), "prod_unit"}};
+    spec.keyField = "prod_id";
+    spec.defaultSort = "prod_name";
+    spec.sortColumn = 1;
+    spec.multiSelection = true;
+    return spec;
+}
+
+ListSpec Dates() {
+    ListSpec spec;
+    spec.objectName = QStringLiteral("dates");
+    spec.columns = {{QStringLiteral("Platné od"), Field("dt_from")}};
+    spec.keyField = "dt_id";
+    spec.clickableHeader = false;
+    spec.grid = false;
+    spec.fallback = ListSpec::Fallback::Last;
+    spec.keepsSelection = false;
+    return spec;
+}
+
+ListSpec PackagingRows() {
+    ListSpec spec;
+    spec.objectName = QStringLiteral("packaging");
+    spec.columns = {{QStringLiteral("Název"), Field("cover_name"), "cover_name"},
+                    {QStringLiteral("Hmotnost [kg]"), Field("totWeight"), "cp_qtycover*cover_weight"},
+                    {QStringLiteral("Počet výr."), Field("cp_qtyprod"), "cp_qtyprod"},
+                    {QStringLiteral("Použít od"), UsedQuantity("cp_usefrom"), "cp_usefrom"},
+                    {QStringLiteral("Použít do"), UsedQuantity("cp_useto"), "cp_useto"},
+                    {QStringLiteral("Typ"), Code("cover_type", CodeList::CoverType), "Prod_Cover.cover_type"},
+                    {QStringLiteral("Původ"), Code("cover_org", CodeList::CoverOrigin), "Prod_Cover.cover_org"},
+                    {QStringLiteral("Platba"), Code("cover_pay", CodeList::CoverPayment), "Prod_Cover.cover_pay"}};
+    spec.keyField = "cp_id";
+    spec.defaultSort = "cover_name";
+    spec.keepsSelection = false;
+    return spec;
+}
+
+RegisterSpec ProductRegister() {
+    RegisterSpec spec;
+    spec.master = Products();
+    spec.masterTitle = "Produkty";
+    spec.masterMenu = ContextMenu::RecProd;
+    spec.detail = Dates();
+    spec.detailTitle = "Balení";
+    spec.subdetail = PackagingRows();
+    spec.findFields = {"prod_name", "prod_katalog", "prod_unit"};
+    // By the order of the packaging rows, though the fields are the products'.
+    spec.findFirst = {nullptr, "prod_name", "prod_katalog", "prod_unit"};
+    spec.findFirstLevel = 2;
+    spec.nothingSelected = Text::NoProduct;
+    spec.deleteQuestion = Text::DeleteProducts;
+    spec.deleteStatements = {"DELETE FROM Prod_Cover WHERE (dt_id IN (SELECT dt_id FROM Prod_CoverDT WHERE (prod_id "
+                             "IN (SELECT id FROM TmpID))))",
+                             "DELETE FROM Prod_CoverDT WHERE (prod_id IN (SELECT id FROM TmpID))",
+                             "UPDATE Product SET deleted = true WHERE (prod_id IN (SELECT id FROM TmpID))"};
+    return spec;
+}
+
+/// Asks for the packaging, after `first` when there is one; none when the sheet was cancelled.
+std::optional<ChosenPackaging> AskPackaging(CDataStore& store, QWidget* parent, CWizardPage* first = nullptr) {
+    CPageCover coverPage(store, CPageCover::Offer::SimpleAndComposite);
+    CPageCoverProd rulePage(store);
+    coverPage.SetFollower([&](const CoverChoice& cover) { rulePage.SetCover(cover); });
+    CWizardSheet sheet(parent);
+    if (first != nullptr)
+        sheet.AddPage(*first);
+    sheet.AddPage(coverPage);
+    sheet.AddPage(rulePage);
+    if (!sheet.Run())
+        return std::nullopt;
+    ChosenPackaging chosen;
+    if (coverPage.IsComposite())
+        chosen.compositeId = coverPage.ChosenId();
+    else
+        chosen.rule = rulePage.Rule();
+    return chosen;
+}
+
+} // namespace
+
+CViewProd::CViewProd(CDataStore& store, IBroadcaster& broadcaster, QWidget* parent)
+    : ListRegisterView(store, broadcaster, ProductRegister(), parent) {
+    On(Command::ID_RECORD_ADD, [this] { OnAddProduct(); });
+    On(Command::ID_RECORD_EDIT, [this] { OnEditProduct(); });
+    On(Command::ID_RECORD_FILTER, [this] { OnFilterProducts(); });
+    On(Command::ID_DETAIL_ADD, [this] { OnAddDate(); });
+    On(Command::ID_DETAIL_EDIT, [this] { OnEditDate(); });
+    On(Command::ID_DETAIL_DELETE, [this] { OnDeleteDate(); });
+    On(Command::ID_SUBDETAIL_ADD, [this] { OnAddPackaging(); });
+    On(Command::ID_SUBDETAIL_EDIT, [this] { OnEditPackaging(); });
+    On(Command::ID_SUBDETAIL_DELETE, [this] { OnDeletePackaging(); });
+    On(Command::ID_PROD_ASSIGN_COVERS, [this] { OnAssignCovers(); });
+}
+
+void CViewProd::Receive(ViewMessage message) {
+    if (message == ViewMessage::WM_PRODUCTS_CHANGED)
+        FillMaster();
+    else if (message == ViewMessage::WM_COVERS_CHANGED)
+        FillSubdetail();
+    else
+        ListRegisterView::Receive(message);
+}
+
+std::string CViewProd::MasterSql() const {
+    return "SELECT * FROM Product WHERE (deleted = FALSE)" + m_filter.Clauses();
+}
+
+std::string CViewProd::DetailSql(std::int32_t prodId) const {
+    return SqlText("SELECT * FROM Prod_CoverDT WHERE prod_id=%li ORDER BY dt_from", prodId);
+}
+
+std::string CViewProd::SubdetailSql() const {
+    if (Detail().SelectedRow() < 0)
+        return {};
+    return SqlText("SELECT Prod_Cover.*, Cover.cover_name, cp_qtycover*cover_weight AS totWeight FROM Prod_Cover "
+                   "INNER JOIN Cover ON Prod_Cover.cover_id = Cover.cover_id WHERE (dt_id=%li)",
+                   Detail().SelectedId());
+}
+
+void CViewProd::OnAddProduct() {
+    CProdDlg dialog(this);
+    if (dialog.exec() == QDialog::Accepted)
+        AddToMaster([&](CRecordset& record) { dialog.Write(record); });
+}
+
+void CViewProd::OnEditProduct() {
+    CProdDlg dialog(this);
+    EditMaster(
+        [&](const CRecordset& record) {
+            dialog.Read(record);
+            return dialog.exec() == QDialog::Accepted;
+        },
+        [&](CRecordset& record) { dialog.Write(record); });
+}
+
+void CViewProd::OnFilterProducts() {
+    EditFilter([this] {
+        CProdFilterDlg dialog(m_filter, this);
+        if (dialog.exec() != QDialog::Accepted)
+            return false;
+        m_filter = dialog.Filter();
+        return true;
+    });
+}
+
+/// A definition of the same day is refused only here: a date may be edited to a day that the product has already.
+void CViewProd::OnAddDate() {
+    if (!Detail().isEnabled())
+        return;
+    const std::int32_t prodId = Master().SelectedId();
+    if (prodId == RecordList::NoId) {
+        ShowWarning(QString::fromUtf8(Text::NoProduct));
+        return;
+    }
+    CProdDateDlg dialog(DateTime::Now(), this);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    bool added = false;
+    Guarded([&] {
+        const RecordsetPtr dates = DefinitionsOfDay(Store(), prodId, dialog.Date());
+        if (dates->get_RecordCount() > 0) {
+            ShowMessage(MessageText("Databáze již obsahuje datum \"%s\"!", FormatDate(dialog.Date())));
+            return;
+        }
+        AddDefinition(*dates, prodId, dialog.Date());
+        added = true;
+    });
+    if (!added)
+        return;
+    FillDetail();
+    PackagingChanged();
+}
+
+void CViewProd::OnEditDate() {
+    DateTime now;
+    const auto ask = [&](const CRecordset& record) {
+        const DateTime before = ToDate(record.get_Collect("dt_from"));
+        CProdDateDlg dialog(before, this);
+        if (dialog.exec() != QDialog::Accepted)
+            return false;
+        now = dialog.Date();
+        return now != before;
+    };
+    if (!EditDetailRow(Detail(), {Text::NoDate, "SELECT * FROM Prod_CoverDT WHERE (dt_id = %li)", nullptr, {}}, ask,
+                       [&](CRecordset& record) { record.put_Collect("dt_from", now); }))
+        return;
+    FillDetail();
+    PackagingChanged();
+}
+
+void CViewProd::OnDeleteDate() {
+    if (DeleteDetailRow(
+            Detail(), {Text::NoDate,
+                       nullptr,
+                       Text::DeleteDate,
+                       {"DELETE FROM Prod_Cover WHERE (dt_id = %li)", "DELETE FROM Prod_CoverDT WHERE (dt_id = %li)"}}))
+        PackagingChanged();
+}
+
+void CViewProd::OnAddPackaging() {
+    if (!Subdetail().isEnabled())
+        return;
+    const std::int32_t dtId = Detail().SelectedId();
+    if (dtId == RecordList::NoId) {
+        ShowWarning(QString::fromUtf8(Text::NoDate));
+        return;
+    }
+    const std::optional<ChosenPackaging> chosen = AskPackaging(Store(), this);
+    if (!chosen)
+        return;
+    if (Guarded([&] { AddPackagingRows(Store(), Store().Table("Prod_Cover"), dtId, *chosen); }))
+        PackagingChanged();
+    FillSubdetail();
+}
+
+void CViewProd::OnEditPackaging() {
+    PackagingRule before;
+    CPageCoverProd page(Store());
+    const auto ask = [&](const CRecordset& record) {
+        before = ReadRule(record);
+        page.SetRule(before);
+        CWizardSheet sheet(this);
+        sheet.AddPage(page);
+        return sheet.Run();
+    };
+    if (!EditDetailRow(Subdetail(), {Text::NoCover, "SELECT * FROM Prod_Cover WHERE (cp_id = %li)", nullptr, {}}, ask,
+                       [&](CRecordset& record) { WriteRule(page.Rule(), record); }))
+        return;
+    if (page.Rule() != before)
+        PackagingChanged();
+    FillSubdetail();
+}
+
+void CViewProd::OnDeletePackaging() {
+    if (DeleteDetailRow(Subdetail(),
+                        {Text::NoCover, nullptr, Text::DeleteCoverRow, {"DELETE FROM Prod_Cover WHERE (cp_id = %li)"}}))
+        PackagingChanged();
+}
+
+/// The register's own dates and packaging rows keep what they show until the selection changes or the user refreshes.
+void CViewProd::OnAssignCovers() {
+    std::vector<std::int32_t> products;
+    for (const int row : Master().SelectedRows())
+        products.push_back(Master().Id(row));
+    if (products.empty()) {
+        ShowWarning(QString::fromUtf8(Text::NoProduct));
+        return;
+    }
+    CPageDateRange datePage;
+    const std::optional<ChosenPackaging> chosen = AskPackaging(Store(), this, &datePage);
+    if (!chosen)
+        return;
+    const WaitCursor wait;
+    Guarded([&] {
+        const RecordsetPtr target = Store().Table("Prod_Cover");
+        CCommitGroup group(Store());
+        for (const std::int32_t prodId : products) {
+            const RecordsetPtr dates = DefinitionsOfDay(Store(), prodId, datePage.Date());
+            if (dates->get_RecordCount() == 0)
+                AddDefinition(*dates, prodId, datePage.Date());
+            AddPackagingRows(Store(), target, dates->Long("dt_id"), *chosen);
+            if (g_options.packagingToIssues != 0)
+                RecomputeProductCovers(Store(), prodId);
+            group.RecordDone();
+        }
+        group.Finish();
+    });
+    TellOthers(ViewMessage::WM_COVERS_CHANGED);
+}
+
+void CViewProd::PackagingChanged() {
+    const std::int32_t prodId = Master().SelectedId();
+    if (g_options.packagingToIssues == 0 || prodId == RecordList::NoId)
+        return;
+    const WaitCursor wait;
+    Guarded([&] { RecomputeProductCovers(Store(), prodId); });
+    TellOthers(ViewMessage::WM_COVERS_CHANGED);
+}

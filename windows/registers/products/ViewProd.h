@@ -1,0 +1,38 @@
+#pragma once
+
+#include "core/rules/ProdFilter.h"
+#include "windows/registers/ListRegisterView.h"
+
+/// The products register: products, the validity dates of the selected one, and the packaging rows of the selected
+/// date. After a change of them the packaging of the product's issues is computed anew, if the user wants that.
+class CViewProd : public ListRegisterView {
+    Q_OBJECT
+
+public:
+    CViewProd(CDataStore& store, IBroadcaster& broadcaster, QWidget* parent = nullptr);
+
+    void Receive(ViewMessage message) override;
+
+protected:
+    std::string MasterSql() const override;
+    std::string DetailSql(std::int32_t prodId) const override;
+    std::string SubdetailSql() const override;
+    bool FilterActive() const override { return m_filter.IsActive(); }
+
+private:
+    void OnAddProduct();
+    void OnEditProduct();
+    void OnFilterProducts();
+    void OnAddDate();
+    void OnEditDate();
+    void OnDeleteDate();
+    void OnAddPackaging();
+    void OnEditPackaging();
+    void OnDeletePackaging();
+    void OnAssignCovers();
+
+    /// The packaging definition of the selected product was changed.
+    void PackagingChanged();
+
+    ProdFilter m_filter;
+};

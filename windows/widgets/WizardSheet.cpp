@@ -1,0 +1,99 @@
+#include "windows/widgets/WizardSheet.h"
+
+#include <QBoxLayout>
+#include <QFrame>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QStackedWidget>
+
+namespace {
+
+/// Makes Tab go to the chosen one of each group, from where the arrows choose another; the toolkit sees to it only once
+/// one of them has had the focus.
+void LetTabFindChosen(const QWidget& page) {
+    for (QRadioButton* const button : page.findChildren<QRadioButton*>())
+        button->setFocusPolicy(button->isChecked() ? Qt::StrongFocus : Qt::ClickFocus);
+}
+
+} // namespace
+
+void CWizardPage::OnSetActive() {
+    Sheet().SetButtons(Sheet().IsLast(*this) ? CWizardSheet::Ending::Finish : CWizardSheet::Ending::Next);
+}
+
+CWizardSheet::CWizardSheet(QWidget* parent) : QDialog(parent), m_stack(new QStackedWidget) {
+    auto* line = new QFrame;
+    line->setFrameShape(QFrame::HLine);
+    line->setFrameShadow(QFrame::Sunken);
+    auto* row = new QHBoxLayout;
+    row->addStretch();
+    const auto add = [&](const char* name, const QString& text) {
+        auto* button = new QPushButton(text);
+        button->setObjectName(QString::fromLatin1(name));
+        row->addWidget(button);
+        return button;
+    };
+    m_back = add("back", QStringLiteral("< &Zpět"));
+    m_next = add("next", QStringLiteral("&Další >"));
+    m_finish = add("finish", QStringLiteral("Dokončit"));
+    QPushButton* cancel = add("cancel", QStringLiteral("Storno"));
+    cancel->setAutoDefault(false);
+    m_back->setAutoDefault(false);
+
+    auto* all = new QVBoxLayout(this);
+    all->addWidget(m_stack);
+    all->addWidget(line);
+    all->addLayout(row);
+    connect(m_back, &QPushButton::clicked, this, [this] { Show(m_current - 1); });
+    connect(m_next, &QPushButton::clicked, this, &CWizardSheet::PressNext);
+    connect(m_finish, &QPushButton::clicked, this, &CWizardSheet::PressFinish);
+    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+CWizardSheet::~CWizardSheet() {
+    for (CWizardPage* page : m_pages) {
+        m_stack->removeWidget(page);
+        page->setParent(nullptr);
+        page->m_sheet = nullptr;
+    }
+}
+
+void CWizardSheet::AddPage(CWizardPage& page) {
+    page.m_sheet = this;
+    m_pages.append(&page);
+    m_stack->addWidget(&page);
+}
+
+bool CWizardSheet::Run() {
+    m_back->setVisible(!IsOnlyPage());
+    if (IsOnlyPage())
+        m_finish->setText(QStringLiteral("OK"));
+    Show(0);
+    return exec() == Accepted;
+}
+
+void CWizardSheet::Show(int index) {
+    m_current = index;
+    setWindowTitle(Current().windowTitle());
+    m_stack->setCurrentWidget(&Current());
+    m_back->setEnabled(index > 0);
+    LetTabFindChosen(Current());
+    Current().OnSetActive();
+}
+
+void CWizardSheet::SetButtons(Ending ending) {
+    const bool finishes = ending == Ending::Finish;
+    m_next->setVisible(!finishes);
+    m_finish->setVisible(finishes);
+    (finishes ? m_finish : m_next)->setDefault(true);
+}
+
+void CWizardSheet::PressNext() {
+    if (m_next->isVisible() && Current().OnWizardNext())
+        Show(m_current + 1);
+}
+
+void CWizardSheet::PressFinish() {
+    if (m_finish->isVisible() && Current().OnWizardFinish())
+        accept();
+}

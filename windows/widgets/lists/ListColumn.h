@@ -1,0 +1,49 @@
+#pragma once
+
+#include "core/base/CodeLists.h"
+
+#include <QString>
+
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+class CDataStore;
+class CRecordset;
+
+/// The text of a cell, made from the recordset's current record. May raise ComError.
+using CellText = std::function<QString(const CDataStore& store, const CRecordset& record)>;
+
+/// The field's value as every list shows it.
+CellText Field(const char* column);
+/// The text of a code-list index.
+CellText Code(const char* column, CodeList list);
+/// The field's value, or "-" for a packaging row that applies to any quantity.
+CellText UsedQuantity(const char* column);
+
+struct ListColumn {
+    QString header;
+    CellText text;
+    /// What a click on the header sorts by; null: the list's default.
+    const char* sortField = nullptr;
+};
+
+/// What a list shows and how it behaves; the rows come with each fill.
+struct ListSpec {
+    /// The row to select after a fill when no id was asked for, or when it is not there.
+    enum class Fallback { First, Last, None };
+
+    QString objectName;
+    std::vector<ListColumn> columns;
+    /// The column that holds the record's key, the row's item data.
+    const char* keyField = nullptr;
+    const char* defaultSort = nullptr;
+    int sortColumn = 0;
+    bool multiSelection = false;
+    bool clickableHeader = true;
+    /// Grid lines, and columns that can be dragged to another place.
+    bool grid = true;
+    Fallback fallback = Fallback::First;
+    /// Whether a fill that asks for no id selects again what was selected before it.
+    bool keepsSelection = true;
+};

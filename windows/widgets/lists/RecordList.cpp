@@ -1,0 +1,266 @@
+#include "windows/widgets/lists/RecordList.h"
+
+#include "core/store/DataStore.h"
+#include "windows/widgets/Guarded.h"
+#include "windows/widgets/WaitCursor.h"
+#include "windows/widgets/lists/RowDelegate.h"
+
+#include <QContextMenuEvent>
+#include <QHeaderView>
+#include <QScrollBar>
+
+#include <algorithm>
+
+namespace {
+
+/// Columns are measured by so many rows at each end of what is seen; reading a million for it would take minutes.
+constexpr int MeasuredRows = 200;
+constexpr int CellPadding = 12;
+constexpr int SortMarkWidth = 16;
+/// Longer lists are not searched by typing: letters that no row begins with would read all of them.
+constexpr int SearchedRows = 20000;
+
+/// Up for ascending, as the users' other programs draw it, whatever the style thinks.
+class SortHeader : public QHeaderView {
+public:
+    explicit SortHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {}
+
+protected:
+    void initStyleOptionForIndex(QStyleOptionHeader* option, int section) const override {
+        QHeaderView::initStyleOptionForIndex(option, section);
+        if (option->sortIndicator != QStyleOptionHeader::None)
+            option->sortIndicator =
+                sortIndicatorOrder() == Qt::AscendingOrder ? QStyleOptionHeader::SortUp : QStyleOptionHeader::SortDown;
+    }
+};
+
+/// Redrawing is suspended while it lives.
+class NoRedraw {
+public:
+    explicit NoRedraw(QWidget& widget) : m_widget(widget) { m_widget.setUpdatesEnabled(false); }
+    ~NoRedraw() { m_widget.setUpdatesEnabled(true); }
+    NoRedraw(const NoRedraw&) = delete;
+    NoRedraw& operator=(const NoRedraw&) = delete;
+
+private:
+    QWidget& m_widget;
+};
+
+} // namespace
+
+RecordList::RecordList(CDataStore& store, ListSpec spec, QWidget* parent)
+    : QTableView(parent), m_store(store), m_spec(std::move(spec)),
+      m_model(new RecordListModel(store, m_spec.columns, m_spec.keyField, this)), m_delegate(new RowDelegate(this)),
+      m_sortColumn(m_spec.sortColumn) {
+    setObjectName(m_spec.objectName);
+    setHorizontalHeader(new SortHeader(this));
+    setModel(m_model);
+    setItemDelegate(m_delegate);
+    setSelectionBehavior(SelectRows);
+    setSelectionMode(m_spec.multiSelection ? ExtendedSelection : SingleSelection);
+    setEditTriggers(NoEditTriggers);
+    setShowGrid(m_spec.grid);
+    setTabKeyNavigation(false);
+    setWordWrap(false);
+    setHorizontalScrollMode(ScrollPerPixel);
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
+    SetUpHeader();
+    connect(this, &QAbstractItemView::doubleClicked, this, &RecordList::rowDoubleClicked);
+    connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
+        if (!m_filling)
+            emit rowsSelected();
+    });
+}
+
+void RecordList::SetUpHeader() {
+    QHeaderView* header = horizontalHeader();
+    header->setSectionsMovable(m_spec.grid);
+    header->setSectionsClickable(m_spec.clickableHeader);
+    header->setHighlightSections(false);
+    header->setMinimumSectionSize(24);
+    if (m_spec.clickableHeader)
+        connect(header, &QHeaderView::sectionClicked, this, &RecordList::SortBy);
+}
+
+void RecordList::SortBy(int column) {
+    m_descending = column == m_sortColumn && !m_descending;
+    m_sortColumn = column;
+    emit sortChanged();
+}
+
+std::string RecordList::OrderedSql(const std::string& sql) const {
+    if (!m_spec.clickableHeader)
+        return sql;
+    const char* field = m_spec.columns[static_cast<std::size_t>(m_sortColumn)].sortField;
+    return sql + " ORDER BY " + (field != nullptr ? field : m_spec.defaultSort) + (m_descending ? " DESC" : "");
+}
+
+bool RecordList::FillKeeping(const std::string& sql, std::int32_t id) {
+    const WaitCursor wait;
+    const NoRedraw still(*this);
+    m_filling = true;
+    const bool filled = Guarded([&] {
+        if (id == KeepSelection)
+            id = m_spec.keepsSelection ? SelectedId() : NoId;
+        m_model->Clear();
+        m_store.OpenRecordset(m_records, OrderedSql(sql), CursorType::Keyset, LockType::Optimistic, CommandType::Text);
+        m_model->Show(m_records);
+    });
+    SelectAfterFill(id);
+    m_filling = false;
+    return filled;
+}
+
+bool RecordList::Fill(const std::string& sql, std::int32_t id) {
+    const WaitCursor wait;
+    const NoRedraw still(*this);
+    m_filling = true;
+    const bool filled = Guarded([&] {
+        if (id == KeepSelection)
+            id = m_spec.keepsSelection ? SelectedId() : NoId;
+        m_model->Clear();
+        if (!sql.empty())
+            m_model->Take(*m_store.Query(OrderedSql(sql)));
+    });
+    SelectAfterFill(id);
+    m_filling = false;
+    return filled;
+}
+
+void RecordList::SelectAfterFill(std::int32_t id) {
+    int row = -1;
+    Guarded([&] { row = id > NoId ? m_model->RowOf(id) : -1; });
+    if (row < 0 && RowCount() > 0 && m_spec.fallback != ListSpec::Fallback::None)
+        row = m_spec.fallback == ListSpec::Fallback::Last ? RowCount() - 1 : 0;
+    if (row >= 0)
+        SelectRow(row);
+    if (m_spec.clickableHeader) {
+        horizontalHeader()->setSortIndicatorShown(true);
+        horizontalHeader()->setSortIndicator(m_sortColumn, m_descending ? Qt::DescendingOrder : Qt::AscendingOrder);
+    }
+    AutosizeColumns();
+}
+
+int RecordList::FocusedRow() const {
+    return currentIndex().isValid() ? currentIndex().row() : -1;
+}
+
+std::vector<int> RecordList::SelectedRows() const {
+    std::vector<int> rows;
+    for (const QItemSelectionRange& range : selectionModel()->selection())
+        for (int row = range.top(); row <= range.bottom(); ++row)
+            rows.push_back(row);
+    std::sort(rows.begin(), rows.end());
+    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+    return rows;
+}
+
+int RecordList::SelectedRow() const {
+    int first = -1;
+    for (const QItemSelectionRange& range : selectionModel()->selection())
+        if (first < 0 || range.top() < first)
+            first = range.top();
+    return first;
+}
+
+int RecordList::SelectedCount() const {
+    const QItemSelection selection = selectionModel()->selection();
+    return selection.size() == 1 ? selection.front().height() : static_cast<int>(SelectedRows().size());
+}
+
+std::int32_t RecordList::SelectedId() const {
+    const int row = SelectedRow();
+    return row < 0 ? NoId : Id(row);
+}
+
+QString RecordList::CellText(int row, int column) const {
+    return m_model->data(m_model->index(row, column), Qt::DisplayRole).toString();
+}
+
+void RecordList::SelectRow(int row) {
+    const QModelIndex index = m_model->index(row, std::max(0, currentIndex().column()));
+    selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    const int column = horizontalScrollBar()->value();
+    scrollTo(index);
+    horizontalScrollBar()->setValue(column);
+}
+
+void RecordList::DeselectAll() {
+    selectionModel()->clear();
+}
+
+const RecordsetPtr& RecordList::Records() const {
+    if (!m_records)
+        throw ComError("recordset", {}, ResultCode::ObjectClosed, QStringLiteral("Sada záznamů není otevřena."));
+    return m_records;
+}
+
+void RecordList::RemoveRow(int row) {
+    Guarded([&] { m_model->RemoveRow(row); });
+}
+
+int RecordList::FittingWidth(int column) const {
+    const QString caption = m_model->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
+    int width = horizontalHeader()->fontMetrics().horizontalAdvance(caption) + CellPadding;
+    if (m_spec.clickableHeader && column == m_sortColumn)
+        width += SortMarkWidth;
+    const auto measure = [&](int from, int to) {
+        for (int row = std::max(0, from); row < std::min(to, RowCount()); ++row)
+            width = std::max(width, m_delegate->TextWidth(CellText(row, column), font()) + CellPadding);
+    };
+    measure(0, MeasuredRows);
+    const int top = rowAt(0);
+    measure(std::max(top, MeasuredRows), top + MeasuredRows);
+    return width;
+}
+
+void RecordList::AutosizeColumns() {
+    const int last = m_model->columnCount() - 1;
+    for (int column = 0; column < last; ++column)
+        setColumnWidth(column, FittingWidth(column));
+    m_lastColumnWidth = FittingWidth(last);
+    StretchLastColumn();
+}
+
+void RecordList::StretchLastColumn() {
+    const int last = m_model->columnCount() - 1;
+    int others = 0;
+    for (int column = 0; column < last; ++column)
+        others += columnWidth(column);
+    setColumnWidth(last, std::max(m_lastColumnWidth, viewport()->width() - others));
+}
+
+void RecordList::keyboardSearch(const QString& search) {
+    if (RowCount() <= SearchedRows)
+        QTableView::keyboardSearch(search);
+}
+
+void RecordList::resizeEvent(QResizeEvent* event) {
+    QTableView::resizeEvent(event);
+    StretchLastColumn();
+}
+
+void RecordList::contextMenuEvent(QContextMenuEvent* event) {
+    if (event->reason() == QContextMenuEvent::Mouse) {
+        emit menuWanted(event->globalPos(), indexAt(event->pos()).isValid());
+        return;
+    }
+    // The menu key: at the focused row.
+    const QRect row = visualRect(currentIndex());
+    emit menuWanted(viewport()->mapToGlobal(row.isValid() ? row.bottomLeft() : QPoint()), row.isValid());
+}
+
+/// Home and End go to the first and last row, as in any list; the columns are no cells to walk through.
+QModelIndex RecordList::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
+    // Taking the focus looks for the next cell: a row made current there, but not selected, would be skipped by Down.
+    if (action == MoveNext && !currentIndex().isValid())
+        return {};
+    const int column = std::max(0, currentIndex().column());
+    if (action == MoveHome && RowCount() > 0)
+        return m_model->index(0, column);
+    if (action == MoveEnd && RowCount() > 0)
+        return m_model->index(RowCount() - 1, column);
+    return QTableView::moveCursor(action, modifiers);
+}

@@ -1,0 +1,92 @@
+#pragma once
+
+#include "windows/widgets/lists/RecordListModel.h"
+
+#include <QTableView>
+
+#include <string>
+
+class RowDelegate;
+
+/// A list of records: filled by an SQL text, sorted by its header, with the selection kept by id over a refill.
+class RecordList : public QTableView {
+    Q_OBJECT
+
+public:
+    /// For a fill: keep the id that is selected now, in a list that keeps its selection.
+    static constexpr std::int32_t KeepSelection = -1;
+    /// For a fill: no id, the list's fallback row is selected.
+    static constexpr std::int32_t NoId = 0;
+
+    RecordList(CDataStore& store, ListSpec spec, QWidget* parent);
+
+    /// Fills the list from a query on one table, whose recordset stays open, and selects the row of the id. `sql` comes
+    /// without its order when the header is clickable. False after an error, which was shown; what was filled so far
+    /// stays.
+    bool FillKeeping(const std::string& sql, std::int32_t id);
+    /// The same from a recordset that is closed after the fill. An empty text empties the list.
+    bool Fill(const std::string& sql, std::int32_t id);
+
+    /// −1 when there is none.
+    int FocusedRow() const;
+    /// The first selected row; −1 when there is none.
+    int SelectedRow() const;
+    /// In list order.
+    std::vector<int> SelectedRows() const;
+    int SelectedCount() const;
+    std::int32_t Id(int row) const { return m_model->Id(row); }
+    /// `NoId` when no row is selected.
+    std::int32_t SelectedId() const;
+    QString CellText(int row, int column) const;
+    int RowCount() const { return m_model->rowCount(); }
+    /// Scrolls to the row and makes it the only selected one, and the focused one.
+    void SelectRow(int row);
+    /// No row is selected or focused; the list stays where it is scrolled to.
+    void DeselectAll();
+
+    /// The open recordset of a list filled by `FillKeeping`; record i is row i. Raises ComError before the first fill.
+    const RecordsetPtr& Records() const;
+    void RefreshRow(int row) { m_model->RefreshRow(row); }
+    void RefreshAllRows() { m_model->RefreshAllRows(); }
+    /// Takes the row out of the list (and its record out of the recordset).
+    void RemoveRow(int row);
+
+    int SortColumn() const { return m_sortColumn; }
+    bool SortDescending() const { return m_descending; }
+    /// Columns to fit contents and header; the last one takes what is left.
+    void AutosizeColumns();
+    /// Typed letters look for a row, except in a list too long to be read for it.
+    void keyboardSearch(const QString& search) override;
+
+signals:
+    /// The user changed the selection (a fill does not tell).
+    void rowsSelected();
+    /// A header click; the owner fills the list again.
+    void sortChanged();
+    void rowDoubleClicked();
+    /// A right click, at this point of the screen.
+    void menuWanted(const QPoint& screen, bool onRow);
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
+
+private:
+    void SetUpHeader();
+    void SortBy(int column);
+    std::string OrderedSql(const std::string& sql) const;
+    void SelectAfterFill(std::int32_t id);
+    int FittingWidth(int column) const;
+    void StretchLastColumn();
+
+    CDataStore& m_store;
+    ListSpec m_spec;
+    RecordListModel* m_model;
+    RowDelegate* m_delegate;
+    RecordsetPtr m_records;
+    int m_sortColumn;
+    bool m_descending = false;
+    bool m_filling = false;
+    int m_lastColumnWidth = 0;
+};
