@@ -3,7 +3,7 @@
 #include "bench/support/Pairs.h"
 
 #include "core/base/SqlText.h"
-#include "core/rules/ItemCovers.h"
+#include "core/rules/Recomputation.h"
 #include "windows/frame/doors/Desktop.h"
 #include "windows/registers/products/PageProd.h"
 #include "windows/widgets/lists/RecordList.h"

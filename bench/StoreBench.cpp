@@ -6,7 +6,7 @@
 #include "core/base/Progress.h"
 #include "core/base/SqlText.h"
 #include "core/rules/BulkRecompute.h"
-#include "core/store/DataStore.h"
+#include "core/store/CommitGroup.h"
 
 #include <cstdio>
 #include <cstdlib>

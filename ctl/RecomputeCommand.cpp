@@ -1,6 +1,5 @@
 #include "core/base/SqlText.h"
 #include "core/rules/BulkRecompute.h"
-#include "core/rules/ItemCovers.h"
 #include "core/store/DataStore.h"
 #include "ctl/Commands.h"
 #include "ctl/Failure.h"
@@ -11,22 +10,21 @@
 
 namespace {
 
-void PrintCount(std::int64_t lines) {
-    PrintLine(QStringLiteral("%1 lines").arg(lines));
-}
-
-bool RecomputeProduct(std::int32_t product) {
-    if (g_dataStore.Query(SqlText("SELECT * FROM Product WHERE prod_id = %li", product))->get_EOF())
+/// Lines of a product that is gone can be computed as well.
+void RequireProduct(std::int32_t product) {
+    if (g_dataStore.Query(SqlText("SELECT * FROM Product WHERE prod_id = %li", product))->get_EOF() &&
+        g_dataStore.Query(SqlText("SELECT * FROM Move_Prod WHERE prod_id = %li", product))->get_EOF())
         throw Failure(QStringLiteral("there is no product %1").arg(product));
-    PrintCount(RecomputeProductCovers(g_dataStore, product));
-    return true;
 }
 
-bool RecomputeAll(CTerminal& terminal) {
+bool Recompute(std::int32_t product, CTerminal& terminal) {
+    if (product != 0)
+        RequireProduct(product);
     std::int64_t lines = 0;
-    const BulkResult result = RecomputeAllIssues(g_dataStore, terminal, lines);
+    const BulkResult result = product != 0 ? RecomputeIssuesOfProduct(g_dataStore, product, terminal, lines)
+                                           : RecomputeAllIssues(g_dataStore, terminal, lines);
     // Also after a cancel or an error: these lines are done and stay.
-    PrintCount(lines);
+    PrintLine(QStringLiteral("%1 lines").arg(lines));
     return result == BulkResult::Done;
 }
 
@@ -38,8 +36,6 @@ void AddRecompute(CLI::App& app, Action& action) {
     AddNumber(*command, "--product", *product, 1, std::numeric_limits<int>::max(), "Only the lines of this product")
         ->option_text("ID");
     command->callback([product, &action] {
-        action = [product](CTerminal& terminal) {
-            return OpenStore() && (*product != 0 ? RecomputeProduct(*product) : RecomputeAll(terminal));
-        };
+        action = [product](CTerminal& terminal) { return OpenStore() && Recompute(*product, terminal); };
     });
 }

@@ -27,15 +27,26 @@ void ForEachRow(ISourceRows& rows, IProgress& progress, const QString& phase, co
     }
 }
 
-void ImportProducts(ISourceProducts& products, CImportWriter& writer, IProgress& progress, const QString& phase) {
-    ForEachRow(products, progress, phase, [&] { writer.WriteProduct(products.Product()); });
+/// Runs one phase; whatever ends it, what it wrote is kept.
+template <class Phase>
+void Write(CImportWriter& writer, const Phase& phase) {
+    try {
+        phase();
+    } catch (...) {
+        writer.Keep();
+        throw;
+    }
     writer.Finish();
+}
+
+void ImportProducts(ISourceProducts& products, CImportWriter& writer, IProgress& progress, const QString& phase) {
+    Write(writer, [&] { ForEachRow(products, progress, phase, [&] { writer.WriteProduct(products.Product()); }); });
 }
 
 void ImportLines(ISourceLines& lines, CImportWriter& writer, IProgress& progress) {
     SourceDocumentKey previous;
     bool imported = false;
-    ForEachRow(lines, progress, QStringLiteral("Importuji skladové pohyby"), [&] {
+    const auto write = [&] {
         if (SourceDocumentKey document = lines.Document(); document != previous) {
             previous = std::move(document);
             imported = false;
@@ -44,8 +55,8 @@ void ImportLines(ISourceLines& lines, CImportWriter& writer, IProgress& progress
         }
         if (imported)
             writer.WriteLine(lines.Line());
-    });
-    writer.Finish();
+    };
+    Write(writer, [&] { ForEachRow(lines, progress, QStringLiteral("Importuji skladové pohyby"), write); });
 }
 
 } // namespace

@@ -2,7 +2,6 @@
 
 #include "core/base/ComError.h"
 #include "core/base/SqlText.h"
-#include "core/rules/ItemCovers.h"
 
 #include <limits>
 
@@ -35,7 +34,7 @@ Variant TextOf(const Variant& value) {
 CImportWriter::CImportWriter(CDataStore& store, const IImportSource& source, ExistingRecords policy,
                              IOverwriteDoor& door, ImportCounts& counts)
     : m_store(store), m_code(static_cast<std::int32_t>(source.Code())), m_name(source.Name()), m_policy(policy),
-      m_door(door), m_kept(counts), m_written(counts) {}
+      m_door(door), m_kept(counts), m_written(counts), m_lines(store) {}
 
 template <class Question>
 bool CImportWriter::MayOverwrite(const Question& question) {
@@ -128,24 +127,9 @@ bool CImportWriter::WriteDocument(const SourceDocument& document) {
 }
 
 void CImportWriter::WriteLine(const SourceLine& line) {
-    if (!m_lines) {
-        m_lines = m_store.Table("Move_Prod");
-        m_covers = m_store.Table("Move_Cover");
-    }
     if (!FindProduct(KeyOf(line.product.key)))
         StoreProduct(line.product, true);
-    const std::int32_t prodId = m_product->Long("prod_id");
-    const Currency quantity = ToCurrency(line.quantity);
-    m_lines->AddNew();
-    m_lines->put_Collect("move_id", m_moveId);
-    m_lines->put_Collect("prod_id", prodId);
-    m_lines->put_Collect("mvprod_qty", quantity);
-    m_lines->Update();
-    ComputeItemCovers(m_store, m_covers, m_lines->get_Collect("mvprod_id"), m_moveId, prodId, quantity,
-                      ToDate(line.date));
-    // The computation shows its errors and goes on; on a full disk the document that the line belongs to is gone.
-    if (m_group->HasLost())
-        throw ComError("import", {}, ResultCode::DiskFull, QStringLiteral("Rozepsané záznamy se nepodařilo uložit."));
+    m_lines.Add(m_moveId, m_product->Long("prod_id"), ToCurrency(line.quantity), ToDate(line.date));
 }
 
 void CImportWriter::BeginGroup() {
@@ -162,4 +146,9 @@ void CImportWriter::BeginRecord() {
 void CImportWriter::Finish() {
     if (m_group)
         m_group->Finish();
+}
+
+void CImportWriter::Keep() noexcept {
+    if (m_group)
+        m_group->Keep();
 }

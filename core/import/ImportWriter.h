@@ -3,7 +3,8 @@
 #include "core/import/ImportOptions.h"
 #include "core/import/ImportSource.h"
 #include "core/import/OverwriteDoor.h"
-#include "core/store/DataStore.h"
+#include "core/rules/IssueLines.h"
+#include "core/store/CommitGroup.h"
 
 #include <optional>
 
@@ -14,7 +15,7 @@ struct ImportCounts {
 };
 
 /// Writes what one phase of an import read: finds the record of an earlier import, decides whether to overwrite it,
-/// writes and counts. Every member raises ComError; what was written before it stays.
+/// writes and counts. Every member raises ComError; what was written before it stays with `Keep`.
 ///
 /// Commits are joined, between whole records only: a product, or a document with all its lines, so that an import that
 /// is killed leaves no half of a document for the next one to keep.
@@ -32,6 +33,8 @@ public:
     void WriteLine(const SourceLine& line);
     /// Commits the rest.
     void Finish();
+    /// The same for an import that an error or the user ended.
+    void Keep() noexcept;
 
 private:
     /// The question as a function, since most records need none.
@@ -54,8 +57,7 @@ private:
     ImportCounts m_written;
     RecordsetPtr m_product;
     RecordsetPtr m_document;
-    RecordsetPtr m_lines;
-    RecordsetPtr m_covers;
+    CIssueLines m_lines;
     Variant m_moveId;
     std::optional<CCommitGroup> m_group;
 };

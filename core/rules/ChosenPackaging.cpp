@@ -14,15 +14,12 @@ void AddPackagingRows(CDataStore& store, const RecordsetPtr& target, std::int32_
     }
     const RecordsetPtr items =
         store.Query(SqlText("SELECT * FROM CompCover_Item WHERE ccover_id = %li", chosen.compositeId));
-    CCommitGroup group(store);
     for (; !items->get_EOF(); items->MoveNext()) {
         target->AddNew();
         target->put_Collect("dt_id", dtId);
         CopyRule(*items, *target);
         target->Update();
-        group.RecordDone();
     }
-    group.Finish();
 }
 
 RecordsetPtr DefinitionsOfDay(CDataStore& store, std::int32_t prodId, const DateTime& day) {

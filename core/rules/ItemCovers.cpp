@@ -40,55 +40,40 @@ Currency Pieces(const CRecordset& row, Currency quantity) {
 
 } // namespace
 
-int ComputeItemCovers(CDataStore& store, const RecordsetPtr& target, const Variant& mvprodId, const Variant& moveId,
-                      std::int32_t prodId, Currency quantity, const DateTime& issueDate) {
+int AddItemCovers(CDataStore& store, const RecordsetPtr& target, const Variant& mvprodId, const Variant& moveId,
+                  std::int32_t prodId, Currency quantity, const DateTime& issueDate) {
     if (!issueDate.IsValid())
         return -1;
+    RecordsetPtr rows;
+    const std::int32_t definition = DefinitionInForce(store, rows, prodId, issueDate);
+    if (definition == 0)
+        return 0;
+    store.OpenRecordset(rows, SqlText("SELECT * FROM  Prod_Cover WHERE dt_id = %li", definition), CursorType::Keyset,
+                        LockType::Optimistic, CommandType::Text);
+    int count = 0;
+    for (; !rows->get_EOF(); rows->MoveNext()) {
+        if (!Applies(*rows, quantity))
+            continue;
+        target->AddNew();
+        target->put_Collect("mvprod_id", mvprodId);
+        target->put_Collect("move_id", moveId);
+        target->put_Collect("cover_id", rows->get_Collect("cover_id"));
+        target->put_Collect("mvcover_qty", Pieces(*rows, quantity));
+        target->put_Collect("cover_type", rows->get_Collect("cover_type"));
+        target->put_Collect("cover_org", rows->get_Collect("cover_org"));
+        target->put_Collect("cover_pay", rows->get_Collect("cover_pay"));
+        target->Update();
+        ++count;
+    }
+    return count;
+}
+
+int ComputeItemCovers(CDataStore& store, const RecordsetPtr& target, const Variant& mvprodId, const Variant& moveId,
+                      std::int32_t prodId, Currency quantity, const DateTime& issueDate) {
     try {
-        RecordsetPtr rows;
-        const std::int32_t definition = DefinitionInForce(store, rows, prodId, issueDate);
-        if (definition == 0)
-            return 0;
-        store.OpenRecordset(rows, SqlText("SELECT * FROM  Prod_Cover WHERE dt_id = %li", definition),
-                            CursorType::Keyset, LockType::Optimistic, CommandType::Text);
-        int count = 0;
-        for (; !rows->get_EOF(); rows->MoveNext()) {
-            if (!Applies(*rows, quantity))
-                continue;
-            target->AddNew();
-            target->put_Collect("mvprod_id", mvprodId);
-            target->put_Collect("move_id", moveId);
-            target->put_Collect("cover_id", rows->get_Collect("cover_id"));
-            target->put_Collect("mvcover_qty", Pieces(*rows, quantity));
-            target->put_Collect("cover_type", rows->get_Collect("cover_type"));
-            target->put_Collect("cover_org", rows->get_Collect("cover_org"));
-            target->put_Collect("cover_pay", rows->get_Collect("cover_pay"));
-            target->Update();
-            ++count;
-        }
-        return count;
+        return AddItemCovers(store, target, mvprodId, moveId, prodId, quantity, issueDate);
     } catch (const ComError& error) {
         ShowComError(error);
         return -1;
     }
-}
-
-int RecomputeProductCovers(CDataStore& store, std::int32_t prodId) {
-    const RecordsetPtr target = store.Table("Move_Cover");
-    const RecordsetPtr lines =
-        store.Query(SqlText("SELECT Move.move_date, Move_Prod.* FROM Move INNER JOIN Move_Prod ON "
-                            "Move.move_id = Move_Prod.move_id WHERE (Move_Prod.prod_id=%li) ",
-                            prodId));
-    CCommitGroup group(store);
-    int count = 0;
-    for (; !lines->get_EOF(); lines->MoveNext()) {
-        const Variant mvprodId = lines->get_Collect("mvprod_id");
-        store.ExecuteSQL(SqlText("DELETE FROM Move_Cover WHERE mvprod_id = %li", ToLong(mvprodId)));
-        ComputeItemCovers(store, target, mvprodId, lines->get_Collect("move_id"), prodId,
-                          ToCurrency(lines->get_Collect("mvprod_qty")), ToDate(lines->get_Collect("move_date")));
-        group.RecordDone();
-        ++count;
-    }
-    group.Finish();
-    return count;
 }

@@ -8,10 +8,10 @@
 ///
 /// `target` is the table "Move_Cover" opened for appending, reused across calls; `mvprodId` and `moveId` are written as
 /// they are. The quantity is in products, in ten-thousandths. Answers the number of rows added; −1 when the date is not
-/// valid, and after a database error was shown (rows added before it stay).
+/// valid. Raises ComError; rows added before it stay.
+int AddItemCovers(CDataStore& store, const RecordsetPtr& target, const Variant& mvprodId, const Variant& moveId,
+                  std::int32_t prodId, Currency quantity, const DateTime& issueDate);
+
+/// The same; a database error is shown and answered with −1.
 int ComputeItemCovers(CDataStore& store, const RecordsetPtr& target, const Variant& mvprodId, const Variant& moveId,
                       std::int32_t prodId, Currency quantity, const DateTime& issueDate);
-
-/// Deletes and computes anew the packaging of every issue line of one product; changes made by hand are lost. Answers
-/// the number of lines. Raises ComError; the lines done before it keep their new rows.
-int RecomputeProductCovers(CDataStore& store, std::int32_t prodId);

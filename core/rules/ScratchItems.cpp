@@ -2,17 +2,20 @@
 
 #include "core/base/SqlText.h"
 #include "core/rules/PackagingRule.h"
-#include "core/store/DataStore.h"
+#include "core/store/Edit.h"
 
 void ScratchItems::Load(CDataStore& store, std::int32_t compositeId) {
-    store.ExecuteSQL("DELETE FROM TmpCover_Item");
-    const RecordsetPtr items = store.Query(SqlText("SELECT * FROM CompCover_Item WHERE ccover_id = %li", compositeId));
-    const RecordsetPtr scratch = store.Table("TmpCover_Item");
-    for (; !items->get_EOF(); items->MoveNext()) {
-        scratch->AddNew();
-        CopyRule(*items, *scratch);
-        scratch->Update();
-    }
+    InOneEdit(store, [&] {
+        store.ExecuteSQL("DELETE FROM TmpCover_Item");
+        const RecordsetPtr items =
+            store.Query(SqlText("SELECT * FROM CompCover_Item WHERE ccover_id = %li", compositeId));
+        const RecordsetPtr scratch = store.Table("TmpCover_Item");
+        for (; !items->get_EOF(); items->MoveNext()) {
+            scratch->AddNew();
+            CopyRule(*items, *scratch);
+            scratch->Update();
+        }
+    });
 }
 
 void ScratchItems::Store(CDataStore& store, std::int32_t compositeId) {

@@ -10,7 +10,8 @@ namespace ScratchItems {
 /// Empties the scratch table and copies the composite's items into it; none for an id that there is not. Raises
 /// ComError; what was copied before stays.
 void Load(CDataStore& store, std::int32_t compositeId);
-/// Appends the scratch rows to the composite's items. Raises ComError; what was copied before stays.
+/// Appends the scratch rows to the composite's items, within the edit that is open. Raises ComError; what was copied
+/// before stays.
 void Store(CDataStore& store, std::int32_t compositeId);
 
 } // namespace ScratchItems

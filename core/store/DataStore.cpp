@@ -23,6 +23,11 @@ CEngine& CDataStore::Engine() const {
     return *m_engine;
 }
 
+std::shared_ptr<CEngine> CDataStore::SharedEngine() const {
+    Engine();
+    return m_engine;
+}
+
 bool CDataStore::IsOpen() const {
     return m_engine != nullptr && m_engine->IsOpen();
 }
@@ -47,15 +52,9 @@ bool CDataStore::CloseDatabase() {
         return true;
     const std::shared_ptr<CEngine> engine = std::move(m_engine);
     m_engine.reset();
-    try {
-        engine->Close();
-        return true;
-    } catch (const ComError&) {
-        // What recordsets still hold of it must not keep the file.
-        engine->AbandonGroup();
-        engine->Close();
-        return false;
-    }
+    const bool atRest = !engine->InGroup();
+    engine->Close();
+    return atRest;
 }
 
 bool CDataStore::CompactDatabase() {
@@ -121,45 +120,4 @@ bool CDataStore::MoveToRecord(const RecordsetPtr& recordset, int position) {
 QString CDataStore::CodeListText(CodeList list, int index) const {
     const QStringList& texts = Codes(list);
     return index >= 0 && index < texts.size() ? texts[index] : QStringLiteral("???");
-}
-
-CCommitGroup::CCommitGroup(CDataStore& store, std::function<void()> kept)
-    : m_engine(store.m_engine), m_kept(std::move(kept)), m_open(!store.Engine().InGroup()) {
-    if (m_open)
-        m_engine->BeginGroup();
-}
-
-CCommitGroup::~CCommitGroup() {
-    try {
-        Finish();
-    } catch (const ComError& error) {
-        if (!m_raised)
-            ShowComError(error);
-    }
-}
-
-void CCommitGroup::RecordDone() {
-    if (!m_open)
-        return;
-    m_raised = true;
-    if (m_engine->RecordDone() && m_kept)
-        m_kept();
-    m_raised = false;
-}
-
-void CCommitGroup::Finish() {
-    if (!m_open)
-        return;
-    m_open = false;
-    try {
-        if (m_engine->EndGroup() && m_kept)
-            m_kept();
-    } catch (const ComError&) {
-        m_engine->AbandonGroup();
-        throw;
-    }
-}
-
-bool CCommitGroup::HasLost() const {
-    return m_open && m_engine->HasLost();
 }

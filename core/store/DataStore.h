@@ -26,7 +26,7 @@ public:
     /// there, not ours, damaged or write-protected. With `checkIntegrity` the whole file is read, and damage anywhere
     /// counts as a file that cannot be opened.
     bool OpenDatabase(bool checkIntegrity = false);
-    /// True also when nothing is open; false, without a message, when the engine reports an error while closing.
+    /// True also when nothing is open; false when a commit group or an edit was open, which is taken back.
     bool CloseDatabase();
     bool IsOpen() const;
     /// Closes the database, lets the engine give back unused space, and deletes the safety copy "KuvelTmp.MDB". False
@@ -51,39 +51,14 @@ public:
     /// "???" for an index outside the list.
     QString CodeListText(CodeList list, int index) const;
 
+    /// Raises ComError when nothing is open; so does the next.
     CEngine& Engine() const;
+    /// For what must end a transaction after the database was closed, too.
+    std::shared_ptr<CEngine> SharedEngine() const;
 
 private:
-    friend class CCommitGroup;
-
     std::shared_ptr<CEngine> m_engine;
     std::array<QStringList, CodeListCount> m_codeLists;
 };
 
 extern CDataStore g_dataStore;
-
-/// Joins the commits of a bulk operation. Call `RecordDone` after each whole record; at least every 5,000 rows or every
-/// second what is written is committed. Whatever ends the group commits what was written. A group inside another one
-/// leaves the committing to the outer one.
-class CCommitGroup {
-public:
-    /// `kept` is called after each commit: all that was written until then is in the file. Raises ComError when the
-    /// database is locked.
-    explicit CCommitGroup(CDataStore& store, std::function<void()> kept = {});
-    /// Commits; a failure to do so is shown, unless `RecordDone` raised it.
-    ~CCommitGroup();
-    CCommitGroup(const CCommitGroup&) = delete;
-    CCommitGroup& operator=(const CCommitGroup&) = delete;
-
-    void RecordDone();
-    /// Commits the rest. Raises ComError, with the rest taken back.
-    void Finish();
-    /// Whether the engine took back by itself what was not committed yet, as a full disk makes it.
-    bool HasLost() const;
-
-private:
-    std::shared_ptr<CEngine> m_engine;
-    std::function<void()> m_kept;
-    bool m_open;
-    bool m_raised = false;
-};

@@ -136,8 +136,7 @@ void CEngine::CheckIdentity(const std::string& path) {
 }
 
 void CEngine::Close() {
-    if (m_inGroup)
-        EndGroup();
+    AbandonGroup();
     for (auto& [key, prepared] : m_prepared) {
         prepared->statement = {};
         prepared->row = {};
@@ -178,6 +177,7 @@ CEngine::PreparedPtr CEngine::Keep(const std::string& key, jet::Translation tran
 
 CEngine::PreparedPtr CEngine::Prepare(std::string_view sql) {
     Handle();
+    RefuseAfterLoss();
     jet::Shape(sql, m_shape, m_literals);
     PreparedPtr prepared = Cached(m_shape);
     if (!prepared)
@@ -190,6 +190,7 @@ CEngine::PreparedPtr CEngine::Prepare(std::string_view sql) {
 
 CEngine::PreparedPtr CEngine::PrepareTable(std::string_view name) {
     Handle();
+    RefuseAfterLoss();
     const jet::Table* table = m_schema.FindTable(name);
     if (table == nullptr)
         jet::RaiseSyntax(name, "neznámá tabulka");
@@ -200,6 +201,7 @@ CEngine::PreparedPtr CEngine::PrepareTable(std::string_view name) {
 
 CEngine::PreparedPtr CEngine::PrepareCriterion(std::string_view criterion, const std::string& table) {
     Handle();
+    RefuseAfterLoss();
     jet::Shape(criterion, m_shape, m_literals);
     const std::string key = "? " + table + " " + m_shape;
     PreparedPtr prepared = Cached(key);
@@ -219,6 +221,7 @@ std::int64_t CEngine::FileVersion() {
 }
 
 std::shared_ptr<sqlite::Statement> CEngine::PrepareOwn(const std::string& sql) {
+    RefuseAfterLoss();
     std::shared_ptr<sqlite::Statement>& statement = m_own[sql];
     if (!statement || !*statement)
         statement = std::make_shared<sqlite::Statement>(Handle(), sql, true);
@@ -252,43 +255,49 @@ void CEngine::Bind(Prepared& prepared, std::string_view sql) {
     }
 }
 
-void CEngine::BeginTransaction() {
+void CEngine::RaiseLoss() {
+    throw ComError("transaction", {}, ResultCode::Fail, QStringLiteral("Rozepsané záznamy se nepodařilo uložit."));
+}
+
+void CEngine::BeginGroup() {
     PrepareOwn("BEGIN IMMEDIATE")->Run();
+    m_inGroup = true;
     ++m_transaction;
     m_groupChanges = Changes();
     m_groupStart = std::chrono::steady_clock::now();
 }
 
-void CEngine::BeginGroup() {
-    BeginTransaction();
-    m_inGroup = true;
+bool CEngine::IsCommitDue() const {
+    return Changes() - m_groupChanges >= GroupRows || std::chrono::steady_clock::now() - m_groupStart >= GroupAge;
 }
 
-bool CEngine::RecordDone() {
-    if (!m_inGroup)
-        return false;
-    const bool full = Changes() - m_groupChanges >= GroupRows;
-    if (!full && std::chrono::steady_clock::now() - m_groupStart < GroupAge)
-        return false;
-    const bool committed = Commit();
-    BeginTransaction();
-    return committed;
-}
-
-bool CEngine::Commit() {
-    if (!IsOpen() || sqlite3_get_autocommit(Handle()) != 0)
-        return false;
+void CEngine::EndGroup() {
     PrepareOwn("COMMIT")->Run();
-    return true;
-}
-
-bool CEngine::EndGroup() {
     m_inGroup = false;
-    return Commit();
 }
 
 void CEngine::AbandonGroup() noexcept {
-    m_inGroup = false;
-    if (IsOpen() && sqlite3_get_autocommit(m_database.get()) == 0)
+    if (InTransaction())
         sqlite3_exec(m_database.get(), "ROLLBACK", nullptr, nullptr, nullptr);
+    m_inGroup = false;
+}
+
+bool CEngine::StillStands() noexcept {
+    if (!InTransaction())
+        return false;
+    switch (sqlite3_errcode(m_database.get()) & 0xFF) {
+    case SQLITE_FULL:
+    case SQLITE_IOERR:
+    case SQLITE_NOMEM:
+    case SQLITE_CORRUPT:
+    case SQLITE_READONLY:
+    case SQLITE_CANTOPEN:
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+    case SQLITE_INTERRUPT:
+        sqlite3_exec(m_database.get(), "ROLLBACK", nullptr, nullptr, nullptr);
+        return false;
+    default:
+        return true;
+    }
 }

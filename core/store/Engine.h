@@ -40,7 +40,7 @@ public:
     /// How long a connection opened from here on waits for another program's lock (5 s unless told).
     static void SetPatience(std::chrono::milliseconds patience) { s_patience = patience; }
 
-    /// Everything that holds the engine raises from here on.
+    /// Takes back an open transaction. Everything that holds the engine raises from here on.
     void Close();
     bool IsOpen() const { return m_database != nullptr; }
     sqlite3* Handle() const;
@@ -59,17 +59,20 @@ public:
     /// A statement of the engine's own SQL.
     std::shared_ptr<sqlite::Statement> PrepareOwn(const std::string& sql);
 
+    // One transaction, for a commit group or an edit. Once the engine has taken it back by itself, as a full disk makes
+    // it, every statement is refused until `AbandonGroup`: what belongs together must not be committed in part.
+
+    /// Waits for another program's lock.
     void BeginGroup();
-    /// Commits when the group is old or large enough; call it between whole records only. True when it did, with all
-    /// that was written until then.
-    bool RecordDone();
-    /// False when there was nothing left to commit, the engine having taken it back by itself.
-    bool EndGroup();
-    /// Takes back what the group has not committed yet.
+    /// Whether the transaction is old or large enough to be committed.
+    bool IsCommitDue() const;
+    /// Commits. An error leaves the transaction to be abandoned.
+    void EndGroup();
+    /// Takes back what is not committed yet.
     void AbandonGroup() noexcept;
     bool InGroup() const { return m_inGroup; }
-    /// Whether the engine took back by itself what the group had not committed yet, as a full disk makes it.
-    bool HasLost() const { return m_inGroup && IsOpen() && !InTransaction(); }
+    /// After an error: whether the transaction goes on. Where the error leaves open what was written, it is taken back.
+    bool StillStands() noexcept;
     /// 0 outside a commit group; inside, the number of the transaction, which locks other programs out.
     std::uint64_t Transaction() const { return InTransaction() ? m_transaction : 0; }
 
@@ -77,8 +80,12 @@ private:
     /// False inside a group too, where a full disk made the engine roll back by itself.
     bool InTransaction() const { return m_inGroup && IsOpen() && sqlite3_get_autocommit(m_database.get()) == 0; }
     void CheckIdentity(const std::string& path);
-    void BeginTransaction();
-    bool Commit();
+    /// Raises when the engine took back the transaction by itself.
+    void RefuseAfterLoss() const {
+        if (m_inGroup && !InTransaction())
+            RaiseLoss();
+    }
+    [[noreturn]] static void RaiseLoss();
     void Bind(Prepared& prepared, std::string_view sql);
     PreparedPtr Cached(const std::string& key) const;
     PreparedPtr Keep(const std::string& key, jet::Translation translation);

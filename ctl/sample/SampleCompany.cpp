@@ -1,6 +1,6 @@
 #include "ctl/sample/SampleCompany.h"
 
-#include "core/store/DataStore.h"
+#include "core/store/CommitGroup.h"
 #include "ctl/sample/SampleComposites.h"
 #include "ctl/sample/SampleIssues.h"
 
@@ -15,6 +15,7 @@ void FillSampleCompany(CDataStore& store) {
     // Last, so that what was issued has the packaging of its day.
     DeleteOldCovers(store, covers);
     DeleteOldProducts(store, products);
+    group.RecordDone();
     group.Finish();
 }
 

@@ -1,7 +1,8 @@
 #include "ctl/sample/SampleIssues.h"
 
 #include "core/base/SqlText.h"
-#include "core/rules/ItemCovers.h"
+#include "core/rules/IssueLines.h"
+#include "core/store/CommitGroup.h"
 
 #include <algorithm>
 #include <array>
@@ -82,9 +83,7 @@ const SampleProduct& DrawProduct(const SampleProducts& products, int year, CSequ
 
 class IssueWriter {
 public:
-    explicit IssueWriter(CDataStore& store)
-        : m_store(store), m_issues(store.Table("Move")), m_lines(store.Table("Move_Prod")),
-          m_covers(store.Table("Move_Cover")) {}
+    explicit IssueWriter(CDataStore& store) : m_issues(store.Table("Move")), m_lines(store) {}
 
     void AddIssue(const QString& number, const DateTime& day, int type, bool exported) {
         m_day = day;
@@ -97,20 +96,12 @@ public:
     }
 
     void AddLine(std::int32_t product, Currency quantity) {
-        const Variant issue = m_issues->get_Collect("move_id");
-        m_lines->AddNew();
-        m_lines->put_Collect("move_id", issue);
-        m_lines->put_Collect("prod_id", product);
-        m_lines->put_Collect("mvprod_qty", quantity);
-        m_lines->Update();
-        ComputeItemCovers(m_store, m_covers, m_lines->get_Collect("mvprod_id"), issue, product, quantity, m_day);
+        m_lines.Add(m_issues->get_Collect("move_id"), product, quantity, m_day);
     }
 
 private:
-    CDataStore& m_store;
     RecordsetPtr m_issues;
-    RecordsetPtr m_lines;
-    RecordsetPtr m_covers;
+    CIssueLines m_lines;
     DateTime m_day;
 };
 

@@ -45,6 +45,7 @@ void InstallFrameCommands(CMainFrame& frame, CProgressDoor& progress) {
     frame.SetHandler(ID_RESTORE, [&] { RunBackup(frame, CBackupDlg::Mode::Restore); });
     frame.SetHandler(ID_RECOMPUTE_ISSUES, [&] { RunRecompute(frame, progress); });
     InstallImportCommands(frame, progress);
+    frame.RegisterArea().SetProgress(progress);
     frame.SetHandler(ID_OPTIONS, [&] { COptionsDlg(g_options, &frame).exec(); });
     frame.SetHandler(ID_APP_ABOUT, [&] { CAboutDlg(&frame).exec(); });
     frame.SetHandler(ID_HELP, [] { OpenHelp(HelpContext::Contents); });

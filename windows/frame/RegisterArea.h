@@ -21,6 +21,9 @@ public:
     /// True for a command that shows a register.
     bool Knows(Command command) const;
     void Broadcast(ViewMessage message, CRegisterView* except) override;
+    IProgressDoor& Progress() override { return *m_progress; }
+    /// Until it is set, long work shows nothing.
+    void SetProgress(IProgressDoor& progress) { m_progress = &progress; }
 
 signals:
     void Switched();
@@ -37,4 +40,5 @@ private:
     std::span<const RegisterEntry> m_registers;
     std::vector<CreatedView> m_created;
     Command m_active{};
+    IProgressDoor* m_progress = &SilentProgress();
 };

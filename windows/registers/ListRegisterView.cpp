@@ -1,7 +1,7 @@
 #include "windows/registers/ListRegisterView.h"
 
 #include "core/base/SqlText.h"
-#include "core/store/DataStore.h"
+#include "core/store/Edit.h"
 #include "windows/registers/find/FindInList.h"
 #include "windows/registers/find/FindReplaceDlg.h"
 #include "windows/widgets/Guarded.h"
@@ -189,30 +189,29 @@ void ListRegisterView::ShowMenu(int level, const QPoint& screen, bool onRow) {
     menu->popup(screen);
 }
 
-bool ListRegisterView::LocateMaster(int row, std::int32_t id) {
+bool ListRegisterView::FindMaster(std::int32_t id) {
     const RecordsetPtr& records = Master().Records();
     CDataStore::FindFirst(records, SqlText("%s = %li", m_spec.master.keyField, id));
-    if (!records->get_EOF())
-        return true;
-    RemoveVanishedRow(Master(), row);
-    return false;
+    return !records->get_EOF();
 }
 
-void ListRegisterView::AddToMaster(const Write& write, const std::function<void(std::int32_t)>& after) {
+void ListRegisterView::AddToMaster(const Write& write, const After& after) {
     std::int32_t id = KeepSelection;
-    const bool added = Guarded([&] {
-        CRecordset& records = *Master().Records();
-        records.AddNew();
-        write(records);
-        records.Update();
-        id = records.Long(m_spec.master.keyField);
+    Guarded([&] {
+        InOneEdit(Store(), [&] {
+            CRecordset& records = *Master().Records();
+            records.AddNew();
+            write(records);
+            records.Update();
+            id = records.Long(m_spec.master.keyField);
+            if (after)
+                after(id);
+        });
     });
     FillMaster(id);
-    if (added && after)
-        Guarded([&] { after(id); });
 }
 
-void ListRegisterView::EditMaster(const Ask& ask, const Write& write, const std::function<void(std::int32_t)>& after) {
+void ListRegisterView::EditMaster(const Ask& ask, const Write& write, const After& after) {
     const int row = Master().FocusedRow();
     if (row < 0) {
         ShowWarning(QString::fromUtf8(m_spec.nothingSelected));
@@ -221,14 +220,24 @@ void ListRegisterView::EditMaster(const Ask& ask, const Write& write, const std:
     bool writing = false;
     Guarded([&] {
         const std::int32_t id = Master().Id(row);
-        if (!LocateMaster(row, id) || !ask(*Master().Records()) || !LocateMaster(row, id))
+        bool found = FindMaster(id);
+        if (found && !ask(*Master().Records()))
             return;
-        writing = true;
-        CRecordset& record = *Master().Records();
-        write(record);
-        record.Update();
-        if (after)
-            after(id);
+        if (found) {
+            InOneEdit(Store(), [&] {
+                found = FindMaster(id);
+                if (!found)
+                    return;
+                writing = true;
+                CRecordset& record = *Master().Records();
+                write(record);
+                record.Update();
+                if (after)
+                    after(id);
+            });
+        }
+        if (!found)
+            RemoveVanishedRow(Master(), row);
     });
     if (writing)
         FillMaster();
@@ -244,21 +253,20 @@ void ListRegisterView::DeleteMaster() {
         return;
     const WaitCursor wait;
     Guarded([&] {
-        Store().ExecuteSQL("DELETE FROM TmpID");
-        const RecordsetPtr ids = Store().Table("TmpID");
-        CCommitGroup group(Store());
-        for (const int row : rows) {
-            if (row >= Master().RowCount())
-                break;
-            ids->AddNew();
-            ids->put_Collect("id", Master().Id(row));
-            ids->Update();
-            group.RecordDone();
-        }
-        group.Finish();
-        ids->Close();
-        for (const char* statement : m_spec.deleteStatements)
-            Store().ExecuteSQL(statement);
+        InOneEdit(Store(), [&] {
+            Store().ExecuteSQL("DELETE FROM TmpID");
+            const RecordsetPtr ids = Store().Table("TmpID");
+            for (const int row : rows) {
+                if (row >= Master().RowCount())
+                    break;
+                ids->AddNew();
+                ids->put_Collect("id", Master().Id(row));
+                ids->Update();
+            }
+            ids->Close();
+            for (const char* statement : m_spec.deleteStatements)
+                Store().ExecuteSQL(statement);
+        });
     });
     FillMaster();
 }
@@ -269,7 +277,8 @@ void ListRegisterView::EditFilter(const std::function<bool()>& ask) {
     Button(Command::ID_RECORD_FILTER).SetLatched(FilterActive());
 }
 
-bool ListRegisterView::EditDetailRow(RecordList& list, const DetailTexts& texts, const Ask& ask, const Write& write) {
+bool ListRegisterView::EditDetailRow(RecordList& list, const DetailTexts& texts, const Ask& ask, const Write& write,
+                                     const After& after) {
     if (!list.isEnabled())
         return false;
     const int row = list.SelectedRow();
@@ -279,26 +288,31 @@ bool ListRegisterView::EditDetailRow(RecordList& list, const DetailTexts& texts,
     }
     bool written = false;
     Guarded([&] {
-        const RecordsetPtr record = Store().Query(SqlText(texts.select, list.Id(row)));
-        const auto stillThere = [&] {
-            if (record->get_RecordCount() > 0)
-                return true;
+        const std::int32_t id = list.Id(row);
+        const RecordsetPtr record = Store().Query(SqlText(texts.select, id));
+        bool found = record->get_RecordCount() > 0;
+        if (found && !ask(*record))
+            return;
+        if (found) {
+            InOneEdit(Store(), [&] {
+                record->Requery();
+                found = record->get_RecordCount() > 0;
+                if (!found)
+                    return;
+                write(*record);
+                record->Update();
+                written = true;
+                if (after)
+                    after(id);
+            });
+        }
+        if (!found)
             RemoveVanishedRow(list, row);
-            return false;
-        };
-        if (!stillThere() || !ask(*record))
-            return;
-        record->Requery();
-        if (!stillThere())
-            return;
-        write(*record);
-        record->Update();
-        written = true;
     });
     return written;
 }
 
-bool ListRegisterView::DeleteDetailRow(RecordList& list, const DetailTexts& texts) {
+bool ListRegisterView::DeleteDetailRow(RecordList& list, const DetailTexts& texts, const After& after) {
     if (!list.isEnabled())
         return false;
     const int row = list.SelectedRow();
@@ -308,12 +322,21 @@ bool ListRegisterView::DeleteDetailRow(RecordList& list, const DetailTexts& text
     }
     if (!AskYesNo(MessageText(texts.question, list.CellText(row, 0))))
         return false;
-    const bool deleted = Guarded([&] {
-        for (const char* statement : texts.deletions)
-            Store().ExecuteSQL(SqlText(statement, list.Id(row)));
+    bool deleted = false;
+    const bool whole = Guarded([&] {
+        InOneEdit(Store(), [&] {
+            for (const char* statement : texts.deletions)
+                Store().ExecuteSQL(SqlText(statement, list.Id(row)));
+            deleted = true;
+            if (after)
+                after(list.Id(row));
+        });
     });
-    if (deleted)
+    if (whole)
         list.RemoveRow(row);
+    else if (deleted)
+        // What followed the deletion failed: the row is gone, or everything was taken back.
+        RefillLevel(&list == &Detail() ? 1 : 2);
     return deleted;
 }
 

@@ -86,12 +86,13 @@ protected:
     /// One dialog on a record: fills the dialog from it and shows it; true for OK. No edit when it says false.
     using Ask = std::function<bool(CRecordset& record)>;
     using Write = std::function<void(CRecordset& record)>;
+    /// What follows a record that was written or deleted, in the same edit; no message may be shown in it.
+    using After = std::function<void(std::int32_t id)>;
 
-    /// Adds a record through the master's recordset and fills the list selecting it. `after`, with the new id, comes
-    /// after the fill.
-    void AddToMaster(const Write& write, const std::function<void(std::int32_t id)>& after = {});
+    /// Adds a record through the master's recordset, then `after` and the fill of the list, which selects the record.
+    void AddToMaster(const Write& write, const After& after = {});
     /// The focused row: located, shown, located again, written, then `after` and the fill.
-    void EditMaster(const Ask& ask, const Write& write, const std::function<void(std::int32_t id)>& after = {});
+    void EditMaster(const Ask& ask, const Write& write, const After& after = {});
     void DeleteMaster();
     /// Opens the dialog on a copy; `ask` copies the criteria back and answers true for OK.
     void EditFilter(const std::function<bool()>& ask);
@@ -104,9 +105,10 @@ protected:
     };
     /// The selected row of a detail list, read by its own query; true when it was written. Nothing happens while the
     /// list is disabled.
-    bool EditDetailRow(RecordList& list, const DetailTexts& texts, const Ask& ask, const Write& write);
+    bool EditDetailRow(RecordList& list, const DetailTexts& texts, const Ask& ask, const Write& write,
+                       const After& after = {});
     /// True when the row was deleted.
-    bool DeleteDetailRow(RecordList& list, const DetailTexts& texts);
+    bool DeleteDetailRow(RecordList& list, const DetailTexts& texts, const After& after = {});
 
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
@@ -117,9 +119,8 @@ private:
     void ShowMenu(int level, const QPoint& screen, bool onRow);
     void RefillLevel(int level);
     void OpenFind(FindMode mode);
-    /// The row's record as the current one of the master's recordset; otherwise tells that it vanished and takes the
-    /// row out of the list.
-    bool LocateMaster(int row, std::int32_t id);
+    /// The record of this key as the current one of the master's recordset; false when it has gone.
+    bool FindMaster(std::int32_t id);
 
     RegisterSpec m_spec;
     RegisterLayout m_layout;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/base/Progress.h"
 #include "windows/registers/find/FindOwner.h"
 #include "windows/widgets/commands/Commands.h"
 
@@ -20,6 +21,8 @@ public:
     virtual ~IBroadcaster() = default;
     /// Reaches the active view and every other created view once each, but never `except`.
     virtual void Broadcast(ViewMessage message, CRegisterView* except) = 0;
+    /// Where long work of a register shows how far it is.
+    virtual IProgressDoor& Progress() { return SilentProgress(); }
 };
 
 /// A register: created on first use, kept, and told apart by the command that shows it.
@@ -39,6 +42,7 @@ public:
 
 protected:
     CDataStore& Store() const { return m_store; }
+    IProgressDoor& Progress() const { return m_broadcaster.Progress(); }
     void TellOthers(ViewMessage message) { m_broadcaster.Broadcast(message, this); }
 
 private:

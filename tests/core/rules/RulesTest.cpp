@@ -1,6 +1,7 @@
 #include "core/rules/BulkRecompute.h"
 #include "core/rules/ItemCovers.h"
 #include "core/rules/Propagation.h"
+#include "core/rules/Recomputation.h"
 #include "tests/support/ProgramFolder.h"
 #include "tests/support/ScriptedDoors.h"
 

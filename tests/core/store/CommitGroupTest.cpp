@@ -1,5 +1,7 @@
-// Commit groups: whatever ends them, whole records stay.
+// Commit groups and edits: whatever ends them, whole records stay.
 
+#include "core/store/CommitGroup.h"
+#include "core/store/Edit.h"
 #include "tests/support/OtherProgram.h"
 #include "tests/support/SampleRows.h"
 #include "tests/support/ScriptedDoors.h"
@@ -7,6 +9,8 @@
 #include <gtest/gtest.h>
 
 #include <sys/wait.h>
+
+#include <atomic>
 #include <thread>
 
 #include <csignal>
@@ -30,18 +34,26 @@ void AppendRecord(const RecordsetPtr& lines, const RecordsetPtr& covers) {
 
 } // namespace
 
-TEST(CommitGroup, CommitsAtItsEndHoweverItEnds) {
+TEST(CommitGroup, KeepsOnlyWhatItIsToldTo) {
     const struct {
         const char* end;
         std::function<void(CDataStore&, CCommitGroup&)> act;
+        int records;
     } cases[] = {
-        {"leaving", [](CDataStore&, CCommitGroup&) {}},
-        {"Finish", [](CDataStore&, CCommitGroup& group) { group.Finish(); }},
-        {"an exception", [](CDataStore&, CCommitGroup&) { throw std::runtime_error("cancel"); }},
-        {"an error of the store", [](CDataStore& store, CCommitGroup&) { store.ExecuteSQL("nonsense"); }},
-        {"closing", [](CDataStore& store, CCommitGroup&) { store.CloseDatabase(); }},
+        {"leaving", [](CDataStore&, CCommitGroup&) {}, 0},
+        {"Finish", [](CDataStore&, CCommitGroup& group) { group.Finish(); }, 1},
+        {"Keep", [](CDataStore&, CCommitGroup& group) { group.Keep(); }, 1},
+        {"an exception", [](CDataStore&, CCommitGroup&) { throw std::runtime_error("cancel"); }, 0},
+        {"an error of the store",
+         [](CDataStore& store, CCommitGroup& group) {
+             EXPECT_THROW(store.ExecuteSQL("nonsense"), ComError);
+             group.Keep();
+         },
+         1},
+        {"closing", [](CDataStore& store, CCommitGroup&) { EXPECT_FALSE(store.CloseDatabase()); }, 0},
     };
     for (const auto& c : cases) {
+        SCOPED_TRACE(c.end);
         StoreFolder folder;
         OtherProgram other(folder.folder);
         const RecordsetPtr lines = folder.store.Table("Move_Prod");
@@ -50,19 +62,18 @@ TEST(CommitGroup, CommitsAtItsEndHoweverItEnds) {
             CCommitGroup group(folder.store);
             AppendRecord(lines, covers);
             group.RecordDone();
-            EXPECT_EQ(0, other.Count("Move_Prod")) << c.end;
             {
                 CCommitGroup inner(folder.store);
                 inner.RecordDone();
                 inner.Finish();
             }
-            EXPECT_EQ(0, other.Count("Move_Prod")) << c.end;
+            EXPECT_EQ(0, other.Count("Move_Prod"));
             c.act(folder.store, group);
         } catch (const std::exception&) {
         }
-        EXPECT_EQ(1, other.Count("Move_Prod")) << c.end;
-        EXPECT_EQ(3, other.Count("Move_Cover")) << c.end;
-        EXPECT_FALSE(folder.store.IsOpen() && folder.store.Engine().InGroup()) << c.end;
+        EXPECT_EQ(c.records, other.Count("Move_Prod"));
+        EXPECT_EQ(3 * c.records, other.Count("Move_Cover"));
+        EXPECT_FALSE(folder.store.IsOpen() && folder.store.Engine().InGroup());
     }
 }
 
@@ -87,50 +98,113 @@ TEST(CommitGroup, CommitsWholeRecordsByRowsAndByTime) {
     EXPECT_EQ(record + 1, other.Count("Move_Prod"));
 }
 
-TEST(CommitGroup, GoesOnAfterTheEngineRolledBack) {
+TEST(CommitGroup, RefusesEverythingOnceTheEngineRolledBack) {
     StoreFolder folder;
     const RecordsetPtr lines = folder.store.Table("Move_Prod");
     const RecordsetPtr covers = folder.store.Table("Move_Cover");
+    int kept = 0;
     {
-        CCommitGroup group(folder.store);
+        CCommitGroup group(folder.store, [&] { ++kept; });
         AppendRecord(lines, covers);
+        group.RecordDone();
         sqlite::Execute(folder.store.Engine().Handle(), "ROLLBACK"); // as a full disk makes it
-        std::this_thread::sleep_for(1050ms);
-        group.RecordDone();
-        AppendRecord(lines, covers);
-        group.RecordDone();
+        const std::function<void()> refused[] = {
+            [&] { AppendRecord(lines, covers); }, [&] { folder.store.ExecuteSQL("DELETE FROM Cover"); },
+            [&] { folder.store.Query("SELECT * FROM Cover"); }, [&] { group.Finish(); }};
+        for (const auto& act : refused)
+            EXPECT_EQ(ResultCode::Fail, CodeOf(act));
+        group.Keep();
     }
-    EXPECT_EQ("1", folder.Ask("SELECT count(*) FROM Move_Prod"));
-    EXPECT_EQ("3", folder.Ask("SELECT count(*) FROM Move_Cover"));
+    EXPECT_EQ(0, kept);
+    AppendRecord(lines, covers);
+    EXPECT_EQ("1|3", folder.AskAll("SELECT (SELECT count(*) FROM Move_Prod), count(*) FROM Move_Cover"));
 }
 
-TEST(CommitGroup, ACommitThatCannotBeIsShown) {
+TEST(CommitGroup, ACommitThatCannotBeIsRaised) {
     ShortPatience patience;
     SampleFolder folder;
     ASSERT_TRUE(folder.store.OpenDatabase());
     OtherProgram other(folder.folder);
     sqlite::Statement reading(other.Handle(), "SELECT * FROM Cover");
-    ScriptedMessages messages;
-    {
-        CCommitGroup group(folder.store);
-        folder.store.ExecuteSQL("DELETE FROM TmpID");
+    const ScriptedMessages none;
+    for (const bool edit : {false, true}) {
         ASSERT_TRUE(reading.Step());
-        messages.Expect("Došlo k chybě COM č.0x80070021\n\nDatabázi právě používá jiná aplikace.",
-                        Message::Icon::Error);
+        EXPECT_EQ(ResultCode::Locked, CodeOf([&] {
+                      const auto act = [&] { folder.store.ExecuteSQL("DELETE FROM Cover"); };
+                      if (edit)
+                          InOneEdit(folder.store, act);
+                      else
+                          InCommitGroup(folder.store, {}, [&](CCommitGroup& group) {
+                              act();
+                              group.RecordDone();
+                          });
+                  }));
+        reading.Reset();
+        EXPECT_FALSE(folder.store.Engine().InGroup());
+        EXPECT_EQ("7", folder.Ask("SELECT count(*) FROM Cover"));
+        folder.store.ExecuteSQL("DELETE FROM CoverDiscard");
+        EXPECT_EQ("0", folder.Ask("SELECT count(*) FROM CoverDiscard"));
     }
-    reading.Reset();
-    EXPECT_FALSE(folder.store.Engine().InGroup());
-    folder.store.ExecuteSQL("DELETE FROM CoverDiscard");
-    EXPECT_EQ("0", folder.Ask("SELECT count(*) FROM CoverDiscard"));
-    // Closing cannot commit either: false, but the file is let go.
-    const RecordsetPtr held = folder.store.Query("SELECT * FROM Cover");
-    CCommitGroup group(folder.store);
-    folder.store.ExecuteSQL("DELETE FROM Cover");
-    ASSERT_TRUE(reading.Step());
-    EXPECT_FALSE(folder.store.CloseDatabase());
-    reading.Reset();
-    EXPECT_NO_THROW(other.Run("BEGIN EXCLUSIVE; ROLLBACK"));
-    EXPECT_EQ("7", folder.Ask("SELECT count(*) FROM Cover"));
+}
+
+TEST(CommitGroup, LeavesTheFileFreeForAnotherWriter) {
+    StoreFolder folder;
+    OtherProgram other(folder.folder);
+    sqlite3_busy_timeout(other.Handle(), 5000);
+    std::atomic<bool> written = false;
+    std::thread writer;
+    int records = 0;
+    const auto start = std::chrono::steady_clock::now();
+    InCommitGroup(folder.store, {}, [&](CCommitGroup& group) {
+        for (; std::chrono::steady_clock::now() - start < 4s && !written; ++records) {
+            folder.store.ExecuteSQL("DELETE FROM Cover");
+            if (records == 0)
+                writer = std::thread([&] {
+                    other.Run("INSERT INTO TmpID VALUES (9)");
+                    written = true;
+                });
+            std::this_thread::sleep_for(5ms);
+            group.RecordDone();
+        }
+    });
+    EXPECT_TRUE(written) << "not within four seconds";
+    writer.join();
+    EXPECT_EQ("9", folder.Ask("SELECT id FROM TmpID"));
+}
+
+TEST(Edit, KeepsWhatWasWrittenBeforeAnErrorThatTheStoreSurvives) {
+    const struct {
+        const char* what;
+        std::function<void(CDataStore&)> fail;
+        const char* left;
+    } cases[] = {
+        {"nothing", [](CDataStore&) {}, "5|0"},
+        {"an error of a statement", [](CDataStore& store) { store.ExecuteSQL("nonsense"); }, "5|6"},
+        {"a loss",
+         [](CDataStore& store) {
+             sqlite::Execute(store.Engine().Handle(), "ROLLBACK");
+             store.ExecuteSQL("DELETE FROM Cover");
+         },
+         "6|6"},
+        {"something else", [](CDataStore&) { throw std::runtime_error("interrupted"); }, "6|6"},
+        {"closing", [](CDataStore& store) { store.CloseDatabase(); }, "6|6"},
+    };
+    for (const auto& c : cases) {
+        SampleFolder folder;
+        folder.Sql("DELETE FROM Cover WHERE deleted; DELETE FROM CoverDiscard WHERE disc_id = 7");
+        const auto act = [&] {
+            folder.store.ExecuteSQL("DELETE FROM Cover WHERE cover_id = 6");
+            // Inside another, an edit is not committed by itself.
+            InOneEdit(folder.store, [&] { c.fail(folder.store); });
+            folder.store.ExecuteSQL("DELETE FROM CoverDiscard");
+        };
+        try {
+            InOneEdit(folder.store, act);
+        } catch (const std::exception&) {
+        }
+        EXPECT_EQ(c.left, folder.AskAll("SELECT (SELECT count(*) FROM Cover), count(*) FROM CoverDiscard")) << c.what;
+        EXPECT_FALSE(folder.store.IsOpen() && folder.store.Engine().InGroup()) << c.what;
+    }
 }
 
 TEST(CommitGroup, AKilledProgramLeavesWholeRecords) {

@@ -1,6 +1,7 @@
 // The store as the owner of a file: what it opens, how it locks, compacts and commits.
 
 #include "core/base/AppDir.h"
+#include "core/store/CommitGroup.h"
 #include "tests/support/ChildProcess.h"
 #include "tests/support/OtherProgram.h"
 #include "tests/support/SampleRows.h"
@@ -262,10 +263,9 @@ TEST(FullDisk, LeavesWhatWasCommittedAndTheProgramGoesOn) {
             if (const std::uint32_t code = fill(grouped); code != ResultCode::DiskFull)
                 return "code of the group " + std::to_string(code);
             QFile::remove(ballast);
-            store.ExecuteSQL("DELETE FROM Cover WHERE cover_id > 5");
-            group.RecordDone();
-            store.ExecuteSQL("UPDATE Cover SET cover_mat = 7");
+            group.Keep();
         }
+        store.ExecuteSQL("UPDATE Cover SET cover_mat = 7");
         if (count() != 5 || store.Query("SELECT * FROM Cover WHERE cover_mat = 7")->get_RecordCount() != 5)
             return "after the group: " + std::to_string(count());
         store.CloseDatabase();

@@ -1,5 +1,6 @@
 // Recordsets, by their ADO names, in use and in misuse.
 
+#include "core/store/CommitGroup.h"
 #include "tests/support/OtherProgram.h"
 #include "tests/support/SampleRows.h"
 
@@ -404,12 +405,6 @@ TEST(Recordset, InsideAGroupRowsThatWereReadAheadAreNeverOld) {
          },
          "'changed'"},
         {"another table", [](CDataStore& s) { s.ExecuteSQL("DELETE FROM TmpID"); }, "'čaj'"},
-        {"a roll-back of the engine",
-         [&](CDataStore& s) {
-             sqlite::Execute(s.Engine().Handle(), "ROLLBACK");
-             sqlite::Execute(s.Engine().Handle(), "UPDATE Cover SET cover_name = 'changed'");
-         },
-         "'changed'"},
     };
     for (const auto& c : cases) {
         SampleFolder folder;

@@ -85,6 +85,7 @@ void CViewCover::OnAddCover() {
 void CViewCover::OnEditCover() {
     CCoverDlg dialog(Store(), this);
     CoverValues before;
+    bool propagated = false;
     EditMaster(
         [&](const CRecordset& record) {
             before = CoverValues::Read(record);
@@ -97,8 +98,10 @@ void CViewCover::OnEditCover() {
             if (now.SamePackaging(before))
                 return;
             PropagateCover(Store(), g_options, id, now.type, now.origin, now.payment);
-            TellOthers(ViewMessage::WM_COVERS_CHANGED);
+            propagated = true;
         });
+    if (propagated)
+        TellOthers(ViewMessage::WM_COVERS_CHANGED);
 }
 
 void CViewCover::OnFilterCovers() {

@@ -1,6 +1,6 @@
 #include "windows/registers/find/FindInList.h"
 
-#include "core/store/DataStore.h"
+#include "core/store/CommitGroup.h"
 #include "windows/widgets/Beep.h"
 #include "windows/widgets/KeptAlive.h"
 #include "windows/widgets/WaitCursor.h"
@@ -33,13 +33,13 @@ public:
     void ReplaceAll(CDataStore& store) {
         CKeptAlive alive(*m_list.window());
         try {
-            CCommitGroup group(store);
-            for (int row = FindFrom(0); row != NoRow; row = FindFrom(row + 1)) {
-                ReplaceCurrent();
-                group.RecordDone();
-                alive.Look();
-            }
-            group.Finish();
+            InCommitGroup(store, {}, [&](CCommitGroup& group) {
+                for (int row = FindFrom(0); row != NoRow; row = FindFrom(row + 1)) {
+                    ReplaceCurrent();
+                    group.RecordDone();
+                    alive.Look();
+                }
+            });
         } catch (const ComError&) {
             // What was not committed yet may have been taken back.
             m_list.RefreshAllRows();

@@ -1,7 +1,8 @@
 #include "windows/registers/issues/ViewMove.h"
 
 #include "core/base/SqlText.h"
-#include "core/rules/ItemCovers.h"
+#include "core/rules/IssueLines.h"
+#include "core/store/Edit.h"
 #include "windows/registers/issues/MoveDlg.h"
 #include "windows/registers/issues/MoveFilterDlg.h"
 #include "windows/registers/issues/PageQty.h"
@@ -71,15 +72,6 @@ RegisterSpec IssueRegister() {
                              "DELETE FROM Move_Prod WHERE (move_id IN (SELECT id FROM TmpID))",
                              "DELETE FROM Move WHERE (move_id IN (SELECT id FROM TmpID))"};
     return spec;
-}
-
-constexpr const char* ItemDeletions[] = {"DELETE FROM Move_Cover WHERE (mvprod_id = %li)",
-                                         "DELETE FROM Move_Prod WHERE (mvprod_id = %li)"};
-
-/// Today when the issue has gone.
-DateTime IssueDate(CDataStore& store, std::int32_t moveId) {
-    const RecordsetPtr issue = store.Query(SqlText("SELECT move_date FROM Move WHERE move_id = %li", moveId));
-    return issue->get_EOF() ? DateTime::Today() : ToDate(issue->get_Collect("move_date"));
 }
 
 } // namespace
@@ -187,11 +179,6 @@ void CViewMove::OnFilterIssues() {
     });
 }
 
-void CViewMove::ComputeCovers(std::int32_t mvprodId, std::int32_t moveId, std::int32_t prodId, Currency quantity) {
-    ComputeItemCovers(Store(), Store().Table("Move_Cover"), mvprodId, moveId, prodId, quantity,
-                      IssueDate(Store(), moveId));
-}
-
 void CViewMove::OnAddItem() {
     if (!ItemsAllowed())
         return;
@@ -207,18 +194,7 @@ void CViewMove::OnAddItem() {
     sheet.AddPage(quantityPage);
     if (!sheet.Run())
         return;
-    Guarded([&] {
-        CCommitGroup group(Store());
-        const RecordsetPtr items = Store().Table("Move_Prod");
-        items->AddNew();
-        items->put_Collect("move_id", moveId);
-        items->put_Collect("prod_id", productPage.ChosenId());
-        items->put_Collect("mvprod_qty", quantityPage.Quantity());
-        items->Update();
-        const std::int32_t mvprodId = items->Long("mvprod_id");
-        ComputeCovers(mvprodId, moveId, productPage.ChosenId(), quantityPage.Quantity());
-        group.Finish();
-    });
+    Guarded([&] { CIssueLines(Store()).Add(moveId, productPage.ChosenId(), quantityPage.Quantity()); });
     FillDetail();
 }
 
@@ -226,46 +202,36 @@ void CViewMove::OnEditItem() {
     if (!ItemsAllowed())
         return;
     CPageQty page;
-    std::int32_t mvprodId = 0;
-    std::int32_t moveId = 0;
-    std::int32_t prodId = 0;
+    std::int32_t mvprodId = RecordList::NoId;
     const auto ask = [&](const CRecordset& record) {
+        mvprodId = record.Long("mvprod_id");
         page.SetQuantity(ToCurrency(record.get_Collect("mvprod_qty")));
         CWizardSheet sheet(this);
         sheet.AddPage(page);
         return sheet.Run();
     };
-    const auto write = [&](CRecordset& record) {
-        mvprodId = record.Long("mvprod_id");
-        moveId = record.Long("move_id");
-        prodId = record.Long("prod_id");
-        record.put_Collect("mvprod_qty", page.Quantity());
+    bool writing = false;
+    const auto write = [&](const CRecordset&) {
+        writing = true;
+        CIssueLines(Store()).Change(mvprodId, page.Quantity());
     };
-    if (!EditDetailRow(Detail(), {Text::NoProduct, "SELECT * FROM Move_Prod WHERE (mvprod_id = %li)", nullptr, {}}, ask,
-                       write))
-        return;
-    Guarded([&] {
-        CCommitGroup group(Store());
-        Store().ExecuteSQL(SqlText("DELETE FROM Move_Cover WHERE (mvprod_id = %li)", mvprodId));
-        ComputeCovers(mvprodId, moveId, prodId, page.Quantity());
-        group.Finish();
-    });
-    FillDetail();
+    EditDetailRow(Detail(), {Text::NoProduct, "SELECT * FROM Move_Prod WHERE (mvprod_id = %li)", nullptr, {}}, ask,
+                  write);
+    if (writing)
+        FillDetail();
 }
 
 void CViewMove::OnDeleteItem() {
     if (!ItemsAllowed())
         return;
-    if (DeleteDetailRow(
-            Detail(),
-            {Text::NoProduct, nullptr, Text::DeleteProductRow, {std::begin(ItemDeletions), std::end(ItemDeletions)}}))
+    if (DeleteDetailRow(Detail(), {Text::NoProduct, nullptr, Text::DeleteProductRow, {}},
+                        [this](std::int32_t mvprodId) { CIssueLines(Store()).Remove(mvprodId); }))
         FillSubdetail();
 }
 
 void CViewMove::ClearVanishedItem(std::int32_t mvprodId) {
     ShowMessage(QStringLiteral("Údaje o produktu byly odstraněny jinou aplikací!"), Message::Icon::Information);
-    for (const char* statement : ItemDeletions)
-        Store().ExecuteSQL(SqlText(statement, mvprodId));
+    CIssueLines(Store()).Remove(mvprodId);
 }
 
 void CViewMove::OnAddCover() {
@@ -287,18 +253,20 @@ void CViewMove::OnAddCover() {
         return;
     bool vanished = false;
     Guarded([&] {
-        const RecordsetPtr item = Store().Query(SqlText("SELECT * FROM Move_Prod WHERE mvprod_id = %li", mvprodId));
-        if (item->get_EOF()) {
-            vanished = true;
+        InOneEdit(Store(), [&] {
+            const RecordsetPtr item = Store().Query(SqlText("SELECT * FROM Move_Prod WHERE mvprod_id = %li", mvprodId));
+            vanished = item->get_EOF();
+            if (vanished)
+                return;
+            const RecordsetPtr covers = Store().Table("Move_Cover");
+            covers->AddNew();
+            movePage.Write(*covers);
+            covers->put_Collect("mvprod_id", item->get_Collect("mvprod_id"));
+            covers->put_Collect("move_id", item->get_Collect("move_id"));
+            covers->Update();
+        });
+        if (vanished)
             ClearVanishedItem(mvprodId);
-            return;
-        }
-        const RecordsetPtr covers = Store().Table("Move_Cover");
-        covers->AddNew();
-        movePage.Write(*covers);
-        covers->put_Collect("mvprod_id", item->get_Collect("mvprod_id"));
-        covers->put_Collect("move_id", item->get_Collect("move_id"));
-        covers->Update();
     });
     if (vanished)
         Detail().RemoveRow(row);

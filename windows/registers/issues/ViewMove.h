@@ -36,7 +36,6 @@ private:
     /// Whether items can be added, changed and deleted, and covers added.
     bool ItemsAllowed() const { return m_coversOfItem && DetailsAllowed(); }
     /// Adds the computed covers of an item. Raises ComError.
-    void ComputeCovers(std::int32_t mvprodId, std::int32_t moveId, std::int32_t prodId, Currency quantity);
     /// The item's record has gone: clears what is left of it. Raises ComError.
     void ClearVanishedItem(std::int32_t mvprodId);
 

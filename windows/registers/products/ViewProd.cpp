@@ -1,9 +1,11 @@
 #include "windows/registers/products/ViewProd.h"
 
+#include "core/base/LateProgress.h"
 #include "core/base/SqlText.h"
-#include "core/rules/ChosenPackaging.h"
-#include "core/rules/ItemCovers.h"
+#include "core/rules/PackagingChange.h"
 #include "core/rules/Propagation.h"
+#include "core/store/Edit.h"
+#include "core/store/Engine.h"
 #include "windows/registers/packaging/PageCover.h"
 #include "windows/registers/packaging/PageCoverProd.h"
 #include "windows/registers/packaging/PageDateRange.h"
@@ -107,6 +109,10 @@ std::optional<ChosenPackaging> AskPackaging(CDataStore& store, QWidget* parent, 
     return chosen;
 }
 
+QString RecomputationTitle() {
+    return QStringLiteral("Úprava vydaných obalů");
+}
+
 } // namespace
 
 CViewProd::CViewProd(CDataStore& store, IBroadcaster& broadcaster, QWidget* parent)
@@ -186,20 +192,25 @@ void CViewProd::OnAddDate() {
     CProdDateDlg dialog(DateTime::Now(), this);
     if (dialog.exec() != QDialog::Accepted)
         return;
+    bool taken = false;
     bool added = false;
     Guarded([&] {
-        const RecordsetPtr dates = DefinitionsOfDay(Store(), prodId, dialog.Date());
-        if (dates->get_RecordCount() > 0) {
-            ShowMessage(MessageText("Databáze již obsahuje datum \"%s\"!", FormatDate(dialog.Date())));
-            return;
-        }
-        AddDefinition(*dates, prodId, dialog.Date());
-        added = true;
+        InOneEdit(Store(), [&] {
+            const RecordsetPtr dates = DefinitionsOfDay(Store(), prodId, dialog.Date());
+            taken = dates->get_RecordCount() > 0;
+            if (taken)
+                return;
+            AddDefinition(*dates, prodId, dialog.Date());
+            added = true;
+            CarryOn(prodId);
+        });
     });
+    if (taken)
+        ShowMessage(MessageText("Databáze již obsahuje datum \"%s\"!", FormatDate(dialog.Date())));
     if (!added)
         return;
     FillDetail();
-    PackagingChanged();
+    TellOfPackaging();
 }
 
 void CViewProd::OnEditDate() {
@@ -212,20 +223,24 @@ void CViewProd::OnEditDate() {
         now = dialog.Date();
         return now != before;
     };
-    if (!EditDetailRow(Detail(), {Text::NoDate, "SELECT * FROM Prod_CoverDT WHERE (dt_id = %li)", nullptr, {}}, ask,
-                       [&](CRecordset& record) { record.put_Collect("dt_from", now); }))
+    if (!EditDetailRow(
+            Detail(), {Text::NoDate, "SELECT * FROM Prod_CoverDT WHERE (dt_id = %li)", nullptr, {}}, ask,
+            [&](CRecordset& record) { record.put_Collect("dt_from", now); },
+            [this](std::int32_t) { CarryOn(Master().SelectedId()); }))
         return;
     FillDetail();
-    PackagingChanged();
+    TellOfPackaging();
 }
 
 void CViewProd::OnDeleteDate() {
     if (DeleteDetailRow(
-            Detail(), {Text::NoDate,
-                       nullptr,
-                       Text::DeleteDate,
-                       {"DELETE FROM Prod_Cover WHERE (dt_id = %li)", "DELETE FROM Prod_CoverDT WHERE (dt_id = %li)"}}))
-        PackagingChanged();
+            Detail(),
+            {Text::NoDate,
+             nullptr,
+             Text::DeleteDate,
+             {"DELETE FROM Prod_Cover WHERE (dt_id = %li)", "DELETE FROM Prod_CoverDT WHERE (dt_id = %li)"}},
+            [this](std::int32_t) { CarryOn(Master().SelectedId()); }))
+        TellOfPackaging();
 }
 
 void CViewProd::OnAddPackaging() {
@@ -239,9 +254,16 @@ void CViewProd::OnAddPackaging() {
     const std::optional<ChosenPackaging> chosen = AskPackaging(Store(), this);
     if (!chosen)
         return;
-    if (Guarded([&] { AddPackagingRows(Store(), Store().Table("Prod_Cover"), dtId, *chosen); }))
-        PackagingChanged();
+    const WaitCursor wait;
+    const std::int64_t before = Store().Engine().Changes();
+    Guarded([&] {
+        CLateProgress progress(Progress(), RecomputationTitle(), false);
+        AddPackaging(Store(), g_options, Master().SelectedId(), dtId, *chosen, progress);
+    });
     FillSubdetail();
+    // Also when only some rows of a composite could be added.
+    if (Store().Engine().Changes() != before)
+        TellOfPackaging();
 }
 
 void CViewProd::OnEditPackaging() {
@@ -254,18 +276,24 @@ void CViewProd::OnEditPackaging() {
         sheet.AddPage(page);
         return sheet.Run();
     };
-    if (!EditDetailRow(Subdetail(), {Text::NoCover, "SELECT * FROM Prod_Cover WHERE (cp_id = %li)", nullptr, {}}, ask,
-                       [&](CRecordset& record) { WriteRule(page.Rule(), record); }))
+    if (!EditDetailRow(
+            Subdetail(), {Text::NoCover, "SELECT * FROM Prod_Cover WHERE (cp_id = %li)", nullptr, {}}, ask,
+            [&](CRecordset& record) { WriteRule(page.Rule(), record); },
+            [&](std::int32_t) {
+                if (page.Rule() != before)
+                    CarryOn(Master().SelectedId());
+            }))
         return;
-    if (page.Rule() != before)
-        PackagingChanged();
     FillSubdetail();
+    if (page.Rule() != before)
+        TellOfPackaging();
 }
 
 void CViewProd::OnDeletePackaging() {
     if (DeleteDetailRow(Subdetail(),
-                        {Text::NoCover, nullptr, Text::DeleteCoverRow, {"DELETE FROM Prod_Cover WHERE (cp_id = %li)"}}))
-        PackagingChanged();
+                        {Text::NoCover, nullptr, Text::DeleteCoverRow, {"DELETE FROM Prod_Cover WHERE (cp_id = %li)"}},
+                        [this](std::int32_t) { CarryOn(Master().SelectedId()); }))
+        TellOfPackaging();
 }
 
 /// The register's own dates and packaging rows keep what they show until the selection changes or the user refreshes.
@@ -283,27 +311,21 @@ void CViewProd::OnAssignCovers() {
         return;
     const WaitCursor wait;
     Guarded([&] {
-        const RecordsetPtr target = Store().Table("Prod_Cover");
-        CCommitGroup group(Store());
-        for (const std::int32_t prodId : products) {
-            const RecordsetPtr dates = DefinitionsOfDay(Store(), prodId, datePage.Date());
-            if (dates->get_RecordCount() == 0)
-                AddDefinition(*dates, prodId, datePage.Date());
-            AddPackagingRows(Store(), target, dates->Long("dt_id"), *chosen);
-            if (g_options.packagingToIssues != 0)
-                RecomputeProductCovers(Store(), prodId);
-            group.RecordDone();
-        }
-        group.Finish();
+        CLateProgress progress(Progress(), QStringLiteral("Hromadné přiřazení obalů"), true);
+        AssignPackaging(Store(), g_options, products, datePage.Date(), *chosen, progress);
     });
     TellOthers(ViewMessage::WM_COVERS_CHANGED);
 }
 
-void CViewProd::PackagingChanged() {
-    const std::int32_t prodId = Master().SelectedId();
-    if (g_options.packagingToIssues == 0 || prodId == RecordList::NoId)
+void CViewProd::CarryOn(std::int32_t prodId) {
+    if (prodId == RecordList::NoId)
         return;
     const WaitCursor wait;
-    Guarded([&] { RecomputeProductCovers(Store(), prodId); });
-    TellOthers(ViewMessage::WM_COVERS_CHANGED);
+    CLateProgress progress(Progress(), RecomputationTitle(), false);
+    PackagingChanged(Store(), g_options, prodId, progress);
+}
+
+void CViewProd::TellOfPackaging() {
+    if (g_options.packagingToIssues != 0 && Master().SelectedId() != RecordList::NoId)
+        TellOthers(ViewMessage::WM_COVERS_CHANGED);
 }

@@ -31,8 +31,10 @@ private:
     void OnDeletePackaging();
     void OnAssignCovers();
 
-    /// The packaging definition of the selected product was changed.
-    void PackagingChanged();
+    /// In the edit that changed the product's packaging definitions: what follows from it.
+    void CarryOn(std::int32_t prodId);
+    /// After that edit, also when an error ended it.
+    void TellOfPackaging();
 
     ProdFilter m_filter;
 };

@@ -59,7 +59,8 @@ TEST_F(ProductPackagingTest, AddsTheItemsOfACompositeUnchanged) {
     ExpectError([this] { Do(ID_SUBDETAIL_ADD, {ChoseComposite(1)}); });
     EXPECT_EQ(copied + " 2|2|10000|100000|1|null|null|3|2|1", StoredPackaging());
     EXPECT_EQ(6, List("packaging").RowCount());
-    ExpectTold(0);
+    // The issues follow what was written.
+    ExpectIssued("1|1|500000 1|2|20000 1|2|20000 1|2|20000 2|1|100000 2|2|0 2|2|0 2|2|0 2|2|0 3|3|770000", 1);
 }
 
 TEST_F(ProductPackagingTest, ChangesARow) {

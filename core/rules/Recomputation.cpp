@@ -1,0 +1,113 @@
+#include "core/rules/Recomputation.h"
+
+#include "core/base/Messages.h"
+#include "core/base/Progress.h"
+#include "core/base/SqlText.h"
+#include "core/rules/IssueLines.h"
+#include "core/store/CommitGroup.h"
+#include "core/store/Edit.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr int BarRange = 200;
+/// A step of a very long run takes longer than a press of the button may wait.
+constexpr std::int64_t LongestDeafness = 100; // milliseconds
+
+std::int64_t Milliseconds() {
+    using namespace std::chrono;
+    return duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
+}
+
+std::vector<std::int32_t> KeysOf(CDataStore& store, const std::string& condition) {
+    const RecordsetPtr lines = store.Query("SELECT Move_Prod.mvprod_id FROM Move INNER JOIN Move_Prod ON "
+                                           "Move.move_id = Move_Prod.move_id " +
+                                           condition);
+    std::vector<std::int32_t> keys;
+    keys.reserve(static_cast<std::size_t>(lines->get_RecordCount()));
+    for (; !lines->get_EOF(); lines->MoveNext())
+        keys.push_back(lines->Long("mvprod_id"));
+    return keys;
+}
+
+} // namespace
+
+std::vector<std::int32_t> AllLines(CDataStore& store) {
+    return KeysOf(store, {});
+}
+
+std::vector<std::int32_t> LinesOfProduct(CDataStore& store, std::int32_t prodId) {
+    return KeysOf(store, SqlText("WHERE (Move_Prod.prod_id=%li) ", prodId));
+}
+
+bool RecomputeLines(CDataStore& store, const std::vector<std::int32_t>& keys,
+                    const std::function<bool(std::int64_t)>& goOn, std::int64_t& lines) {
+    lines = 0;
+    CIssueLines issueLines(store);
+    std::int64_t written = 0;
+    bool ended = false;
+    InCommitGroup(
+        store, [&] { lines = written; },
+        [&](CCommitGroup& group) {
+            for (std::size_t i = 0; i < keys.size() && !ended; ++i) {
+                ended = !goOn(static_cast<std::int64_t>(i));
+                if (ended || !issueLines.Recompute(keys[i]))
+                    continue;
+                // Counted first: a commit, of this line too, may come with the record's end.
+                ++written;
+                group.RecordDone();
+            }
+        });
+    return !ended;
+}
+
+void RecomputeProduct(CDataStore& store, std::int32_t prodId, IProgress& progress) {
+    InOneEdit(store, [&] {
+        const std::vector<std::int32_t> keys = LinesOfProduct(store, prodId);
+        progress.SetPhaseText(QStringLiteral("Aktualizuji kuvel u vydaných produktů"));
+        CPacing pacing(progress, static_cast<std::int64_t>(keys.size()));
+        const auto show = [&](std::int64_t line) {
+            pacing.GoOn(line);
+            return true;
+        };
+        std::int64_t lines = 0;
+        RecomputeLines(store, keys, show, lines);
+    });
+}
+
+int RecomputeProductCovers(CDataStore& store, std::int32_t prodId) {
+    std::int64_t lines = 0;
+    try {
+        RecomputeLines(
+            store, LinesOfProduct(store, prodId), [](std::int64_t) { return true; }, lines);
+        return static_cast<int>(lines);
+    } catch (const ComError& error) {
+        ShowComError(error);
+        return -1;
+    }
+}
+
+CPacing::CPacing(IProgress& progress, std::int64_t count)
+    : m_progress(progress), m_count(count), m_step(std::max<std::int64_t>(count / BarRange, 1)),
+      m_lastLook(Milliseconds()) {
+    m_progress.SetRange(0, BarRange);
+}
+
+bool CPacing::GoOn(std::int64_t index) {
+    const bool isStep = index % m_step == 0;
+    if (isStep || Milliseconds() - m_lastLook > LongestDeafness) {
+        if (m_progress.CancelRequested())
+            return false;
+        m_lastLook = Milliseconds();
+    }
+    if (isStep) {
+        m_progress.SetDetailText(MessageText("%li z %li", index + 1, m_count));
+        m_progress.SetPosition(Position(index));
+    }
+    return true;
+}
+
+int CPacing::Position(std::int64_t index) const {
+    return static_cast<int>(BarRange * (index + 1) / m_count);
+}

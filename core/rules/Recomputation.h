@@ -1,0 +1,41 @@
+#pragma once
+
+#include "core/store/DataStore.h"
+
+class IProgress;
+
+/// The keys of all issue lines, or of one product's, in the order in which they are recomputed. Raise ComError.
+std::vector<std::int32_t> AllLines(CDataStore& store);
+std::vector<std::int32_t> LinesOfProduct(CDataStore& store, std::int32_t prodId);
+
+/// Computes the packaging of these lines anew, each read when its turn comes: another program may have changed it, and
+/// one that has gone is passed over. `goOn` is asked before each line with its place, counted from 0; false ends the
+/// run. `lines` is set to the number of lines whose new packaging is in the file, also when ComError is raised. False
+/// when the run was ended.
+bool RecomputeLines(CDataStore& store, const std::vector<std::int32_t>& keys,
+                    const std::function<bool(std::int64_t)>& goOn, std::int64_t& lines);
+
+/// Computes the packaging of a product's issue lines anew as one edit, or within one. It cannot be cancelled. Raises
+/// ComError; the lines done before it stay.
+void RecomputeProduct(CDataStore& store, std::int32_t prodId, IProgress& progress);
+
+/// Deletes and computes anew the packaging of every issue line of one product; changes made by hand are lost. Answers
+/// the number of lines; −1 after a database error was shown, with the lines done before it kept.
+int RecomputeProductCovers(CDataStore& store, std::int32_t prodId);
+
+/// Shows "%li z %li" and moves the bar at most about 200 times in a run of `count` steps, and asks the window whether
+/// it was cancelled then, and whenever a step has taken long.
+class CPacing {
+public:
+    CPacing(IProgress& progress, std::int64_t count);
+    /// Before the step at this place, counted from 0; false when the user cancelled.
+    bool GoOn(std::int64_t index);
+    /// Where the bar stands at this place.
+    int Position(std::int64_t index) const;
+
+private:
+    IProgress& m_progress;
+    const std::int64_t m_count;
+    const std::int64_t m_step;
+    std::int64_t m_lastLook;
+};
