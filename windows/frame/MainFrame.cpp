@@ -4,7 +4,7 @@
 #include "windows/frame/MenuTable.h"
 #include "windows/frame/StatusPanes.h"
 #include "windows/widgets/Guarded.h"
-#include "windows/widgets/commands/CommandTexts.h"
+#include "windows/widgets/commands/CommandTable.h"
 
 #include <QAction>
 #include <QApplication>
@@ -50,29 +50,16 @@ CMainFrame::CMainFrame(CKuvelDoc& doc, std::span<const RegisterEntry> registers)
 CMainFrame::~CMainFrame() = default;
 
 void CMainFrame::CreateActions() {
-    const auto add = [this](Command command) {
-        QAction*& action = m_actions[command];
-        if (action != nullptr)
-            return action;
-        action = new QAction(this);
-        action->setObjectName(QStringLiteral("command%1").arg(static_cast<int>(command)));
-        action->setStatusTip(CommandPrompt(command));
-        action->setToolTip(CommandToolTip(command));
+    for (const CommandRow& row : AllCommands()) {
+        auto* const action = new QAction(row.Icon(), row.Text(), this);
+        action->setObjectName(QStringLiteral("command%1").arg(static_cast<int>(row.command)));
+        action->setStatusTip(row.Prompt());
+        action->setToolTip(row.ToolTip());
         action->setMenuRole(QAction::NoRole);
-        if (const char* icon = CommandIcon(command))
-            action->setIcon(QIcon(QStringLiteral(":/icons/%1.svg").arg(QString::fromLatin1(icon))));
-        connect(action, &QAction::triggered, this, [this, command] { RunCommand(command); });
+        action->setShortcuts(row.Keys());
+        connect(action, &QAction::triggered, this, [this, command = row.command] { RunCommand(command); });
         addAction(action);
-        return action;
-    };
-    for (const MenuRow& row : MainMenu())
-        if (row.command != Command{})
-            add(row.command)->setText(QString::fromUtf8(row.text));
-    for (const Accelerator& accelerator : Accelerators()) {
-        QAction* const action = add(accelerator.command);
-        QList<QKeySequence> keys = action->shortcuts();
-        keys.append(QKeySequence(QString::fromLatin1(accelerator.keys), QKeySequence::PortableText));
-        action->setShortcuts(keys);
+        m_actions[row.command] = action;
     }
     for (const Command command :
          {Command::ID_VIEW_TABLES_BAR, Command::ID_VIEW_TOOLS_BAR, Command::ID_VIEW_STATUS_BAR, Command::ID_SHOW_COVERS,
@@ -83,12 +70,12 @@ void CMainFrame::CreateActions() {
 void CMainFrame::CreateMenus() {
     QMenu* menus[2] = {};
     for (const MenuRow& row : MainMenu()) {
-        const QString text = QString::fromUtf8(row.text);
         if (row.command != Command{}) {
             menus[row.depth - 1]->addAction(m_actions[row.command]);
         } else if (row.text == nullptr) {
             menus[row.depth - 1]->addSeparator();
         } else {
+            const QString text = QString::fromUtf8(row.text);
             QMenu*& menu = menus[row.depth];
             menu = row.depth == 0 ? menuBar()->addMenu(text) : menus[row.depth - 1]->addMenu(text);
             connect(menu, &QMenu::aboutToShow, this, &CMainFrame::UpdateCommands);
@@ -96,19 +83,19 @@ void CMainFrame::CreateMenus() {
     }
 }
 
-QToolBar* CMainFrame::CreateBar(const char* name, const QString& title, std::span<const BarRow> rows) {
+QToolBar* CMainFrame::CreateBar(const char* name, const QString& title, std::span<const Command> commands) {
     QToolBar* const bar = addToolBar(title);
     bar->setObjectName(QString::fromLatin1(name));
-    for (const BarRow& row : rows) {
-        if (row.command == Command{}) {
+    for (const Command command : commands) {
+        if (command == Command{}) {
             bar->addSeparator();
             continue;
         }
-        QAction* const action = m_actions[row.command];
+        QAction* const action = m_actions[command];
         bar->addAction(action);
         QWidget* const button = bar->widgetForAction(action);
-        button->setObjectName(QStringLiteral("button%1").arg(static_cast<int>(row.command)));
-        button->setAccessibleName(CommandToolTip(row.command));
+        button->setObjectName(QStringLiteral("button%1").arg(static_cast<int>(command)));
+        button->setAccessibleName(action->toolTip());
     }
     return bar;
 }

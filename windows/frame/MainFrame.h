@@ -7,7 +7,6 @@
 #include <functional>
 #include <map>
 
-struct BarRow;
 class CKuvelDoc;
 class CStatusPanes;
 class QAction;
@@ -46,7 +45,7 @@ protected:
 private:
     void CreateActions();
     void CreateMenus();
-    QToolBar* CreateBar(const char* name, const QString& title, std::span<const BarRow> rows);
+    QToolBar* CreateBar(const char* name, const QString& title, std::span<const Command> commands);
     void CreateHandlers();
     void UpdateCommands();
     void RestoreLayout();

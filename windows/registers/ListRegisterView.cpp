@@ -10,7 +10,7 @@
 #include "windows/widgets/SplitterBar.h"
 #include "windows/widgets/TitleBand.h"
 #include "windows/widgets/WaitCursor.h"
-#include "windows/widgets/commands/CommandTexts.h"
+#include "windows/widgets/commands/CommandTable.h"
 
 #include <QMenu>
 #include <QShowEvent>
@@ -22,21 +22,11 @@ namespace {
 constexpr int DetailSideWidth = 240;
 constexpr int SplitterWidth = 5;
 
-struct ButtonSpec {
-    Command command;
-    const char* icon;
-};
-
 /// The row of buttons above each list, by the list's level.
-const std::array<std::vector<ButtonSpec>, 3> Buttons = {{
-    {{Command::ID_RECORD_ADD, "add"},
-     {Command::ID_RECORD_EDIT, "edit"},
-     {Command::ID_RECORD_DELETE, "delete"},
-     {Command::ID_RECORD_FILTER, "filter"}},
-    {{Command::ID_DETAIL_ADD, "add"}, {Command::ID_DETAIL_EDIT, "edit"}, {Command::ID_DETAIL_DELETE, "delete"}},
-    {{Command::ID_SUBDETAIL_ADD, "add"},
-     {Command::ID_SUBDETAIL_EDIT, "edit"},
-     {Command::ID_SUBDETAIL_DELETE, "delete"}},
+const std::array<std::vector<Command>, 3> Buttons = {{
+    {Command::ID_RECORD_ADD, Command::ID_RECORD_EDIT, Command::ID_RECORD_DELETE, Command::ID_RECORD_FILTER},
+    {Command::ID_DETAIL_ADD, Command::ID_DETAIL_EDIT, Command::ID_DETAIL_DELETE},
+    {Command::ID_SUBDETAIL_ADD, Command::ID_SUBDETAIL_EDIT, Command::ID_SUBDETAIL_DELETE},
 }};
 
 constexpr Command EditCommands[] = {Command::ID_RECORD_EDIT, Command::ID_DETAIL_EDIT, Command::ID_SUBDETAIL_EDIT};
@@ -76,14 +66,11 @@ ListRegisterView::ListRegisterView(CDataStore& store, IBroadcaster& broadcaster,
 }
 
 void ListRegisterView::MakeGroup(ListGroup& group, const ListSpec& spec, const char* title, int level) {
-    for (const ButtonSpec& each : Buttons[static_cast<std::size_t>(level)]) {
-        auto* button = new CIconButton(RegisterIcon(QString::fromLatin1(each.icon)), this);
-        button->setObjectName(QStringLiteral("button%1").arg(static_cast<int>(each.command)));
-        button->setToolTip(CommandToolTip(each.command));
-        button->setAccessibleName(CommandToolTip(each.command).trimmed());
-        connect(button, &QPushButton::clicked, this, [this, command = each.command] { Run(command); });
+    for (const Command command : Buttons[static_cast<std::size_t>(level)]) {
+        CIconButton* const button = MakeCommandButton(command, this);
+        connect(button, &QPushButton::clicked, this, [this, command] { Run(command); });
         group.buttons.append(button);
-        m_buttons[each.command] = button;
+        m_buttons[command] = button;
     }
     if (title != nullptr)
         group.title = new CTitleBand(QString::fromUtf8(title), this);

@@ -8,8 +8,8 @@ constexpr int IconSize = 16;
 constexpr int TextGap = 3;
 } // namespace
 
-QIcon RegisterIcon(const QString& name) {
-    return QIcon(QStringLiteral(":/icons/%1.svg").arg(name));
+QIcon NamedIcon(const char* name) {
+    return QIcon(QStringLiteral(":/icons/%1.svg").arg(QLatin1String(name)));
 }
 
 CIconButton::CIconButton(const QIcon& icon, QWidget* parent) : QPushButton(parent) {

@@ -3,7 +3,7 @@
 #include <QPushButton>
 
 /// An icon of the program's resources by its name ("add").
-QIcon RegisterIcon(const QString& name);
+QIcon NamedIcon(const char* name);
 
 /// A small owner-drawn push button with an icon, and a text after it if it has one. Latched, it stays drawn pressed.
 class CIconButton : public QPushButton {

@@ -12,7 +12,7 @@
 #include "windows/widgets/IconButton.h"
 #include "windows/widgets/Refuse.h"
 #include "windows/widgets/RegisterTexts.h"
-#include "windows/widgets/commands/CommandTexts.h"
+#include "windows/widgets/commands/CommandTable.h"
 #include "windows/widgets/commands/ContextMenus.h"
 #include "windows/widgets/lists/RecordList.h"
 
@@ -70,20 +70,12 @@ CCompCoverDlg::CCompCoverDlg(CDataStore& store, std::int32_t compositeId, const 
 CCompCoverDlg::~CCompCoverDlg() = default;
 
 void CCompCoverDlg::AddButtons() {
-    const struct {
-        Command command;
-        const char* icon;
-    } buttons[] = {
-        {Command::ID_RECORD_ADD, "add"}, {Command::ID_RECORD_EDIT, "edit"}, {Command::ID_RECORD_DELETE, "delete"}};
     QWidget* before = m_ui->note;
-    for (int i = 0; i < 3; ++i) {
-        const Command command = buttons[i].command;
-        auto* button = new CIconButton(RegisterIcon(QString::fromLatin1(buttons[i].icon)), this);
-        button->setObjectName(QStringLiteral("button%1").arg(static_cast<int>(command)));
-        button->setToolTip(CommandToolTip(command));
-        button->setAccessibleName(CommandToolTip(command));
+    int place = 0;
+    for (const Command command : {Command::ID_RECORD_ADD, Command::ID_RECORD_EDIT, Command::ID_RECORD_DELETE}) {
+        CIconButton* const button = MakeCommandButton(command, this);
         connect(button, &QPushButton::clicked, this, [this, command] { Run(command); });
-        m_ui->itemButtons->insertWidget(i, button);
+        m_ui->itemButtons->insertWidget(place++, button);
         setTabOrder(before, button);
         before = button;
     }
@@ -93,13 +85,12 @@ void CCompCoverDlg::AddButtons() {
 
 /// The keys of the menu, while the list has the focus. Enter stays the default button's.
 void CCompCoverDlg::AddShortcuts() {
-    const auto add = [this](Qt::Key key, Command command) {
-        auto* shortcut = new QShortcut(QKeySequence(key), m_items);
+    for (const Command command : {Command::ID_RECORD_ADD, Command::ID_RECORD_DELETE}) {
+        auto* const shortcut = new QShortcut(m_items);
+        shortcut->setKeys(RowOf(command).Keys());
         shortcut->setContext(Qt::WidgetWithChildrenShortcut);
         connect(shortcut, &QShortcut::activated, this, [this, command] { Run(command); });
-    };
-    add(Qt::Key_Insert, Command::ID_RECORD_ADD);
-    add(Qt::Key_Delete, Command::ID_RECORD_DELETE);
+    }
 }
 
 void CCompCoverDlg::Fill(std::int32_t id) {

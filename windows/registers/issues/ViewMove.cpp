@@ -78,7 +78,7 @@ RegisterSpec IssueRegister() {
 
 CViewMove::CViewMove(CDataStore& store, IBroadcaster& broadcaster, QWidget* parent)
     : ListRegisterView(store, broadcaster, IssueRegister(), parent),
-      m_toggle(new CIconButton(RegisterIcon(QStringLiteral("toggle")), this)) {
+      m_toggle(new CIconButton(NamedIcon("toggle"), this)) {
     m_toggle->setObjectName(QStringLiteral("toggleCovers"));
     m_toggle->setToolTip(QStringLiteral("Zobrazit jen kuvel vybrané položky"));
     m_toggle->setAccessibleName(m_toggle->toolTip());

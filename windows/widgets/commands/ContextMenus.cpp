@@ -1,61 +1,25 @@
 #include "windows/widgets/commands/ContextMenus.h"
 
+#include "windows/widgets/commands/CommandTable.h"
+
 #include <QMenu>
 
 #include <span>
 
 namespace {
 
-enum class Needs { Nothing, Row, Parent };
+using enum Command;
 
-struct Item {
-    Command command;
-    const char* text;
-    const char* key;
-    Needs needs;
-};
+constexpr Command Separator{};
+constexpr Command RecMain[] = {ID_RECORD_ADD,  ID_RECORD_EDIT,    ID_RECORD_DELETE, Separator,
+                               ID_RECORD_FIND, ID_RECORD_REPLACE, Separator,        ID_RECORD_FILTER};
+constexpr Command Rec2[] = {ID_DETAIL_ADD, ID_DETAIL_EDIT, ID_DETAIL_DELETE};
+constexpr Command Rec3[] = {ID_SUBDETAIL_ADD, ID_SUBDETAIL_EDIT, ID_SUBDETAIL_DELETE};
+constexpr Command RecProd[] = {ID_RECORD_ADD, ID_RECORD_EDIT, ID_RECORD_DELETE,  Separator, ID_PROD_ASSIGN_COVERS,
+                               Separator,     ID_RECORD_FIND, ID_RECORD_REPLACE, Separator, ID_RECORD_FILTER};
+constexpr Command Rec1[] = {ID_RECORD_ADD, ID_RECORD_EDIT, ID_RECORD_DELETE};
 
-constexpr Item Separator{Command{}, nullptr, nullptr, Needs::Nothing};
-
-constexpr Item RecMain[] = {
-    {Command::ID_RECORD_ADD, "&Přidat", "Ins", Needs::Nothing},
-    {Command::ID_RECORD_EDIT, "&Upravit", "Enter", Needs::Row},
-    {Command::ID_RECORD_DELETE, "&Odstranit", "Del", Needs::Row},
-    Separator,
-    {Command::ID_RECORD_FIND, "&Najít...", "Ctrl+F", Needs::Nothing},
-    {Command::ID_RECORD_REPLACE, "Na&hradit...", "Ctrl+H", Needs::Nothing},
-    Separator,
-    {Command::ID_RECORD_FILTER, "Fil&tr...", "Ctrl+T", Needs::Nothing},
-};
-constexpr Item Rec2[] = {
-    {Command::ID_DETAIL_ADD, "&Přidat", "Ctrl+Ins", Needs::Parent},
-    {Command::ID_DETAIL_EDIT, "&Upravit", "Ctrl+Enter", Needs::Row},
-    {Command::ID_DETAIL_DELETE, "&Odstranit", "Ctrl+Del", Needs::Row},
-};
-constexpr Item Rec3[] = {
-    {Command::ID_SUBDETAIL_ADD, "&Přidat", "Alt+Ins", Needs::Parent},
-    {Command::ID_SUBDETAIL_EDIT, "&Upravit", "Alt+Enter", Needs::Row},
-    {Command::ID_SUBDETAIL_DELETE, "&Odstranit", "Alt+Del", Needs::Row},
-};
-constexpr Item RecProd[] = {
-    {Command::ID_RECORD_ADD, "&Přidat", "Ins", Needs::Nothing},
-    {Command::ID_RECORD_EDIT, "&Upravit", "Enter", Needs::Row},
-    {Command::ID_RECORD_DELETE, "&Odstranit", "Del", Needs::Row},
-    Separator,
-    {Command::ID_PROD_ASSIGN_COVERS, "Hromadně přiř&adit kuvel", nullptr, Needs::Row},
-    Separator,
-    {Command::ID_RECORD_FIND, "&Najít...", "Ctrl+F", Needs::Nothing},
-    {Command::ID_RECORD_REPLACE, "Na&hradit...", "Ctrl+H", Needs::Nothing},
-    Separator,
-    {Command::ID_RECORD_FILTER, "Fil&tr...", "Ctrl+T", Needs::Nothing},
-};
-constexpr Item Rec1[] = {
-    {Command::ID_RECORD_ADD, "&Přidat", "Ins", Needs::Nothing},
-    {Command::ID_RECORD_EDIT, "&Upravit", nullptr, Needs::Row},
-    {Command::ID_RECORD_DELETE, "&Odstranit", "Del", Needs::Row},
-};
-
-std::span<const Item> Items(ContextMenu menu) {
+std::span<const Command> CommandsOf(ContextMenu menu) {
     switch (menu) {
     case ContextMenu::RecMain:
         return RecMain;
@@ -71,24 +35,38 @@ std::span<const Item> Items(ContextMenu menu) {
     return {};
 }
 
+/// In the composition list Enter is the default button's, so the menu does not promise it.
+bool ShowsKeys(ContextMenu menu, const CommandRow& row) {
+    return row.keys != nullptr && !(menu == ContextMenu::Rec1 && row.command == ID_RECORD_EDIT);
+}
+
+bool Allows(const MenuState& state, CommandRow::Needs needs) {
+    switch (needs) {
+    case CommandRow::Needs::Row:
+        return state.onRow;
+    case CommandRow::Needs::Parent:
+        return state.hasParent;
+    default:
+        return true;
+    }
+}
+
 } // namespace
 
 QMenu* MakeContextMenu(ContextMenu menu, const MenuState& state, const std::function<bool(Command)>& handles,
                        const std::function<void(Command)>& run, QWidget* parent) {
-    auto* result = new QMenu(parent);
-    for (const Item& item : Items(menu)) {
-        if (item.text == nullptr) {
+    auto* const result = new QMenu(parent);
+    for (const Command command : CommandsOf(menu)) {
+        if (command == Separator) {
             result->addSeparator();
             continue;
         }
-        QString text = QString::fromUtf8(item.text);
-        if (item.key != nullptr)
-            text += QLatin1Char('\t') + QLatin1String(item.key);
-        const Command command = item.command;
-        QAction* action = result->addAction(text, result, [run, command] { run(command); });
-        const bool allowed = item.needs == Needs::Nothing || (item.needs == Needs::Row && state.onRow) ||
-                             (item.needs == Needs::Parent && state.hasParent);
-        action->setEnabled(allowed && handles(command));
+        const CommandRow& row = RowOf(command);
+        QString text = row.Text();
+        if (ShowsKeys(menu, row))
+            text += QLatin1Char('\t') + QLatin1String(row.keys);
+        QAction* const action = result->addAction(text, result, [run, command] { run(command); });
+        action->setEnabled(Allows(state, row.needs) && handles(command));
     }
     return result;
 }
