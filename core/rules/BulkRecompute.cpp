@@ -11,17 +11,17 @@ bool AskRecomputeAllIssues() {
 
 namespace {
 
-template <class Keys>
-BulkResult Run(CDataStore& store, const Keys& keysOf, IProgressDoor& door, std::int64_t& lines) {
+template <class Lines>
+BulkResult Run(CDataStore& store, const Lines& linesOf, IProgressDoor& door, std::int64_t& lines) {
     lines = 0;
     const std::unique_ptr<IProgress> progress = door.Open(QStringLiteral("Úprava vydaných obalů"), true);
     try {
-        const std::vector<std::int32_t> keys = keysOf();
-        CPacing pacing(*progress, static_cast<std::int64_t>(keys.size()));
-        if (!keys.empty())
+        const RecordsetPtr issueLines = linesOf();
+        CPacing pacing(*progress, issueLines->get_RecordCount());
+        if (!issueLines->get_EOF())
             progress->SetPhaseText(QStringLiteral("Aktualizuji kuvel u vydaných produktů"));
         if (RecomputeLines(
-                store, keys, [&](std::int64_t i) { return pacing.GoOn(i); }, lines))
+                store, *issueLines, [&](std::int64_t i) { return pacing.GoOn(i); }, lines))
             return BulkResult::Done;
         ShowMessage(QStringLiteral("Aktualizace byla přerušena!"));
         return BulkResult::Cancelled;

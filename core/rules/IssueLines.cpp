@@ -23,7 +23,7 @@ std::int32_t CIssueLines::Add(const Variant& moveId, std::int32_t prodId, Curren
 
 std::int32_t CIssueLines::Add(std::int32_t moveId, std::int32_t prodId, Currency quantity) {
     std::int32_t mvprodId = 0;
-    InOneEdit(m_store, [&] { mvprodId = Add(moveId, prodId, quantity, IssueDate(moveId)); });
+    InOneEdit(m_store, [&] { mvprodId = Add(moveId, prodId, quantity, IssueDateOrToday(moveId)); });
     return mvprodId;
 }
 
@@ -38,7 +38,7 @@ bool CIssueLines::Change(std::int32_t mvprodId, Currency quantity) {
         line->Update();
         RemoveCovers(mvprodId);
         const std::int32_t moveId = line->Long("move_id");
-        AddCovers(mvprodId, moveId, line->Long("prod_id"), quantity, IssueDate(moveId));
+        AddCovers(mvprodId, moveId, line->Long("prod_id"), quantity, IssueDateOrToday(moveId));
     });
     return found;
 }
@@ -50,27 +50,29 @@ void CIssueLines::Remove(std::int32_t mvprodId) {
     });
 }
 
-bool CIssueLines::Recompute(std::int32_t mvprodId) {
+bool CIssueLines::Recompute(CRecordset& lines) {
     bool found = false;
     InOneEdit(m_store, [&] {
-        m_store.OpenRecordset(m_line,
-                              SqlText("SELECT Move.move_date, Move_Prod.* FROM Move INNER JOIN Move_Prod ON "
-                                      "Move.move_id = Move_Prod.move_id WHERE (Move_Prod.mvprod_id=%li) ",
-                                      mvprodId),
-                              CursorType::Keyset, LockType::Optimistic, CommandType::Text);
-        found = !m_line->get_EOF();
+        if (!lines.IsThere())
+            return;
+        const std::int32_t moveId = lines.Long("move_id");
+        const std::optional<DateTime> issueDate = IssueDate(moveId);
+        found = issueDate.has_value();
         if (!found)
             return;
+        const std::int32_t mvprodId = lines.Long("mvprod_id");
         RemoveCovers(mvprodId);
-        AddCovers(mvprodId, m_line->get_Collect("move_id"), m_line->Long("prod_id"),
-                  ToCurrency(m_line->get_Collect("mvprod_qty")), ToDate(m_line->get_Collect("move_date")));
+        AddCovers(mvprodId, moveId, lines.Long("prod_id"), ToCurrency(lines.get_Collect("mvprod_qty")), *issueDate);
     });
     return found;
 }
 
-DateTime CIssueLines::IssueDate(std::int32_t moveId) {
-    const RecordsetPtr issue = m_store.Query(SqlText("SELECT move_date FROM Move WHERE move_id = %li", moveId));
-    return issue->get_EOF() ? DateTime::Today() : ToDate(issue->get_Collect("move_date"));
+std::optional<DateTime> CIssueLines::IssueDate(std::int32_t moveId) {
+    m_store.OpenRecordset(m_issue, SqlText("SELECT move_date FROM Move WHERE move_id = %li", moveId),
+                          CursorType::Keyset, LockType::Optimistic, CommandType::Text);
+    if (m_issue->get_EOF())
+        return std::nullopt;
+    return ToDate(m_issue->get_Collect("move_date"));
 }
 
 void CIssueLines::RemoveCovers(std::int32_t mvprodId) {
@@ -81,5 +83,5 @@ void CIssueLines::AddCovers(const Variant& mvprodId, const Variant& moveId, std:
                             const DateTime& issueDate) {
     if (!m_covers)
         m_covers = m_store.Table("Move_Cover");
-    AddItemCovers(m_store, m_covers, mvprodId, moveId, prodId, quantity, issueDate);
+    AddItemCovers(m_store, m_covers, mvprodId, moveId, prodId, quantity, issueDate, m_packaging);
 }

@@ -2,6 +2,8 @@
 
 #include "core/store/DataStore.h"
 
+#include <optional>
+
 /// The one road by which issue lines, and the packaging that leaves with them, are written. Each operation writes the
 /// line and its packaging together, in a transaction of its own unless one is open, and raises ComError.
 class CIssueLines {
@@ -15,12 +17,14 @@ public:
     /// Packaging entered by hand is lost. False when the line has gone.
     bool Change(std::int32_t mvprodId, Currency quantity);
     void Remove(std::int32_t mvprodId);
-    /// Computes the packaging anew from the line as it is now; what was entered by hand is lost. False when the line,
-    /// or its issue, has gone.
-    bool Recompute(std::int32_t mvprodId);
+    /// Computes the packaging of the current record of `lines`, a keyset of "Move_Prod", anew from the line as it is
+    /// now; what was entered by hand is lost. False when the line, or its issue, has gone.
+    bool Recompute(CRecordset& lines);
 
 private:
-    DateTime IssueDate(std::int32_t moveId);
+    /// None when the issue has gone.
+    std::optional<DateTime> IssueDate(std::int32_t moveId);
+    DateTime IssueDateOrToday(std::int32_t moveId) { return IssueDate(moveId).value_or(DateTime::Today()); }
     void RemoveCovers(std::int32_t mvprodId);
     void AddCovers(const Variant& mvprodId, const Variant& moveId, std::int32_t prodId, Currency quantity,
                    const DateTime& issueDate);
@@ -29,5 +33,6 @@ private:
     /// Opened when they are needed first, and reused.
     RecordsetPtr m_lines;
     RecordsetPtr m_covers;
-    RecordsetPtr m_line;
+    RecordsetPtr m_issue;
+    RecordsetPtr m_packaging;
 };

@@ -41,10 +41,9 @@ Currency Pieces(const CRecordset& row, Currency quantity) {
 } // namespace
 
 int AddItemCovers(CDataStore& store, const RecordsetPtr& target, const Variant& mvprodId, const Variant& moveId,
-                  std::int32_t prodId, Currency quantity, const DateTime& issueDate) {
+                  std::int32_t prodId, Currency quantity, const DateTime& issueDate, RecordsetPtr& rows) {
     if (!issueDate.IsValid())
         return -1;
-    RecordsetPtr rows;
     const std::int32_t definition = DefinitionInForce(store, rows, prodId, issueDate);
     if (definition == 0)
         return 0;
@@ -71,7 +70,8 @@ int AddItemCovers(CDataStore& store, const RecordsetPtr& target, const Variant& 
 int ComputeItemCovers(CDataStore& store, const RecordsetPtr& target, const Variant& mvprodId, const Variant& moveId,
                       std::int32_t prodId, Currency quantity, const DateTime& issueDate) {
     try {
-        return AddItemCovers(store, target, mvprodId, moveId, prodId, quantity, issueDate);
+        RecordsetPtr rows;
+        return AddItemCovers(store, target, mvprodId, moveId, prodId, quantity, issueDate, rows);
     } catch (const ComError& error) {
         ShowComError(error);
         return -1;

@@ -20,59 +20,49 @@ std::int64_t Milliseconds() {
     return duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
 }
 
-std::vector<std::int32_t> KeysOf(CDataStore& store, const std::string& condition) {
-    const RecordsetPtr lines = store.Query("SELECT Move_Prod.mvprod_id FROM Move INNER JOIN Move_Prod ON "
-                                           "Move.move_id = Move_Prod.move_id " +
-                                           condition);
-    std::vector<std::int32_t> keys;
-    keys.reserve(static_cast<std::size_t>(lines->get_RecordCount()));
-    for (; !lines->get_EOF(); lines->MoveNext())
-        keys.push_back(lines->Long("mvprod_id"));
-    return keys;
-}
-
 } // namespace
 
-std::vector<std::int32_t> AllLines(CDataStore& store) {
-    return KeysOf(store, {});
+RecordsetPtr AllLines(CDataStore& store) {
+    return store.Query("SELECT * FROM Move_Prod WHERE (move_id IN (SELECT move_id FROM Move))");
 }
 
-std::vector<std::int32_t> LinesOfProduct(CDataStore& store, std::int32_t prodId) {
-    return KeysOf(store, SqlText("WHERE (Move_Prod.prod_id=%li) ", prodId));
+RecordsetPtr LinesOfProduct(CDataStore& store, std::int32_t prodId) {
+    return store.Query(
+        SqlText("SELECT * FROM Move_Prod WHERE (prod_id=%li) AND (move_id IN (SELECT move_id FROM Move))", prodId));
 }
 
-bool RecomputeLines(CDataStore& store, const std::vector<std::int32_t>& keys,
-                    const std::function<bool(std::int64_t)>& goOn, std::int64_t& lines) {
+bool RecomputeLines(CDataStore& store, CRecordset& issueLines, const std::function<bool(std::int64_t)>& goOn,
+                    std::int64_t& lines) {
     lines = 0;
-    CIssueLines issueLines(store);
+    CIssueLines road(store);
     std::int64_t written = 0;
     bool ended = false;
+    const auto loop = [&](CCommitGroup& group) {
+        for (std::int64_t i = 0; !ended && !issueLines.get_EOF(); issueLines.MoveNext(), ++i) {
+            ended = !goOn(i);
+            if (ended || !road.Recompute(issueLines))
+                continue;
+            // Counted first: a commit, of this line too, may come with the record's end.
+            ++written;
+            group.RecordDone();
+        }
+    };
     InCommitGroup(
-        store, [&] { lines = written; },
-        [&](CCommitGroup& group) {
-            for (std::size_t i = 0; i < keys.size() && !ended; ++i) {
-                ended = !goOn(static_cast<std::int64_t>(i));
-                if (ended || !issueLines.Recompute(keys[i]))
-                    continue;
-                // Counted first: a commit, of this line too, may come with the record's end.
-                ++written;
-                group.RecordDone();
-            }
-        });
+        store, [&] { lines = written; }, loop);
     return !ended;
 }
 
 void RecomputeProduct(CDataStore& store, std::int32_t prodId, IProgress& progress) {
     InOneEdit(store, [&] {
-        const std::vector<std::int32_t> keys = LinesOfProduct(store, prodId);
+        const RecordsetPtr issueLines = LinesOfProduct(store, prodId);
         progress.SetPhaseText(QStringLiteral("Aktualizuji kuvel u vydaných produktů"));
-        CPacing pacing(progress, static_cast<std::int64_t>(keys.size()));
+        CPacing pacing(progress, issueLines->get_RecordCount());
         const auto show = [&](std::int64_t line) {
             pacing.GoOn(line);
             return true;
         };
         std::int64_t lines = 0;
-        RecomputeLines(store, keys, show, lines);
+        RecomputeLines(store, *issueLines, show, lines);
     });
 }
 
@@ -80,7 +70,7 @@ int RecomputeProductCovers(CDataStore& store, std::int32_t prodId) {
     std::int64_t lines = 0;
     try {
         RecomputeLines(
-            store, LinesOfProduct(store, prodId), [](std::int64_t) { return true; }, lines);
+            store, *LinesOfProduct(store, prodId), [](std::int64_t) { return true; }, lines);
         return static_cast<int>(lines);
     } catch (const ComError& error) {
         ShowComError(error);

@@ -4,16 +4,16 @@
 
 class IProgress;
 
-/// The keys of all issue lines, or of one product's, in the order in which they are recomputed. Raise ComError.
-std::vector<std::int32_t> AllLines(CDataStore& store);
-std::vector<std::int32_t> LinesOfProduct(CDataStore& store, std::int32_t prodId);
+/// All issue lines, or one product's: their keys only, until a line is visited. Raise ComError.
+RecordsetPtr AllLines(CDataStore& store);
+RecordsetPtr LinesOfProduct(CDataStore& store, std::int32_t prodId);
 
 /// Computes the packaging of these lines anew, each read when its turn comes: another program may have changed it, and
 /// one that has gone is passed over. `goOn` is asked before each line with its place, counted from 0; false ends the
 /// run. `lines` is set to the number of lines whose new packaging is in the file, also when ComError is raised. False
 /// when the run was ended.
-bool RecomputeLines(CDataStore& store, const std::vector<std::int32_t>& keys,
-                    const std::function<bool(std::int64_t)>& goOn, std::int64_t& lines);
+bool RecomputeLines(CDataStore& store, CRecordset& issueLines, const std::function<bool(std::int64_t)>& goOn,
+                    std::int64_t& lines);
 
 /// Computes the packaging of a product's issue lines anew as one edit, or within one. It cannot be cancelled. Raises
 /// ComError; the lines done before it stay.

@@ -126,6 +126,11 @@ void CRecordset::ReadCurrentRow() const {
         Raise(ResultCode::NoCurrentRecord, m_source, QStringLiteral("Záznam byl odstraněn."));
 }
 
+bool CRecordset::IsThere() const {
+    NeedRecord();
+    return m_rows->ReadRow(*m_engine);
+}
+
 bool CRecordset::get_EOF() const {
     NeedKeys();
     return m_rows->AtEnd();

@@ -50,6 +50,8 @@ public:
     /// condition reads the table again only when it can find something else.
     void Find(std::string_view criterion);
 
+    /// Whether the current record is still in the database.
+    bool IsThere() const;
     /// The key of the record at this position, counted from 0, without reading its row; also when the database was
     /// closed meanwhile. Keysets only.
     std::int64_t KeyAt(int position) const;
