@@ -261,6 +261,9 @@ TEST(Kuvelctl, RecomputesOneProduct) {
     EXPECT_EQ(0, result.exitCode);
     EXPECT_EQ(lines + " lines\n", result.output.toStdString());
     EXPECT_EQ("5", folder.AskAll("SELECT DISTINCT prod_id FROM Move_Cover JOIN Move_Prod USING (mvprod_id)"));
+    // A product that is gone may have lines.
+    folder.Sql("DELETE FROM Product WHERE prod_id = 5");
+    EXPECT_EQ(lines + " lines\n", program.Run("recompute --product 5").output.toStdString());
     const CtlResult unknown = program.Run("recompute --product 5000");
     EXPECT_EQ(1, unknown.exitCode);
     EXPECT_EQ("kuvelctl: there is no product 5000\n", unknown.errors.toStdString());

@@ -27,7 +27,7 @@ Message::Answer ScriptedMessages::Show(const Message& message) {
     if (m_expected.empty()) {
         if (!m_acceptAny)
             ADD_FAILURE() << "a message that was not expected: " << message.text.toStdString();
-        return message.buttons == Message::Buttons::Ok ? Message::Answer::Ok : Message::Answer::No;
+        return message.buttons == Message::Buttons::Ok ? Message::Answer::Ok : m_anyAnswer;
     }
     const Expected expected = m_expected.front();
     m_expected.erase(m_expected.begin());
@@ -47,7 +47,11 @@ public:
     void SetRange(int low, int high) override {
         m_door.lines.push_back(QStringLiteral("range %1 %2").arg(low).arg(high));
     }
-    void SetPhaseText(const QString& text) override { m_door.lines.push_back(QStringLiteral("phase ") + text); }
+    void SetPhaseText(const QString& text) override {
+        m_door.lines.push_back(QStringLiteral("phase ") + text);
+        if (m_door.onPhase)
+            m_door.onPhase();
+    }
     void SetDetailText(const QString& text) override { m_door.lines.push_back(QStringLiteral("detail ") + text); }
     void SetPosition(int position) override {
         m_door.lines.push_back(QStringLiteral("position %1").arg(position));

@@ -18,8 +18,11 @@ public:
     void ExpectQuestion(const QString& text, Message::Answer answer);
     /// Run while the next message is shown, before it is answered.
     void Meanwhile(std::function<void()> act) { m_meanwhile = std::move(act); }
-    /// Accepts any message from here on, and collects them.
-    void AcceptAny() { m_acceptAny = true; }
+    /// Accepts any message from here on, and collects them; questions are answered so.
+    void AcceptAny(Message::Answer answer = Message::Answer::No) {
+        m_acceptAny = true;
+        m_anyAnswer = answer;
+    }
     const std::vector<Message>& Shown() const { return m_shown; }
 
     Message::Answer Show(const Message& message) override;
@@ -33,6 +36,7 @@ private:
     std::vector<Message> m_shown;
     std::function<void()> m_meanwhile;
     bool m_acceptAny = false;
+    Message::Answer m_anyAnswer = Message::Answer::No;
     IMessageDoor* m_before;
 };
 
@@ -47,4 +51,6 @@ public:
     int asked = 0;
     /// Run each time the position moves.
     std::function<void()> onPosition;
+    /// Run each time a phase begins.
+    std::function<void()> onPhase;
 };

@@ -1,5 +1,6 @@
 #include "core/base/ComError.h"
 #include "core/import/Import.h"
+#include "tests/support/Faults.h"
 #include "tests/support/OtherProgram.h"
 #include "tests/support/ProgramFolder.h"
 #include "tests/support/ScriptedDoors.h"
@@ -378,6 +379,42 @@ TEST_F(ImportFrame, AnErrorKeepsWhatWasWritten) {
                   shown.Shown()[1].text)
             << row.name;
     }
+}
+
+/// Forty documents of three lines, half of them imported before, on a disk that fails.
+struct ImportOnFaultyDisk : IFaultSubject {
+    struct World : ImportFrame {
+        void TestBody() override {}
+    } world;
+
+    ImportOnFaultyDisk() {
+        world.AddPackagedProduct(1);
+        world.options.existing = ExistingRecords::Overwrite;
+        Fill(20, 5);
+        world.Run();
+        Fill(40, 20);
+        world.messages.AcceptAny();
+    }
+    void Fill(int documents, int quantity) {
+        world.source.lines.clear();
+        for (int i = 0; i < 3 * documents; ++i)
+            world.source.lines.push_back({i / 3, QStringLiteral("D%1").arg(i / 3), 1, quantity});
+    }
+    const ProgramFolder& Folder() const override { return world.folder; }
+    std::int64_t Run(const std::function<void()>& arm) override {
+        arm();
+        return RunImportCommand(world.Command()).counts.documents;
+    }
+    std::size_t Messages() const override {
+        return world.messages.Shown().size() - 1; // the summary
+    }
+};
+
+TEST(ImportFaults, LeaveEachDocumentOldOrNew) {
+    ExpectWholeAfterAnyFault({"import", [] { return std::make_unique<ImportOnFaultyDisk>(); },
+                              "SELECT move_num, (SELECT group_concat(mvprod_qty) FROM Move_Prod AS p WHERE p.move_id = "
+                              "m.move_id) || ' ' || (SELECT group_concat(mvcover_qty) FROM Move_Cover AS c WHERE "
+                              "c.move_id = m.move_id) FROM Move AS m"});
 }
 
 TEST_F(ImportFrame, CountsOnlyWhatIsKept) {

@@ -1,11 +1,15 @@
+#include "core/base/LateProgress.h"
 #include "core/rules/BulkRecompute.h"
 #include "core/rules/ItemCovers.h"
+#include "core/rules/PackagingChange.h"
 #include "core/rules/Propagation.h"
 #include "core/rules/Recomputation.h"
 #include "tests/support/ProgramFolder.h"
 #include "tests/support/ScriptedDoors.h"
 
 #include <gtest/gtest.h>
+
+#include <thread>
 
 namespace {
 
@@ -170,6 +174,57 @@ TEST(BulkRecompute, AnErrorShowsOnlyItsOwnText) {
     EXPECT_EQ("7", store.Ask("SELECT count(*) FROM Move_Cover WHERE cover_id = 9"));
 }
 
+TEST(BulkRecompute, SeesWhatAnotherProgramChangedMeanwhile) {
+    StoreFolder store;
+    store.Sql(Lines(6));
+    RecordedProgress progress;
+    progress.onPhase = [&] {
+        store.Sql("UPDATE Move_Prod SET mvprod_qty = 70000 WHERE mvprod_id = 2;"
+                  "UPDATE Move SET move_date = '2009-01-01' WHERE move_id = 3;"
+                  "DELETE FROM Move_Cover WHERE mvprod_id IN (4, 5); DELETE FROM Move_Prod WHERE mvprod_id = 4;"
+                  "DELETE FROM Move WHERE move_id = 5; INSERT INTO Move_Prod VALUES (7, 1, 1, 20000)");
+    };
+    std::int64_t lines = 0;
+    EXPECT_EQ(BulkResult::Done, RecomputeAllIssues(store.store, progress, lines));
+    EXPECT_EQ(4, lines);
+    EXPECT_EQ("1|1|20000 1|2|10000 2|1|70000 2|2|30000 6|1|20000 6|2|10000",
+              store.AskAll("SELECT mvprod_id, cover_id, mvcover_qty FROM Move_Cover ORDER BY 1, 2"));
+}
+
+TEST(AssignPackaging, EndsBetweenTwoProducts) {
+    for (const int cancelAt : {1, 2, 3, 0}) {
+        StoreFolder store;
+        store.Sql(Lines(3));
+        RecordedProgress door;
+        door.cancelAt = cancelAt;
+        ChosenPackaging chosen;
+        chosen.rule.coverId = 5;
+        AssignPackaging(store.store, {}, {1, 2, 3}, DateTime::FromDay(2011, 1, 1), chosen, *door.Open({}, true));
+        const int products = cancelAt == 0 ? 3 : cancelAt - 1;
+        EXPECT_EQ(std::to_string(products), store.Ask("SELECT count(*) FROM Prod_Cover WHERE cover_id = 5"));
+        EXPECT_EQ(products > 0 ? "3" : "0", store.Ask("SELECT count(*) FROM Move_Cover WHERE cover_id = 5"));
+    }
+}
+
+TEST(LateProgress, OpensAfterAWhileWithWhatItWasTold) {
+    RecordedProgress door;
+    {
+        CLateProgress progress(door, QStringLiteral("x"), true);
+        progress.SetRange(0, 7);
+        progress.SetPhaseText(QStringLiteral("phase"));
+        progress.SetDetailText(QStringLiteral("1"));
+        progress.SetPosition(1);
+        EXPECT_FALSE(progress.CancelRequested());
+        EXPECT_EQ(0u, door.lines.size());
+        std::this_thread::sleep_for(std::chrono::milliseconds(310));
+        door.cancelAt = 1;
+        EXPECT_TRUE(progress.CancelRequested());
+        progress.SetPosition(2);
+    }
+    EXPECT_EQ("title x (cancel), range 0 7, phase phase, detail 1, position 2, closed",
+              QStringList(door.lines.begin(), door.lines.end()).join(", ").toStdString());
+}
+
 TEST(RecomputeProduct, TouchesOnlyItsLinesAndCountsThem) {
     StoreFolder store;
     store.Sql(Lines(5));
@@ -177,6 +232,10 @@ TEST(RecomputeProduct, TouchesOnlyItsLinesAndCountsThem) {
         "UPDATE Move_Prod SET prod_id = 2 WHERE mvprod_id > 3; UPDATE Move SET move_date = NULL WHERE move_id = 2");
     EXPECT_EQ(3, RecomputeProductCovers(store.store, 1));
     EXPECT_EQ("1|2 3|2 4|1 5|1", store.AskAll("SELECT mvprod_id, count(*) FROM Move_Cover GROUP BY mvprod_id"));
+    store.Sql("CREATE TRIGGER Stop BEFORE DELETE ON Move_Cover BEGIN SELECT raise(ABORT, 'broken'); END");
+    ScriptedMessages messages;
+    messages.Expect(QStringLiteral("Došlo k chybě COM č.0x80004005\n\nbroken"), Message::Icon::Error);
+    EXPECT_EQ(-1, RecomputeProductCovers(store.store, 1));
 }
 
 TEST(Propagation, OfACoverFollowsTheOptions) {
