@@ -172,11 +172,10 @@ int main(int argc, char** argv) {
     const QApplication app(argc, argv);
     SetUpDesktop();
     YesDoor yes;
-    SetMessageDoor(&yes);
-    SetBeep([] {});
+    const DoorUse asked(MessageDoor(), &yes);
+    const DoorUse quiet(BeepDoor(), [] {});
     ShowMillion();
     DeleteMany();
     FindLast();
     ReplaceMany();
-    SetMessageDoor(nullptr);
 }

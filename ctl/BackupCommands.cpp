@@ -17,17 +17,12 @@ namespace {
 /// Answers Yes to the question whether to overwrite, which the option has answered already.
 class OverwriteAgreed : public IMessageDoor {
 public:
-    OverwriteAgreed() : m_before(SetMessageDoor(this)) {}
-    ~OverwriteAgreed() override { SetMessageDoor(m_before); }
-    OverwriteAgreed(const OverwriteAgreed&) = delete;
-    OverwriteAgreed& operator=(const OverwriteAgreed&) = delete;
-
     Message::Answer Show(const Message& message) override {
-        return message.buttons == Message::Buttons::YesNo ? Message::Answer::Yes : m_before->Show(message);
+        return message.buttons == Message::Buttons::YesNo ? Message::Answer::Yes : m_use.Before()->Show(message);
     }
 
 private:
-    IMessageDoor* m_before;
+    DoorUse<IMessageDoor*> m_use{MessageDoor(), this};
 };
 
 QString Absolute(const std::string& file) {

@@ -76,11 +76,9 @@ int Columns() {
 
 } // namespace
 
-CTerminal::CTerminal() : m_before(SetMessageDoor(this)), m_isTerminal(isatty(STDERR_FILENO) != 0) {}
+CTerminal::CTerminal() : m_use(MessageDoor(), this), m_isTerminal(isatty(STDERR_FILENO) != 0) {}
 
-CTerminal::~CTerminal() {
-    SetMessageDoor(m_before);
-}
+CTerminal::~CTerminal() = default;
 
 Message::Answer CTerminal::Show(const Message& message) {
     HideBar();

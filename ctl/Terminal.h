@@ -35,7 +35,7 @@ public:
     void HideBar() { ShowBar({}); }
 
 private:
-    IMessageDoor* m_before;
+    DoorUse<IMessageDoor*> m_use;
     bool m_isTerminal;
     bool m_barShown = false;
     int m_errors = 0;

@@ -11,9 +11,9 @@ int main(int argc, char** argv) {
     const FirstPaint firstPaint;
     SetUpDesktop();
     CMessageBoxDoor messages;
-    SetMessageDoor(&messages);
+    const DoorUse shown(MessageDoor(), &messages);
     CFileDialogDoor files;
-    SetFileDoor(&files);
+    const DoorUse asked(FileDoor(), &files);
     CKuvelApp theApp;
     if (!theApp.InitInstance())
         return 1;

@@ -8,11 +8,6 @@ namespace {
 
 constexpr std::int64_t SecondsPerDay = 86400;
 
-DateTime& PinnedNow() {
-    static DateTime pinned;
-    return pinned;
-}
-
 std::chrono::year_month_day DayOf(std::int64_t seconds) {
     return std::chrono::floor<std::chrono::days>(std::chrono::sys_seconds(std::chrono::seconds(seconds)));
 }
@@ -31,6 +26,15 @@ bool ReadDigits(std::string_view text, std::size_t at, int digits, int& value) {
         value = value * 10 + (c - '0');
     }
     return true;
+}
+
+DateTime LocalTime() {
+    const std::time_t now = std::time(nullptr);
+    std::tm local{};
+    localtime_r(&now, &local);
+    // A leap second is shown as the second before it.
+    return DateTime::FromDay(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, local.tm_hour, local.tm_min,
+                             local.tm_sec > 59 ? 59 : local.tm_sec);
 }
 
 } // namespace
@@ -78,22 +82,11 @@ DateTime DateTime::Null() {
 }
 
 DateTime DateTime::Now() {
-    if (PinnedNow().IsValid())
-        return PinnedNow();
-    const std::time_t now = std::time(nullptr);
-    std::tm local{};
-    localtime_r(&now, &local);
-    // A leap second is shown as the second before it.
-    return FromDay(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, local.tm_hour, local.tm_min,
-                   local.tm_sec > 59 ? 59 : local.tm_sec);
+    return (*ClockDoor())();
 }
 
 DateTime DateTime::Today() {
     return Now().StartOfDay();
-}
-
-void DateTime::PinClock(DateTime now) {
-    PinnedNow() = now;
 }
 
 int DateTime::Year() const {
@@ -130,6 +123,11 @@ std::string DateTime::Stored() const {
     std::snprintf(text, sizeof text, "%04d-%02d-%02d %02d:%02d:%02d", Year(), Month(), Day(), Hour(), Minute(),
                   Second());
     return text;
+}
+
+Door<std::function<DateTime()>>& ClockDoor() {
+    static Door<std::function<DateTime()>> door(&LocalTime);
+    return door;
 }
 
 QString FormatDate(const DateTime& date) {

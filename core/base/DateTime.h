@@ -1,10 +1,12 @@
 #pragma once
 
 #include "core/base/Currency.h"
+#include "core/base/Door.h"
 
 #include <QString>
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -20,11 +22,9 @@ public:
     static DateTime FromSeconds(std::int64_t secondsSince1970);
     static DateTime Null();
     static DateTime Invalid() { return {}; }
-    /// Local time. Tests may pin it, see `PinClock`.
+    /// What the clock says.
     static DateTime Now();
     static DateTime Today();
-    /// From here on `Now` answers this time; an invalid date unpins.
-    static void PinClock(DateTime now);
 
     bool IsValid() const { return m_status == ValueStatus::Valid; }
     ValueStatus Status() const { return m_status; }
@@ -49,6 +49,9 @@ private:
     std::int64_t m_seconds = 0;
     ValueStatus m_status = ValueStatus::Invalid;
 };
+
+/// The clock: local time until another one is put in.
+Door<std::function<DateTime()>>& ClockDoor();
 
 /// "05.07.2012"; "-.-.-" for a date that is not valid.
 QString FormatDate(const DateTime& date);

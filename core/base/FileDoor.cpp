@@ -9,17 +9,10 @@ public:
     QString ChooseFolder(const Request&) override { return {}; }
 };
 
-NoFiles g_noFiles;
-IFileDoor* g_door = nullptr;
-
 } // namespace
 
-IFileDoor& FileDoor() {
-    return g_door != nullptr ? *g_door : g_noFiles;
-}
-
-IFileDoor* SetFileDoor(IFileDoor* door) {
-    IFileDoor* const before = g_door;
-    g_door = door;
-    return before;
+Door<IFileDoor*>& FileDoor() {
+    static NoFiles first;
+    static Door<IFileDoor*> door(&first);
+    return door;
 }

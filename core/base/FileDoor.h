@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/base/Door.h"
+
 #include <QString>
 
 /// The one door through which a window asks for a file or a folder.
@@ -22,7 +24,5 @@ public:
     virtual QString ChooseFolder(const Request& request) = 0;
 };
 
-/// The door in use; until one is set, every question is answered with nothing.
-IFileDoor& FileDoor();
-/// The door must outlive its use; null puts the first one back. Returns the door that was in use before.
-IFileDoor* SetFileDoor(IFileDoor* door);
+/// Until something is put in, every question is answered with nothing.
+Door<IFileDoor*>& FileDoor();

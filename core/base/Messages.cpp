@@ -18,29 +18,18 @@ public:
 };
 } // namespace
 
-static IMessageDoor& FirstDoor() {
-    static StandardErrorDoor door;
+Door<IMessageDoor*>& MessageDoor() {
+    static StandardErrorDoor first;
+    static Door<IMessageDoor*> door(&first);
     return door;
 }
 
-static IMessageDoor* s_door = nullptr;
-
-IMessageDoor& MessageDoor() {
-    return s_door ? *s_door : FirstDoor();
-}
-
-IMessageDoor* SetMessageDoor(IMessageDoor* door) {
-    IMessageDoor* before = &MessageDoor();
-    s_door = door;
-    return before;
-}
-
 void ShowMessage(const QString& text, Message::Icon icon) {
-    MessageDoor().Show({text, icon, Message::Buttons::Ok});
+    MessageDoor()->Show({text, icon, Message::Buttons::Ok});
 }
 
 bool AskYesNo(const QString& text) {
-    return MessageDoor().Show({text, Message::Icon::Question, Message::Buttons::YesNo}) == Message::Answer::Yes;
+    return MessageDoor()->Show({text, Message::Icon::Question, Message::Buttons::YesNo}) == Message::Answer::Yes;
 }
 
 /// In the user's language, whether or not the program has set the process's locale; empty for an unknown code.

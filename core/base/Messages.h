@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/base/ComError.h"
+#include "core/base/Door.h"
 
 #include <QString>
 
@@ -25,10 +26,8 @@ public:
     virtual Message::Answer Show(const Message& message) = 0;
 };
 
-/// The door in use; until one is set, messages go to standard error and questions are answered No.
-IMessageDoor& MessageDoor();
-/// The door must outlive its use; null puts the first one back. Returns the door that was in use before.
-IMessageDoor* SetMessageDoor(IMessageDoor* door);
+/// Until something is put in, messages go to standard error and questions are answered No.
+Door<IMessageDoor*>& MessageDoor();
 
 void ShowMessage(const QString& text, Message::Icon icon = Message::Icon::None);
 inline void ShowWarning(const QString& text) {

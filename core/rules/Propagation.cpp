@@ -5,8 +5,6 @@
 #include "core/base/SqlText.h"
 #include "core/store/DataStore.h"
 
-PropagationOptions g_options;
-
 namespace {
 
 constexpr const char* Section = "Moznosti";
@@ -24,6 +22,11 @@ constexpr OptionKey Keys[] = {
 };
 
 } // namespace
+
+Door<PropagationOptions>& Options() {
+    static Door<PropagationOptions> door;
+    return door;
+}
 
 PropagationOptions ReadPropagationOptions() {
     PropagationOptions options;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/base/Door.h"
+
 #include <cstdint>
 
 class CDataStore;
@@ -12,8 +14,8 @@ struct PropagationOptions {
     std::int32_t packagingToIssues = 1;
 };
 
-/// Read once at start and written back at exit; in between only this holds them.
-extern PropagationOptions g_options;
+/// The user's options: read once at start and written back at exit; in between only this holds them.
+Door<PropagationOptions>& Options();
 
 /// From section "Moznosti" of the settings file; a missing file or key is on.
 PropagationOptions ReadPropagationOptions();

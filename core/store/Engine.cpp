@@ -94,9 +94,14 @@ void BindNumber(sqlite::Statement& statement, int index, std::string_view text, 
 
 } // namespace
 
+Door<std::chrono::milliseconds>& LockPatience() {
+    static Door<std::chrono::milliseconds> door(std::chrono::seconds(5));
+    return door;
+}
+
 CEngine::CEngine(const std::string& path, bool checkIntegrity) : m_database(sqlite::Open(path)) {
     sqlite3* const database = m_database.get();
-    sqlite3_busy_timeout(database, static_cast<int>(s_patience.count()));
+    sqlite3_busy_timeout(database, static_cast<int>(LockPatience()->count()));
     sqlite3_db_config(database, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
     sqlite3_db_config(database, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
     sqlite3_db_config(database, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);

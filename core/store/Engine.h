@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/base/Door.h"
 #include "core/store/jet/Translator.h"
 #include "core/store/sqlite/Sqlite.h"
 
@@ -20,6 +21,9 @@ auto NamingText(std::string_view sql, Act act) {
     }
 }
 
+/// How long a connection opened from here on waits for another program's lock: 5 s until something else is put in.
+Door<std::chrono::milliseconds>& LockPatience();
+
 /// The open database behind `CDataStore` and its recordsets: the connection, what its columns hold, and the statements
 /// prepared so far. Every member raises ComError.
 class CEngine {
@@ -37,9 +41,6 @@ public:
 
     /// Refuses a file that is not ours: application id, schema version and tables are checked.
     explicit CEngine(const std::string& path, bool checkIntegrity = false);
-    /// How long a connection opened from here on waits for another program's lock (5 s unless told).
-    static void SetPatience(std::chrono::milliseconds patience) { s_patience = patience; }
-
     /// Takes back an open transaction. Everything that holds the engine raises from here on.
     void Close();
     bool IsOpen() const { return m_database != nullptr; }
@@ -89,8 +90,6 @@ private:
     void Bind(Prepared& prepared, std::string_view sql);
     PreparedPtr Cached(const std::string& key) const;
     PreparedPtr Keep(const std::string& key, jet::Translation translation);
-
-    static inline std::chrono::milliseconds s_patience{5000};
 
     sqlite::Database m_database;
     jet::Schema m_schema;

@@ -62,15 +62,10 @@ private:
 
 } // namespace
 
-MemoryMoney::MemoryMoney() {
-    m_before = SetMoneyTableFactory([this]() -> MoneyTablePtr {
-        if (objects == 0)
-            throw ComError("create", {}, 0x80040154, refusal);
-        --objects;
-        return std::make_unique<Table>(*this);
-    });
-}
-
-MemoryMoney::~MemoryMoney() {
-    SetMoneyTableFactory(m_before);
-}
+MemoryMoney::MemoryMoney()
+    : m_use(MoneyTableDoor(), [this]() -> MoneyTablePtr {
+          if (objects == 0)
+              throw ComError("create", {}, 0x80040154, refusal);
+          --objects;
+          return std::make_unique<Table>(*this);
+      }) {}

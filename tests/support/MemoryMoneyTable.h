@@ -31,5 +31,5 @@ public:
     std::vector<std::string> calls;
 
 private:
-    MoneyTableFactory m_before;
+    DoorUse<MoneyTableFactory> m_use;
 };

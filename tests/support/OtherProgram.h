@@ -25,10 +25,8 @@ private:
 };
 
 /// Shortens how long locks are waited for.
-class ShortPatience {
-public:
-    ShortPatience() { CEngine::SetPatience(std::chrono::milliseconds(200)); }
-    ~ShortPatience() { CEngine::SetPatience(std::chrono::milliseconds(5000)); }
+struct ShortPatience {
+    DoorUse<std::chrono::milliseconds> patience{LockPatience(), std::chrono::milliseconds(200)};
 };
 
 /// The code of the error that it raises, 0 for none.

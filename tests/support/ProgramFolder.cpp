@@ -10,14 +10,13 @@
 
 #include <csignal>
 
-ProgramFolder::ProgramFolder() : m_before(g_strAppDir) {
+ProgramFolder::ProgramFolder()
+    : m_before(g_strAppDir), m_clock(ClockDoor(), [] { return DateTime::FromDay(2012, 7, 2, 10, 15, 30); }) {
     SetAppDir(m_folder.path());
-    DateTime::PinClock(DateTime::FromDay(2012, 7, 2, 10, 15, 30));
 }
 
 ProgramFolder::~ProgramFolder() {
     g_strAppDir = m_before;
-    DateTime::PinClock(DateTime::Invalid());
 }
 
 QString ProgramFolder::Path() const {

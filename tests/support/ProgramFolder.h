@@ -32,6 +32,7 @@ public:
 private:
     QTemporaryDir m_folder;
     QString m_before;
+    DoorUse<std::function<DateTime()>> m_clock;
 };
 
 /// A program folder with an open empty database.

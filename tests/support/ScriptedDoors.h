@@ -37,7 +37,7 @@ private:
     std::function<void()> m_meanwhile;
     bool m_acceptAny = false;
     Message::Answer m_anyAnswer = Message::Answer::No;
-    IMessageDoor* m_before;
+    DoorUse<IMessageDoor*> m_use{MessageDoor(), this};
 };
 
 /// Writes down what a progress window is told: "title …", "phase …", "detail …", "position …", "closed".

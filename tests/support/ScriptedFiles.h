@@ -26,5 +26,5 @@ public:
 private:
     QString Answer(Kind kind, const Request& request);
 
-    IFileDoor* m_before;
+    DoorUse<IFileDoor*> m_use{FileDoor(), this};
 };

@@ -58,7 +58,7 @@ CBackupDlg::~CBackupDlg() = default;
 void CBackupDlg::Browse() {
     const IFileDoor::Request request{windowTitle(), Proposal(m_ui->pathEdit->text()),
                                      QStringLiteral("Záloha dat (*.mdb)"), QStringLiteral("mdb")};
-    const QString path = m_mode == Mode::Backup ? FileDoor().SaveFile(request) : FileDoor().OpenFile(request);
+    const QString path = m_mode == Mode::Backup ? FileDoor()->SaveFile(request) : FileDoor()->OpenFile(request);
     if (!path.isEmpty())
         m_ui->pathEdit->setText(path);
 }

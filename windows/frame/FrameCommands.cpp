@@ -46,10 +46,10 @@ void InstallFrameCommands(CMainFrame& frame, CProgressDoor& progress) {
     frame.SetHandler(ID_RECOMPUTE_ISSUES, [&] { RunRecompute(frame, progress); });
     InstallImportCommands(frame, progress);
     frame.RegisterArea().SetProgress(progress);
-    frame.SetHandler(ID_OPTIONS, [&] { COptionsDlg(g_options, &frame).exec(); });
+    frame.SetHandler(ID_OPTIONS, [&] { COptionsDlg(*Options(), &frame).exec(); });
     frame.SetHandler(ID_APP_ABOUT, [&] { CAboutDlg(&frame).exec(); });
     frame.SetHandler(ID_HELP, [] { OpenHelp(HelpContext::Contents); });
     static QPointer<CHelpWindow> help;
-    SetHelpDoor([](HelpContext context) { ShowHelp(help, context); });
+    HelpDoor().Put([](HelpContext context) { ShowHelp(help, context); });
     new CHelpKey(&frame);
 }

@@ -26,7 +26,7 @@ bool CKuvelApp::InitInstance() {
         return false;
     }
     SetAppDir(DefaultAppDir());
-    g_options = ReadPropagationOptions();
+    *Options() = ReadPropagationOptions();
     if (!g_dataStore.OpenDatabase())
         return false;
     QCoreApplication::setOrganizationName(QStringLiteral("Pelrond"));

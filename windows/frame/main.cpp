@@ -9,16 +9,14 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     SetUpDesktop();
     CMessageBoxDoor messages;
-    SetMessageDoor(&messages);
+    const DoorUse shown(MessageDoor(), &messages);
     CFileDialogDoor files;
-    SetFileDoor(&files);
+    const DoorUse asked(FileDoor(), &files);
 
     CKuvelApp theApp;
     if (!theApp.InitInstance())
         return theApp.InitResult();
     const int result = QApplication::exec();
     theApp.ExitInstance();
-    SetMessageDoor(nullptr);
-    SetFileDoor(nullptr);
     return result;
 }

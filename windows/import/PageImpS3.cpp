@@ -61,7 +61,7 @@ void CPageImpS3::ShowSelected() {
 }
 
 void CPageImpS3::Browse() {
-    const QString folder = FileDoor().ChooseFolder({windowTitle(), m_ui->yearFolder->text(), {}, {}});
+    const QString folder = FileDoor()->ChooseFolder({windowTitle(), m_ui->yearFolder->text(), {}, {}});
     if (folder.isEmpty())
         return;
     const std::optional<std::size_t> row = m_installation.ChooseFolder(QDir::fromNativeSeparators(folder));

@@ -2,17 +2,11 @@
 
 #include <QApplication>
 
-#include <utility>
-
-static std::function<void()> g_beep;
-
-void Beep() {
-    if (g_beep)
-        g_beep();
-    else
-        QApplication::beep();
+Door<std::function<void()>>& BeepDoor() {
+    static Door<std::function<void()>> door(&QApplication::beep);
+    return door;
 }
 
-std::function<void()> SetBeep(std::function<void()> beep) {
-    return std::exchange(g_beep, std::move(beep));
+void Beep() {
+    (*BeepDoor())();
 }

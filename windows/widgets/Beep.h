@@ -1,8 +1,10 @@
 #pragma once
 
+#include "core/base/Door.h"
+
 #include <functional>
 
 /// The signal that nothing (more) was found.
 void Beep();
-/// What the signal does instead of the desktop's sound; null puts the sound back. Returns what was in use before.
-std::function<void()> SetBeep(std::function<void()> beep);
+/// What the signal does: the desktop's sound until something else is put in.
+Door<std::function<void()>>& BeepDoor();

@@ -1,14 +1,10 @@
 #include "windows/widgets/HelpDoor.h"
 
-#include <utility>
-
-static HelpDoor g_helpDoor;
-
-void OpenHelp(HelpContext context) {
-    if (g_helpDoor)
-        g_helpDoor(context);
+Door<std::function<void(HelpContext)>>& HelpDoor() {
+    static Door<std::function<void(HelpContext)>> door([](HelpContext) {});
+    return door;
 }
 
-HelpDoor SetHelpDoor(HelpDoor door) {
-    return std::exchange(g_helpDoor, std::move(door));
+void OpenHelp(HelpContext context) {
+    (*HelpDoor())(context);
 }

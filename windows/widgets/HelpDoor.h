@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/base/Door.h"
+
 #include <functional>
 
 /// What a "Nápověda" button or F1 may ask for.
@@ -30,9 +32,6 @@ enum class HelpContext {
     Messages
 };
 
-using HelpDoor = std::function<void(HelpContext)>;
-
-/// The one door to the user's guide; what opens it is set by the main window. Until then nothing happens.
+/// The one door to the user's guide; what opens it is put in by the main window. Until then nothing happens.
+Door<std::function<void(HelpContext)>>& HelpDoor();
 void OpenHelp(HelpContext context);
-/// Returns the door that was in use before.
-HelpDoor SetHelpDoor(HelpDoor door);

@@ -6,17 +6,10 @@
 #include "core/base/SqlText.h"
 #include "core/import/money/DbfTable.h"
 
-#include <utility>
-
 namespace {
 
-MoneyTableFactory& Factory() {
-    static MoneyTableFactory factory;
-    return factory;
-}
-
 MoneyTablePtr MakeTable() {
-    return Factory() ? Factory()() : std::make_unique<CDbfTable>();
+    return (*MoneyTableDoor())();
 }
 
 bool CanMakeTable() {
@@ -34,8 +27,9 @@ QString DescriptionOf(const ComError& error) {
 
 } // namespace
 
-MoneyTableFactory SetMoneyTableFactory(MoneyTableFactory factory) {
-    return std::exchange(Factory(), std::move(factory));
+Door<MoneyTableFactory>& MoneyTableDoor() {
+    static Door<MoneyTableFactory> door([] { return std::make_unique<CDbfTable>(); });
+    return door;
 }
 
 bool MoneyComponentAvailable() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/base/Door.h"
 #include "core/base/Variant.h"
 
 #include <functional>
@@ -38,8 +39,8 @@ using MoneyTablePtr = std::unique_ptr<IMoneyTable>;
 /// Makes a closed table, or raises ComError when the component cannot be had.
 using MoneyTableFactory = std::function<MoneyTablePtr()>;
 
-/// The factory in use; null puts back the first one, which reads dBase tables. Returns the one that was in use before.
-MoneyTableFactory SetMoneyTableFactory(MoneyTableFactory factory);
+/// The first one reads dBase tables.
+Door<MoneyTableFactory>& MoneyTableDoor();
 
 /// Whether a table object can be made, if need be after registering "mon2kdbe.dll".
 bool MoneyComponentAvailable();

@@ -40,7 +40,6 @@ TEST(MessageTexts, OnlyYesProceeds) {
 }
 
 TEST(MessageTexts, WithoutADoorTextGoesToStandardErrorAndQuestionsAreDeclined) {
-    SetMessageDoor(nullptr);
     testing::internal::CaptureStderr();
     ShowWarning("Zadejte uživatele!");
     EXPECT_FALSE(AskYesNo("Přepsat?"));

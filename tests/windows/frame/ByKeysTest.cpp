@@ -41,7 +41,7 @@ Act Keys(const char* keys) {
 class ByKeysTest : public testing::Test {
 protected:
     ByKeysTest() {
-        g_options = {};
+        *Options() = {};
         folder.Sql("INSERT INTO Cover (cover_name, cover_mat, cover_weight, cover_type, cover_org, cover_pay, "
                    "cover_reusable, cover_stat) VALUES ('Folie', 8, 2500, 2, 0, 1, 0, 0), "
                    "('Krabice', 7, 20000, 1, 1, 2, 0, 0)");

@@ -34,7 +34,7 @@ struct Start : testing::Test {
     ~Start() override {
         qunsetenv("KUVEL_HOME");
         g_dataStore.CloseDatabase();
-        g_options = {};
+        *Options() = {};
     }
     QString Database() const { return folder.File("Kuvel.mdb"); }
 };
@@ -153,10 +153,10 @@ TEST_F(Start, OptionsAreReadAtStartAndWrittenAtExit) {
     WriteFile(folder.File("KuvelTmp.MDB"), "x");
     CKuvelApp app;
     ASSERT_TRUE(app.InitInstance());
-    EXPECT_EQ(0, g_options.coversToIssues);
-    EXPECT_EQ(1, g_options.packagingToIssues);
-    g_options.packagingToIssues = 0;
-    g_options.coversToIssues = 1;
+    EXPECT_EQ(0, Options()->coversToIssues);
+    EXPECT_EQ(1, Options()->packagingToIssues);
+    Options()->packagingToIssues = 0;
+    Options()->coversToIssues = 1;
     EXPECT_TRUE(app.MainFrame()->close());
     app.ExitInstance();
     EXPECT_EQ("[Moznosti]\r\nZmenu obalu promitnout do vydeju=1\r\n"

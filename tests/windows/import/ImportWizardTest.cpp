@@ -196,7 +196,7 @@ TEST_F(MoneyPages, ParametersAreCheckedAndKept) {
 
 TEST_F(MoneyPages, KeysGoThroughTheControlsAsTheyAreReadAndF1OpensTheGuide) {
     std::vector<HelpContext> opened;
-    const HelpDoor before = SetHelpDoor([&](HelpContext context) { opened.push_back(context); });
+    const DoorUse help(HelpDoor(), [&](HelpContext context) { opened.push_back(context); });
     const CHelpKey key(nullptr);
     CMoneyWizard wizard;
     Run(wizard,
@@ -205,7 +205,6 @@ TEST_F(MoneyPages, KeysGoThroughTheControlsAsTheyAreReadAndF1OpensTheGuide) {
          ShowsTabOrder("productsCheck", "productsCheck issuesCheck exportCheck domesticEdit keepRadio back finish "
                                         "cancel "),
          PressedOn("keepRadio", Qt::Key_Down), Shows("askRadio", "ano"), Clicked("cancel")});
-    SetHelpDoor(before);
     EXPECT_EQ(std::vector(2, HelpContext::MoneyImport), opened);
     EXPECT_EQ(ExistingRecords::Ask, wizard.Options().existing);
 }

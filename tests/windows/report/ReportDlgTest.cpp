@@ -32,7 +32,7 @@ TEST_F(ReportDlg, ProposesTheQuarterByTheMonth) {
     const char* const expected[] = {"4/2011", "4/2011", "1/2012", "1/2012", "1/2012", "2/2012",
                                     "2/2012", "2/2012", "3/2012", "3/2012", "3/2012", "4/2012"};
     for (int month = 1; month <= 12; ++month) {
-        DateTime::PinClock(DateTime::FromDay(2012, month, 15));
+        const DoorUse clock(ClockDoor(), [month] { return DateTime::FromDay(2012, month, 15); });
         CReportDlg dialog(nullptr);
         EXPECT_EQ(expected[month - 1], Period(dialog)) << month;
     }

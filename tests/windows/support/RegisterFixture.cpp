@@ -59,7 +59,7 @@ const std::map<Command, const char*> Samples = {
 } // namespace
 
 OpenRegister::OpenRegister(Command show) {
-    g_options = {};
+    *Options() = {};
     folder.Sql(Samples.at(show));
     for (const RegisterEntry& entry : Registers()) {
         if (entry.show == show)

@@ -97,7 +97,7 @@ void CViewCover::OnEditCover() {
             const CoverValues& now = dialog.Values();
             if (now.SamePackaging(before))
                 return;
-            PropagateCover(Store(), g_options, id, now.type, now.origin, now.payment);
+            PropagateCover(Store(), *Options(), id, now.type, now.origin, now.payment);
             propagated = true;
         });
     if (propagated)

@@ -258,7 +258,7 @@ void CViewProd::OnAddPackaging() {
     const std::int64_t before = Store().Engine().Changes();
     Guarded([&] {
         CLateProgress progress(Progress(), RecomputationTitle(), false);
-        AddPackaging(Store(), g_options, Master().SelectedId(), dtId, *chosen, progress);
+        AddPackaging(Store(), *Options(), Master().SelectedId(), dtId, *chosen, progress);
     });
     FillSubdetail();
     // Also when only some rows of a composite could be added.
@@ -312,7 +312,7 @@ void CViewProd::OnAssignCovers() {
     const WaitCursor wait;
     Guarded([&] {
         CLateProgress progress(Progress(), QStringLiteral("Hromadné přiřazení obalů"), true);
-        AssignPackaging(Store(), g_options, products, datePage.Date(), *chosen, progress);
+        AssignPackaging(Store(), *Options(), products, datePage.Date(), *chosen, progress);
     });
     TellOthers(ViewMessage::WM_COVERS_CHANGED);
 }
@@ -322,10 +322,10 @@ void CViewProd::CarryOn(std::int32_t prodId) {
         return;
     const WaitCursor wait;
     CLateProgress progress(Progress(), RecomputationTitle(), false);
-    PackagingChanged(Store(), g_options, prodId, progress);
+    PackagingChanged(Store(), *Options(), prodId, progress);
 }
 
 void CViewProd::TellOfPackaging() {
-    if (g_options.packagingToIssues != 0 && Master().SelectedId() != RecordList::NoId)
+    if (Options()->packagingToIssues != 0 && Master().SelectedId() != RecordList::NoId)
         TellOthers(ViewMessage::WM_COVERS_CHANGED);
 }

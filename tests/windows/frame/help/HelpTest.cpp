@@ -101,7 +101,7 @@ TEST(Guide, SpeaksOfEveryDialogAndWizardPage) {
 TEST(HelpKey, OpensThePageOfTheWindowThatHasTheFocus) {
     SetUpDesktop();
     std::vector<HelpContext> opened;
-    const HelpDoor before = SetHelpDoor([&](HelpContext context) { opened.push_back(context); });
+    const DoorUse help(HelpDoor(), [&](HelpContext context) { opened.push_back(context); });
     {
         const CHelpKey key(nullptr);
         QDialog dialog;
@@ -117,7 +117,6 @@ TEST(HelpKey, OpensThePageOfTheWindowThatHasTheFocus) {
         box.setObjectName(QStringLiteral("messageBox"));
         QTest::keyClick(&box, Qt::Key_F1);
     }
-    SetHelpDoor(before);
     EXPECT_EQ((std::vector<HelpContext>{HelpContext::IssueItem, HelpContext::Messages}), opened);
 }
 

@@ -94,14 +94,14 @@ TEST_F(CoverRegisterTest, AChangedTripleGoesWhereTheOptionsSay) {
                    "UPDATE Prod_Cover SET cover_type = 3, cover_org = 3, cover_pay = 3;"
                    "UPDATE Move_Cover SET cover_type = 3, cover_org = 3, cover_pay = 3");
         Execute(ID_RECORD_REFRESH);
-        g_options = each.options;
+        *Options() = each.options;
         Do(ID_RECORD_EDIT, {each.change, Clicked("ok")});
         EXPECT_EQ(each.rows, folder.AskAll(triples));
         EXPECT_EQ("3", folder.Ask("SELECT cover_type FROM CompCover_Item WHERE cover_id = 3"));
         ExpectTold(each.told ? 1 : 0);
     }
     EXPECT_EQ(1, List("covers").SelectedId());
-    g_options = {};
+    *Options() = {};
     Fault("UPDATE ON Prod_Cover");
     ExpectError([&] { Do(ID_RECORD_EDIT, {Picked("payment", 2), Clicked("ok")}); });
     EXPECT_EQ("1|1|2 3|3|3 3|3|3", folder.AskAll(triples)) << "a failure stops it";

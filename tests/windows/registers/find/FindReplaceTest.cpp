@@ -28,7 +28,7 @@ constexpr const char* StoredCovers =
 class FindReplace : public testing::Test {
 protected:
     FindReplace() {
-        g_options = {}; // every change would be carried on
+        *Options() = {}; // every change would be carried on
         folder.Sql("INSERT INTO Cover (cover_name, cover_mat, cover_weight, cover_type, cover_org, cover_pay, "
                    "cover_reusable, deleted) VALUES ('abcab', 7, 100, 0, 0, 0, 0, 0), ('BOX 50_', 7, 100, 2, 1, 2, 0, "
                    "0), ('Box 50%', 26, 100, 1, 1, 1, 1, 0), ('d''Or', 0, 100, 2, 2, 0, 0, 0), "
@@ -44,12 +44,10 @@ protected:
                    "INSERT INTO Move_Prod (move_id, prod_id, mvprod_qty) VALUES (1, 1, 10000);"
                    "INSERT INTO Move_Cover (mvprod_id, move_id, cover_id, mvcover_qty, cover_type) VALUES "
                    "(1, 1, 1, 770000, 0)");
-        SetBeep([this] { ++beeps; });
         frame = std::make_unique<CMainFrame>(document);
         frame->show();
         EXPECT_TRUE(QTest::qWaitForWindowActive(frame.get()));
     }
-    ~FindReplace() override { SetBeep(nullptr); }
 
     RecordList& List(const char* name) { return Find<RecordList>(*frame, name); }
     RecordList& Covers() { return List("covers"); }
@@ -112,6 +110,7 @@ protected:
     CKuvelDoc document{folder.store};
     std::unique_ptr<CMainFrame> frame;
     int beeps = 0;
+    const DoorUse<std::function<void()>> beep{BeepDoor(), [this] { ++beeps; }};
 };
 
 TEST_F(FindReplace, EachRegisterOffersItsAreasAndChoosesByASortedColumn) {

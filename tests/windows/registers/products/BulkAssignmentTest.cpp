@@ -34,7 +34,7 @@ TEST_F(BulkAssignmentTest, AddsToTheDefinitionOfTheDayOrBeginsOne) {
     EXPECT_EQ("2|2|10000|10000|1|null|null|1|1|2 4|2|10000|10000|1|null|null|1|1|2", StoredPackaging());
     ExpectIssued("1|1|500000 1|2|20000 1|2|250000 2|1|100000 2|2|0 2|2|50000 3|2|120000", 1);
     // Once more: existing rows stay. With the option off, the others are only told.
-    g_options.packagingToIssues = 0;
+    Options()->packagingToIssues = 0;
     PackIssuesByHand();
     AssignBox();
     EXPECT_EQ("2 2 4 2 4", folder.AskAll("SELECT dt_id FROM Prod_Cover WHERE cover_id = 2 ORDER BY cp_id"));

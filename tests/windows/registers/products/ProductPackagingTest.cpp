@@ -181,7 +181,7 @@ TEST_F(ProductPackagingTest, IssuesFollowADeletedRowUnlessTheOptionIsOff) {
     remove("Krabice");
     ExpectIssued("1|1|500000 2|1|100000 3|3|770000", 1);
 
-    g_options.packagingToIssues = 0;
+    Options()->packagingToIssues = 0;
     PackIssuesByHand();
     Do(ID_SUBDETAIL_EDIT, {Typed("covers", "8"), Clicked("finish")});
     Do(ID_SUBDETAIL_ADD, {ChoseComposite(1)});
