@@ -9,7 +9,6 @@
 #include <QFile>
 #include <QFileInfo>
 
-#include <cerrno>
 #include <memory>
 
 namespace {
@@ -42,8 +41,9 @@ bool Backup(const std::string& file, bool overwrite) {
     const OverwriteAgreed agreed;
     if (!BackupDatabase(g_dataStore, target, Actions()))
         return false;
-    if (!CProfile(SettingsPath()).WriteString(QStringLiteral("Zalohovani"), QStringLiteral("Posledni zaloha"), target))
-        throw Failure(QStringLiteral("the backup was made, but %1 could not be written").arg(SettingsPath()), errno);
+    if (const std::error_code error =
+            CProfile(SettingsPath()).Write(QStringLiteral("Zalohovani"), {{QStringLiteral("Posledni zaloha"), target}}))
+        throw Failure(QStringLiteral("the backup was made, but %1 could not be written").arg(SettingsPath()), error);
     PrintLine(target);
     return true;
 }

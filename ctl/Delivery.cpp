@@ -1,6 +1,7 @@
 #include "ctl/Delivery.h"
 
 #include "core/base/AppDir.h"
+#include "core/base/SystemError.h"
 #include "ctl/Failure.h"
 
 #include <QDir>
@@ -11,7 +12,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <cerrno>
 #include <cstdio>
 
 namespace {
@@ -66,7 +66,7 @@ public:
 
 private:
     [[noreturn]] void Fail() const {
-        throw Failure(QStringLiteral("cannot create '%1'").arg(QFile::decodeName(m_target)), errno);
+        throw Failure(QStringLiteral("cannot create '%1'").arg(QFile::decodeName(m_target)), LastError());
     }
 
     void SyncFolder() const {
@@ -105,7 +105,7 @@ void PlaceFile(const QString& source, const QString& target) {
 }
 
 void RequireNoDatabase() {
-    const QFileInfo database(g_strAppDir + QStringLiteral("Kuvel.mdb"));
+    const QFileInfo database(DatabasePath());
     if (database.exists() || database.isSymLink())
         throw Failure(QStringLiteral("'%1' is there already; nothing was changed").arg(database.filePath()));
     const QFileInfo journal(database.filePath() + QStringLiteral("-journal"));
@@ -114,13 +114,18 @@ void RequireNoDatabase() {
             QStringLiteral("'%1' belongs to a database that is gone; move it away first").arg(journal.filePath()));
 }
 
+QString PlaceEmptyDatabase() {
+    PlaceFile(DeliveryFolder() + QStringLiteral("database/") + DatabaseName, DatabasePath());
+    return DatabasePath();
+}
+
 void PlaceTemplates() {
     const QDir delivered(DeliveryFolder() + QStringLiteral("templates"));
     const QStringList names = delivered.entryList({QStringLiteral("*.tpl")}, QDir::Files, QDir::Name);
     if (names.isEmpty())
         throw Failure(QStringLiteral("no report templates in '%1'").arg(delivered.path()));
     if (!QDir().mkpath(g_strAppDir))
-        throw Failure(QStringLiteral("cannot create '%1'").arg(g_strAppDir), errno);
+        throw Failure(QStringLiteral("cannot create '%1'").arg(g_strAppDir), LastError());
     for (const QString& name : names)
         if (const QString target = g_strAppDir + name; !QFileInfo::exists(target))
             PlaceFile(delivered.filePath(name), target);

@@ -10,8 +10,6 @@
 
 #include <QTemporaryDir>
 
-#include <cerrno>
-
 namespace {
 
 /// The program folder is elsewhere while it lives.
@@ -29,8 +27,7 @@ private:
 /// Answers the path of the finished database; nothing after an error that was shown.
 QString BuildDatabase(const QString& folder) {
     const OtherAppDir building(folder);
-    const QString database = g_strAppDir + QStringLiteral("Kuvel.mdb");
-    PlaceFile(DeliveryFolder() + QStringLiteral("database/Kuvel.mdb"), database);
+    const QString database = PlaceEmptyDatabase();
     CDataStore store;
     if (!store.OpenDatabase())
         return {};
@@ -43,8 +40,8 @@ void WriteMissingCompany() {
     const CompanyData company = ReadCompanyData();
     if (!company.name.isEmpty() || !company.companyNumber.isEmpty())
         return;
-    if (!WriteCompanyData(SampleCompanyData()))
-        throw Failure(QStringLiteral("cannot write '%1'").arg(SettingsPath()), errno);
+    if (const std::error_code error = WriteCompanyData(SampleCompanyData()))
+        throw Failure(QStringLiteral("cannot write '%1'").arg(SettingsPath()), error);
 }
 
 bool Demo(CTerminal& terminal) {
@@ -61,9 +58,8 @@ bool Demo(CTerminal& terminal) {
     if (interrupts.Noted())
         terminal.Interrupt();
     WriteMissingCompany();
-    const QString database = g_strAppDir + QStringLiteral("Kuvel.mdb");
-    PlaceFile(built, database);
-    PrintLine(database);
+    PlaceFile(built, DatabasePath());
+    PrintLine(DatabasePath());
     return true;
 }
 

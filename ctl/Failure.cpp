@@ -1,6 +1,4 @@
 #include "ctl/Failure.h"
 
-#include <cstring>
-
-Failure::Failure(const QString& reason, int errorNumber)
-    : Failure(reason + QStringLiteral(": ") + QString::fromLocal8Bit(std::strerror(errorNumber))) {}
+Failure::Failure(const QString& reason, const std::error_code& error)
+    : Failure(reason + QStringLiteral(": ") + QString::fromLocal8Bit(error.message())) {}

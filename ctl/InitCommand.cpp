@@ -1,4 +1,3 @@
-#include "core/base/AppDir.h"
 #include "ctl/Commands.h"
 #include "ctl/Delivery.h"
 #include "ctl/Terminal.h"
@@ -6,9 +5,7 @@
 static bool Init(CTerminal&) {
     RequireNoDatabase();
     PlaceTemplates();
-    const QString database = g_strAppDir + QStringLiteral("Kuvel.mdb");
-    PlaceFile(DeliveryFolder() + QStringLiteral("database/Kuvel.mdb"), database);
-    PrintLine(database);
+    PrintLine(PlaceEmptyDatabase());
     return true;
 }
 

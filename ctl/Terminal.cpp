@@ -1,5 +1,6 @@
 #include "ctl/Terminal.h"
 
+#include "core/base/SystemError.h"
 #include "ctl/Failure.h"
 #include "ctl/Interrupts.h"
 
@@ -7,7 +8,6 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <cerrno>
 #include <cstdio>
 
 namespace {
@@ -112,5 +112,5 @@ void PrintLine(const QString& line) {
 
 void FlushOutput() {
     if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0)
-        throw Failure(QStringLiteral("cannot write the result"), errno);
+        throw Failure(QStringLiteral("cannot write the result"), LastError());
 }

@@ -21,6 +21,14 @@ QString DefaultAppDir() {
     return executable.isEmpty() ? QCoreApplication::applicationDirPath() : QFileInfo(executable).path();
 }
 
+QString DatabasePath() {
+    return g_strAppDir + DatabaseName;
+}
+
+QString SafetyCopyPath() {
+    return g_strAppDir + QStringLiteral("KuvelTmp.MDB");
+}
+
 QString SettingsPath() {
     return g_strAppDir + QStringLiteral("kuvel.ini");
 }

@@ -13,5 +13,10 @@ void SetAppDir(const QString& folder);
 /// application object.
 QString DefaultAppDir();
 
+inline constexpr QLatin1StringView DatabaseName{"Kuvel.mdb"};
+/// The database in the program folder.
+QString DatabasePath();
+/// What a restore keeps of the data that it replaces, `KuvelTmp.MDB` in the program folder.
+QString SafetyCopyPath();
 /// The settings file, `kuvel.ini` in the program folder.
 QString SettingsPath();

@@ -1,5 +1,7 @@
 #include "core/base/Messages.h"
 
+#include "core/base/AppDir.h"
+
 #include <QStringDecoder>
 
 #include <langinfo.h>
@@ -64,9 +66,14 @@ static void ShowError(const QString& prefix, const QString& sentence, const QStr
                 Message::Icon::Error);
 }
 
-void ShowWin32Error(int code, const QString& prefix) {
-    ShowError(prefix, QStringLiteral("Došlo k chybě č."), QStringLiteral("Chyba č."), QString::number(code),
-              OrUnknown(SystemText(code)));
+void ShowWin32Error(const std::error_code& error, const QString& prefix) {
+    ShowError(prefix, QStringLiteral("Došlo k chybě č."), QStringLiteral("Chyba č."), QString::number(error.value()),
+              OrUnknown(SystemText(error.value())));
+}
+
+void ShowSettingsError(const std::error_code& error) {
+    if (error)
+        ShowWin32Error(error, QStringLiteral("Nemohu zapsat soubor '%1'").arg(SettingsPath()));
 }
 
 void ShowHResultError(std::uint32_t code, const QString& text, const QString& prefix) {

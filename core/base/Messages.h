@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <system_error>
 
 /// A modal message box, as the core asks for it.
 struct Message {
@@ -36,8 +37,10 @@ inline void ShowWarning(const QString& text) {
 /// True only for Yes.
 bool AskYesNo(const QString& text);
 
-/// For a failed file operation: `code` is errno right after it. A prefix replaces the leading sentence.
-void ShowWin32Error(int code, const QString& prefix = {});
+/// For a failed file operation. A prefix replaces the leading sentence.
+void ShowWin32Error(const std::error_code& error, const QString& prefix = {});
+/// For settings that could not be kept: names the settings file. Nothing is shown when there is no error.
+void ShowSettingsError(const std::error_code& error);
 /// For an object that cannot be created, and for a connection that cannot be opened.
 void ShowHResultError(std::uint32_t code, const QString& text, const QString& prefix = {});
 /// For every error that an operation caught.

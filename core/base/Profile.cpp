@@ -1,65 +1,58 @@
 #include "core/base/Profile.h"
 
 #include "core/base/ProfileText.h"
+#include "core/base/SystemError.h"
 
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
 
 #include <algorithm>
-#include <cerrno>
 #include <cstdint>
 #include <optional>
 
 // No profile comes near this; a larger file is something else under its name.
 static constexpr qint64 MAX_FILE_SIZE = 16 << 20;
 
-/// 0, or the errno that tells why the file could not be read.
-static int ReadFile(const QString& path, QByteArray& bytes) {
+/// What errno says, or that something failed where it says nothing.
+static std::error_code FileError() {
+    return errno != 0 ? LastError() : SystemError(EIO);
+}
+
+static std::error_code ReadFile(const QString& path, QByteArray& bytes) {
     const QFileInfo entry(path);
     if (!entry.exists()) {
-        return ENOENT;
+        return SystemError(ENOENT);
     }
     if (!entry.isFile()) {
-        return entry.isDir() ? EISDIR : EINVAL;
+        return SystemError(entry.isDir() ? EISDIR : EINVAL);
     }
     if (entry.size() > MAX_FILE_SIZE) {
-        return EFBIG;
+        return SystemError(EFBIG);
     }
     QFile file(path);
     errno = 0;
     if (!file.open(QIODevice::ReadOnly)) {
-        return errno != 0 ? errno : EIO;
+        return FileError();
     }
     errno = 0;
     bytes = file.readAll();
-    return file.error() == QFileDevice::NoError ? 0 : errno != 0 ? errno : EIO;
+    return file.error() == QFileDevice::NoError ? std::error_code() : FileError();
 }
 
-/// 0, or the errno that tells why the file could not be written.
-static int WriteFile(const QString& path, const QByteArray& bytes) {
+static std::error_code WriteFile(const QString& path, const QByteArray& bytes) {
     QSaveFile file(path);
     errno = 0;
     // Flushed by hand, so that a full disk is met before commit() cleans up and its errno with it.
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush() || !file.commit()) {
-        return errno != 0 ? errno : EIO;
+        return FileError();
     }
-    return 0;
-}
-
-static bool Answer(int code) {
-    errno = code;
-    return code == 0;
+    return {};
 }
 
 static std::optional<QString> ReadValue(const QString& path, const QString& section, const QString& key) {
     QByteArray bytes;
-    return ReadFile(path, bytes) == 0 ? ProfileText(bytes).Value(section, key) : std::nullopt;
-}
-
-/// Writes only what differs: at exit every option is stored, and most often none has changed.
-static bool WriteChanged(const QString& path, const QByteArray& before, const QByteArray& after) {
-    return Answer(before == after ? 0 : WriteFile(path, after));
+    return ReadFile(path, bytes) ? std::nullopt : ProfileText(bytes).Value(section, key);
 }
 
 QString CProfile::GetString(const QString& section, const QString& key, const QString& defaultValue,
@@ -89,22 +82,19 @@ int CProfile::GetInt(const QString& section, const QString& key, int defaultValu
     return static_cast<int>(negative ? 0U - number : number);
 }
 
-bool CProfile::WriteString(const QString& section, const QString& key, const QString& value) {
+std::error_code CProfile::Write(const QString& section, const Entries& entries) {
     QByteArray before;
     // A file that is there but cannot be read must not be taken for an empty one: writing would wipe it.
-    if (const int code = ReadFile(m_path, before); code != 0 && code != ENOENT) {
-        return Answer(code);
+    if (const std::error_code error = ReadFile(m_path, before);
+        error && error != std::errc::no_such_file_or_directory) {
+        return error;
     }
     ProfileText text(before);
-    return text.SetValue(section, key, value) ? WriteChanged(m_path, before, text.Bytes()) : Answer(EINVAL);
-}
-
-bool CProfile::RemoveKey(const QString& section, const QString& key) {
-    QByteArray before;
-    if (const int code = ReadFile(m_path, before); code != 0) {
-        return Answer(code == ENOENT ? 0 : code);
+    for (const Entry& entry : entries) {
+        if (!text.SetValue(section, entry.key, entry.value)) {
+            return SystemError(EINVAL);
+        }
     }
-    ProfileText text(before);
-    text.Remove(section, key);
-    return WriteChanged(m_path, before, text.Bytes());
+    // At exit every option is stored, and most often none has changed.
+    return text.Bytes() == before ? std::error_code() : WriteFile(m_path, text.Bytes());
 }

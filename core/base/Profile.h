@@ -2,6 +2,9 @@
 
 #include <QString>
 
+#include <system_error>
+#include <vector>
+
 /// A profile (ini) file: `kuvel.ini`, and the ini files of other programs. `ProfileText` has the rules. Nothing is kept
 /// between calls: each reads the file anew, so that a change made by another program is seen.
 class CProfile {
@@ -18,12 +21,16 @@ public:
     /// default only when there is no such key.
     int GetInt(const QString& section, const QString& key, int defaultValue) const;
 
-    /// The file is written whole or stays as it was; it is created when missing, its folder is not. An empty value
-    /// (null or not) is written as an empty value. False, with the reason in errno: EINVAL for a name that cannot stand
-    /// in the file, otherwise why it could not be read or written.
-    bool WriteString(const QString& section, const QString& key, const QString& value);
-    /// False with errno as for `WriteString`; a key that is not there is a success.
-    bool RemoveKey(const QString& section, const QString& key);
+    struct Entry {
+        QString key;
+        QString value;
+    };
+    using Entries = std::vector<Entry>;
+
+    /// Writes the keys of a section in one go. The file is written whole or stays as it was; it is created when
+    /// missing, its folder is not. An empty value (null or not) is written as an empty value. Answers why it could not
+    /// be done: EINVAL for a name that cannot stand in the file, otherwise why it could not be read or written.
+    [[nodiscard]] std::error_code Write(const QString& section, const Entries& entries);
 
 private:
     QString m_path;

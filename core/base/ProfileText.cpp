@@ -220,12 +220,6 @@ bool ProfileText::SetValue(QStringView section, QStringView key, QStringView val
     return true;
 }
 
-void ProfileText::Remove(QStringView section, QStringView key) {
-    if (const Place place = Locate(Trimmed(section), Trimmed(key)); place.key) {
-        m_bytes.remove(place.key->begin, place.key->next - place.key->begin);
-    }
-}
-
 void ProfileText::InsertLines(qsizetype offset, const QString& lines) {
     const bool afterOpenLine = offset > m_start && !IsBreakAt(offset - UnitSize());
     m_bytes.insert(offset, Encode(afterOpenLine ? LineBreak() + lines : lines));

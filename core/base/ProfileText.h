@@ -25,8 +25,6 @@ public:
     /// the file: empty, with a line break, a section with ']', a key with '=' or starting like a comment or a section,
     /// or with a letter that the file's encoding lacks.
     bool SetValue(QStringView section, QStringView key, QStringView value);
-    /// Removes the key's line; nothing happens where there is none.
-    void Remove(QStringView section, QStringView key);
 
     const QByteArray& Bytes() const { return m_bytes; }
 

@@ -1,7 +1,6 @@
 #include "core/import/ImportOptions.h"
 
 #include "core/base/AppDir.h"
-#include "core/base/Profile.h"
 
 namespace {
 
@@ -9,6 +8,10 @@ const QString MoneySection = QStringLiteral("Import");
 
 bool ReadFlag(const CProfile& settings, const QString& section, const QString& key) {
     return settings.GetInt(section, key, 1) != 0;
+}
+
+QString FlagText(bool flag) {
+    return QString::number(flag ? 1 : 0);
 }
 
 } // namespace
@@ -21,12 +24,10 @@ void ImportOptions::Read(const QString& section) {
     existing = policy >= 0 && policy <= 2 ? static_cast<ExistingRecords>(policy) : ExistingRecords::Keep;
 }
 
-bool ImportOptions::Write(const QString& section) const {
-    CProfile settings(SettingsPath());
-    return settings.WriteString(section, QStringLiteral("Produkty"), QString::number(products ? 1 : 0)) &&
-           settings.WriteString(section, QStringLiteral("Vydaje"), QString::number(documents ? 1 : 0)) &&
-           settings.WriteString(section, QStringLiteral("Existujici zaznamy"),
-                                QString::number(static_cast<int>(existing)));
+CProfile::Entries ImportOptions::Entries() const {
+    return {{QStringLiteral("Produkty"), FlagText(products)},
+            {QStringLiteral("Vydaje"), FlagText(documents)},
+            {QStringLiteral("Existujici zaznamy"), QString::number(static_cast<int>(existing))}};
 }
 
 void MoneyOptions::Read() {
@@ -36,10 +37,9 @@ void MoneyOptions::Read() {
     domestic = settings.GetString(MoneySection, QStringLiteral("Neexportni zeme"), MoneyOptions().domestic);
 }
 
-bool MoneyOptions::Write() const {
-    CProfile settings(SettingsPath());
-    return ImportOptions::Write(MoneySection) &&
-           settings.WriteString(MoneySection, QStringLiteral("Nastavovat Export"),
-                                QString::number(setExport ? 1 : 0)) &&
-           settings.WriteString(MoneySection, QStringLiteral("Neexportni zeme"), domestic);
+std::error_code MoneyOptions::Write() const {
+    CProfile::Entries entries = Entries();
+    entries.push_back({QStringLiteral("Nastavovat Export"), FlagText(setExport)});
+    entries.push_back({QStringLiteral("Neexportni zeme"), domestic});
+    return CProfile(SettingsPath()).Write(MoneySection, entries);
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include "core/base/Profile.h"
 
 /// What is done with a record that an earlier import brought in; the settings hold the number.
 enum class ExistingRecords { Overwrite = 0, Keep = 1, Ask = 2 };
@@ -13,8 +13,8 @@ struct ImportOptions {
 
     /// From `kuvel.ini`. A policy that is none of the three reads as the default.
     void Read(const QString& section);
-    /// False when the settings file cannot be written.
-    bool Write(const QString& section) const;
+    /// What stands in the settings for them.
+    CProfile::Entries Entries() const;
 };
 
 /// The settings of the Money S3 import, section "Import".
@@ -26,5 +26,6 @@ struct MoneyOptions : ImportOptions {
     QString domestic = QStringLiteral(";Česká republika ;ČR");
 
     void Read();
-    bool Write() const;
+    /// In one write; answers why it could not be done.
+    [[nodiscard]] std::error_code Write() const;
 };

@@ -37,10 +37,9 @@ CompanyData ReadCompanyData() {
     return company;
 }
 
-bool WriteCompanyData(const CompanyData& company) {
-    CProfile profile(SettingsPath());
+std::error_code WriteCompanyData(const CompanyData& company) {
+    CProfile::Entries entries;
     for (const SettingsKey& entry : Keys)
-        if (!profile.WriteString(Section(), QString::fromLatin1(entry.key), company.*entry.field))
-            return false;
-    return true;
+        entries.push_back({QString::fromLatin1(entry.key), company.*entry.field});
+    return CProfile(SettingsPath()).Write(Section(), entries);
 }

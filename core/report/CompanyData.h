@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <system_error>
+
 /// What the report says about the company: section "Spolecnost" of the settings file.
 struct CompanyData {
     QString contactPerson;
@@ -18,5 +20,5 @@ struct CompanyData {
 
 /// Each text is cut to 1000 characters; empty when it is missing.
 CompanyData ReadCompanyData();
-/// Writes all ten as they stand, changed or not. False, with the reason in errno, when one could not be written.
-bool WriteCompanyData(const CompanyData& company);
+/// Writes all ten as they stand, changed or not; answers why they could not be written.
+[[nodiscard]] std::error_code WriteCompanyData(const CompanyData& company);

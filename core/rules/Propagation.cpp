@@ -36,11 +36,11 @@ PropagationOptions ReadPropagationOptions() {
     return options;
 }
 
-void WritePropagationOptions(const PropagationOptions& options) {
-    CProfile profile(SettingsPath());
+std::error_code WritePropagationOptions(const PropagationOptions& options) {
+    CProfile::Entries entries;
     for (const OptionKey& entry : Keys)
-        profile.WriteString(QString::fromLatin1(Section), QString::fromLatin1(entry.key),
-                            QString::number(options.*entry.option));
+        entries.push_back({QString::fromLatin1(entry.key), QString::number(options.*entry.option)});
+    return CProfile(SettingsPath()).Write(QString::fromLatin1(Section), entries);
 }
 
 void PropagateCover(CDataStore& store, const PropagationOptions& options, std::int32_t coverId, std::int32_t type,

@@ -3,6 +3,7 @@
 #include "core/base/Door.h"
 
 #include <cstdint>
+#include <system_error>
 
 class CDataStore;
 
@@ -19,7 +20,7 @@ Door<PropagationOptions>& Options();
 
 /// From section "Moznosti" of the settings file; a missing file or key is on.
 PropagationOptions ReadPropagationOptions();
-void WritePropagationOptions(const PropagationOptions& options);
+std::error_code WritePropagationOptions(const PropagationOptions& options);
 
 /// Carries a cover's new type, origin and payment into composites, packaging definitions and issued packaging, each as
 /// the options say. Every row of the cover is overwritten, whatever its date. Raises ComError; what ran before stays.

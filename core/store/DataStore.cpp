@@ -37,7 +37,7 @@ bool CDataStore::OpenDatabase(bool checkIntegrity) {
         ShowMessage(QStringLiteral("Patrně nemáte nainsalováno ADO pro práci s databází!"), Message::Icon::Error);
         return false;
     }
-    const QString path = g_strAppDir + QStringLiteral("Kuvel.mdb");
+    const QString path = DatabasePath();
     try {
         m_engine = std::make_shared<CEngine>(QFile::encodeName(path).toStdString(), checkIntegrity);
         return true;
@@ -59,10 +59,10 @@ bool CDataStore::CloseDatabase() {
 
 bool CDataStore::CompactDatabase() {
     CloseDatabase();
-    const QString path = g_strAppDir + QStringLiteral("Kuvel.mdb");
+    const QString path = DatabasePath();
     if (!QFile::exists(path))
         return false;
-    QFile::remove(g_strAppDir + QStringLiteral("KuvelTmp.MDB"));
+    QFile::remove(SafetyCopyPath());
     try {
         CEngine engine(QFile::encodeName(path).toStdString());
         // In place, under the engine's own journal: another program that has the file open keeps a whole database.

@@ -90,7 +90,7 @@ TEST(CtlImportMoney, TakesFromTheSettingsWhatIsNotGiven) {
         MoneyOptions stored;
         if (row.change)
             row.change(stored);
-        ASSERT_TRUE(stored.Write());
+        ASSERT_FALSE(stored.Write());
         const QByteArray settings = FileBytes(folder.folder.File("kuvel.ini"));
         CKuvelctl program(folder.folder.Path());
         program.SetVariable("KUVEL_DRIVES", money.Path({}));

@@ -16,7 +16,6 @@ struct MemoryTable {
 class MemoryMoney {
 public:
     MemoryMoney();
-    ~MemoryMoney();
     MemoryMoney(const MemoryMoney&) = delete;
     MemoryMoney& operator=(const MemoryMoney&) = delete;
 

@@ -10,7 +10,6 @@
 /// not come. In use while it lives.
 class ScriptedMessages : public IMessageDoor {
 public:
-    ScriptedMessages();
     ~ScriptedMessages() override;
 
     /// An OK box with exactly this text.

@@ -13,7 +13,6 @@ public:
         Request request;
     };
 
-    ScriptedFiles();
     ~ScriptedFiles() override;
 
     std::vector<QString> answers;

@@ -10,8 +10,6 @@
 #include <QDir>
 #include <QFileInfo>
 
-#include <cerrno>
-
 namespace {
 
 const QString Section = QStringLiteral("Zalohovani");
@@ -69,8 +67,7 @@ void CBackupDlg::Act() {
         if (!BackupDatabase(m_store, path, m_actions))
             return;
         // A relative path would mean another file the next time.
-        if (!CProfile(SettingsPath()).WriteString(Section, LastBackup, QFileInfo(path).absoluteFilePath()))
-            ShowWin32Error(errno);
+        ShowSettingsError(CProfile(SettingsPath()).Write(Section, {{LastBackup, QFileInfo(path).absoluteFilePath()}}));
         ShowMessage(MessageText("Záloha '%s' byla úspěšně vytvořena!", path), Message::Icon::Information);
     } else {
         if (!RestoreDatabase(m_store, path, m_actions))

@@ -48,7 +48,7 @@ void CKuvelApp::CreateFrame() {
 void CKuvelApp::ExitInstance() {
     // The registers hold recordsets until their window is gone.
     m_frame.reset();
-    WritePropagationOptions(g_options);
+    ShowSettingsError(WritePropagationOptions(*Options()));
     g_dataStore.CompactDatabase();
     g_dataStore.CloseDatabase();
 }

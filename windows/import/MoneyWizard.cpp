@@ -3,8 +3,6 @@
 #include "core/base/Messages.h"
 #include "windows/import/PageImport.h"
 
-#include <cerrno>
-
 namespace {
 
 MoneyOptions StoredOptions() {
@@ -18,8 +16,7 @@ MoneyOptions StoredOptions() {
 CMoneyWizard::CMoneyWizard() : m_options(StoredOptions()), m_parameters(m_options) {}
 
 CMoneyWizard::~CMoneyWizard() {
-    if (!m_options.Write())
-        ShowWin32Error(errno);
+    ShowSettingsError(m_options.Write());
 }
 
 bool CMoneyWizard::Run(QWidget* parent) {

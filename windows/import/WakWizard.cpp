@@ -3,8 +3,6 @@
 #include "core/base/Messages.h"
 #include "windows/import/PageImport.h"
 
-#include <cerrno>
-
 namespace {
 
 WakOptions StoredOptions() {
@@ -18,8 +16,7 @@ WakOptions StoredOptions() {
 CWakWizard::CWakWizard() : m_options(StoredOptions()), m_connection(m_options), m_parameters(m_options) {}
 
 CWakWizard::~CWakWizard() {
-    if (!m_options.Write())
-        ShowWin32Error(errno);
+    ShowSettingsError(m_options.Write());
 }
 
 bool CWakWizard::Run(QWidget* parent) {

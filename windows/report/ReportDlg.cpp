@@ -5,8 +5,6 @@
 #include "core/base/SqlText.h"
 #include "ui_ReportDlg.h"
 
-#include <cerrno>
-
 namespace {
 
 struct CompanyField {
@@ -66,7 +64,6 @@ void CReportDlg::accept() {
     m_request.regular = m_ui->regularRadio->isChecked();
     for (const CompanyField& field : Fields)
         m_request.company.*field.text = (m_ui.get()->*field.edit)->text();
-    if (!WriteCompanyData(m_request.company))
-        ShowWin32Error(errno);
+    ShowSettingsError(WriteCompanyData(m_request.company));
     QDialog::accept();
 }

@@ -30,12 +30,15 @@ void WakOptions::Read() {
     password = UnscrambleWakPassword(settings.GetString(Section, PasswordKey, {}));
 }
 
-bool WakOptions::Write() const {
-    CProfile settings(SettingsPath());
-    return settings.WriteString(Section, ServerKey, server) && settings.WriteString(Section, DatabaseKey, database) &&
-           settings.WriteString(Section, WindowsKey, QString::number(windows ? 1 : 0)) &&
-           settings.WriteString(Section, UserKey, user) &&
-           settings.WriteString(Section, PasswordKey, ScrambleWakPassword(password)) && ImportOptions::Write(Section);
+std::error_code WakOptions::Write() const {
+    CProfile::Entries entries{{ServerKey, server},
+                              {DatabaseKey, database},
+                              {WindowsKey, QString::number(windows ? 1 : 0)},
+                              {UserKey, user},
+                              {PasswordKey, ScrambleWakPassword(password)}};
+    const CProfile::Entries common = Entries();
+    entries.insert(entries.end(), common.begin(), common.end());
+    return CProfile(SettingsPath()).Write(Section, entries);
 }
 
 WakDateRange WakDateRange::PreviousQuarter(const DateTime& today) {

@@ -14,8 +14,8 @@ struct WakOptions : ImportOptions {
     QString password;
 
     void Read();
-    /// False when the settings file cannot be written.
-    bool Write() const;
+    /// In one write; answers why it could not be done.
+    [[nodiscard]] std::error_code Write() const;
 };
 
 /// The days whose documents are imported: from 00:00:00 of the first to 23:59:59 of the last.

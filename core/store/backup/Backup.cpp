@@ -13,18 +13,10 @@
 #include <QFile>
 #include <QFileInfo>
 
-#include <cerrno>
 #include <cstdlib>
+#include <tuple>
 
 namespace {
-
-QString DatabasePath() {
-    return g_strAppDir + QStringLiteral("Kuvel.mdb");
-}
-
-QString SafetyCopyPath() {
-    return g_strAppDir + QStringLiteral("KuvelTmp.MDB");
-}
 
 bool Close(CDataStore& store) {
     if (store.CloseDatabase())
@@ -65,28 +57,22 @@ bool IsSameFile(const QString& a, const QString& b) {
 
 /// `kept` is set when the old database lies in the safety copy. Without one there is no way back from a source that
 /// cannot be opened, so only a whole database is let in then.
-bool Replace(const QString& source, bool& kept) {
-    kept = CopyFileWhole(DatabasePath(), SafetyCopyPath());
-    if (!kept) {
-        const int code = errno;
-        const bool whole = IsWholeDatabase(source);
-        errno = code;
-        if (!whole)
-            return false;
-    }
-    return CopyFileWhole(source, DatabasePath());
+std::error_code Replace(const QString& source, bool& kept) {
+    const std::error_code error = CopyFileWhole(DatabasePath(), SafetyCopyPath());
+    kept = !error;
+    return kept || IsWholeDatabase(source) ? CopyFileWhole(source, DatabasePath()) : error;
 }
 
 /// The source may be the last safety copy itself, which the next one overwrites: it is brought aside first.
-bool ReplaceDatabase(const QString& source, bool& kept) {
+std::error_code ReplaceDatabase(const QString& source, bool& kept) {
     if (!IsSameFile(source, SafetyCopyPath()))
         return Replace(source, kept);
     const QString aside = DatabasePath() + QStringLiteral(".aside");
-    const bool done = CopyFileWhole(source, aside) && Replace(aside, kept);
-    const int code = errno;
+    std::error_code error = CopyFileWhole(source, aside);
+    if (!error)
+        error = Replace(aside, kept);
     QFile::remove(aside);
-    errno = code;
-    return done;
+    return error;
 }
 
 } // namespace
@@ -108,12 +94,12 @@ bool BackupDatabase(CDataStore& store, const QString& target, const BackupAction
     CreateFolderOf(target);
     if (!Close(store))
         return false;
-    const bool done = CopyFileWhole(DatabasePath(), target);
-    if (!done)
-        ShowWin32Error(errno);
+    const std::error_code error = CopyFileWhole(DatabasePath(), target);
+    if (error)
+        ShowWin32Error(error);
     store.OpenDatabase();
     Finish(store, actions, "Během zálohování došlo k chybě. Program bude ukončen!");
-    return done;
+    return !error;
 }
 
 bool RestoreDatabase(CDataStore& store, const QString& source, const BackupActions& actions, bool* putBack) {
@@ -124,16 +110,18 @@ bool RestoreDatabase(CDataStore& store, const QString& source, const BackupActio
     if (!Close(store))
         return false;
     bool kept = false;
-    const bool done = ReplaceDatabase(source, kept);
-    if (!done)
-        ShowWin32Error(errno);
+    const std::error_code error = ReplaceDatabase(source, kept);
+    if (error)
+        ShowWin32Error(error);
+    const bool done = !error;
     const bool opened = store.OpenDatabase(done);
     if (putBack != nullptr)
         *putBack = done && !opened;
     if (!opened) {
         // A copy that fails leaves the database unchanged; a safety copy of an earlier restore must not replace it.
+        // Whether that went well, the opening below tells.
         if (done && kept)
-            CopyFileWhole(SafetyCopyPath(), DatabasePath());
+            std::ignore = CopyFileWhole(SafetyCopyPath(), DatabasePath());
         store.OpenDatabase();
     }
     Finish(store, actions, "Během obnovování zálohy došlo k chybě. Program bude ukončen!");

@@ -1,9 +1,10 @@
 #include "core/base/Messages.h"
+#include "core/base/AppDir.h"
+#include "core/base/SystemError.h"
 #include "tests/support/ScriptedDoors.h"
 
 #include <gtest/gtest.h>
 
-#include <cerrno>
 #include <cstdlib>
 
 TEST(MessageTexts, ErrorsHaveTheirExactWords) {
@@ -12,9 +13,11 @@ TEST(MessageTexts, ErrorsHaveTheirExactWords) {
         std::function<void()> show;
         QString text;
     } cases[] = {
-        {[] { ShowWin32Error(ENOENT); }, "Došlo k chybě č.2\n\nNo such file or directory"},
-        {[] { ShowWin32Error(ENOSPC, "Záloha"); }, "Záloha\n\nChyba č.28. No space left on device"},
-        {[] { ShowWin32Error(99999); }, "Došlo k chybě č.99999\n\nNeznámá chyba"},
+        {[] { ShowWin32Error(SystemError(ENOENT)); }, "Došlo k chybě č.2\n\nNo such file or directory"},
+        {[] { ShowWin32Error(SystemError(ENOSPC), "Záloha"); }, "Záloha\n\nChyba č.28. No space left on device"},
+        {[] { ShowWin32Error(SystemError(99999)); }, "Došlo k chybě č.99999\n\nNeznámá chyba"},
+        {[] { ShowSettingsError(SystemError(EISDIR)); },
+         "Nemohu zapsat soubor '" + SettingsPath() + "'\n\nChyba č.21. Is a directory"},
         {[] { ShowHResultError(0x1A, "text"); }, "Došlo k chybě č.0x0000001A\n\ntext"},
         {[] { ShowHResultError(0x80004005, "text", "Předpona"); }, "Předpona\n\nChyba č.0x80004005. text"},
         {[] { ShowHResultError(0x80004005, {}); }, "Došlo k chybě č.0x80004005\n\nNeznámá chyba"},

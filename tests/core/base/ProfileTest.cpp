@@ -9,8 +9,6 @@
 #include <QStringDecoder>
 #include <QTemporaryDir>
 
-#include <cerrno>
-
 static QByteArray Utf16LE(const QString& text) {
     QByteArray bytes("\xFF\xFE");
     for (QChar c : text) {
@@ -37,6 +35,9 @@ protected:
     QString Path() const { return m_folder.filePath("kuvel.ini"); }
     void Put(const QByteArray& bytes) const { WriteFile(Path(), bytes); }
     QByteArray Bytes() const { return FileBytes(Path()); }
+    static std::error_code Write(const QString& path, const QString& section, const CProfile::Entries& entries) {
+        return CProfile(path).Write(section, entries);
+    }
     QTemporaryDir m_folder;
 };
 } // namespace
@@ -96,7 +97,6 @@ TEST_F(ProfileFile, ReadsByTheRulesOfPrivateProfiles) {
 TEST_F(ProfileFile, MissingFileGivesDefaultsAndIsNotCreatedByReading) {
     EXPECT_EQ(CProfile(Path()).GetString("S", "k", " d "), " d ");
     EXPECT_EQ(CProfile(Path()).GetInt("S", "k", 7), 7);
-    EXPECT_TRUE(CProfile(Path()).RemoveKey("S", "k"));
     EXPECT_FALSE(QFile::exists(Path()));
     EXPECT_EQ(CProfile(m_folder.path()).GetString("S", "k", "d"), "d") << "a folder in the file's place";
 }
@@ -149,9 +149,9 @@ TEST_F(ProfileFile, WritingTouchesNothingButItsLine) {
     };
     for (const auto& c : cases) {
         Put(c.before);
-        EXPECT_TRUE(CProfile(Path()).WriteString("S", "k", "v")) << c.what;
+        EXPECT_FALSE(Write(Path(), "S", {{"k", "v"}})) << c.what;
         EXPECT_EQ(Bytes(), c.after) << c.what;
-        EXPECT_TRUE(CProfile(Path()).WriteString("S", "k", "v")) << c.what;
+        EXPECT_FALSE(Write(Path(), "S", {{"k", "v"}})) << c.what;
         EXPECT_EQ(Bytes(), c.after) << c.what << ", written again";
     }
 }
@@ -174,7 +174,7 @@ TEST_F(ProfileFile, WrittenValueReadsBack) {
     };
     for (const auto& c : cases) {
         Put("[S]\r\nk=old\r\n");
-        EXPECT_TRUE(CProfile(Path()).WriteString("S", "k", c.value));
+        EXPECT_FALSE(Write(Path(), "S", {{"k", c.value}}));
         EXPECT_EQ(CProfile(Path()).GetString("S", "k", "-"), c.read);
         EXPECT_EQ(Bytes().count('\n'), 2) << "one line a value: " << c.value.toStdString();
     }
@@ -188,39 +188,24 @@ TEST_F(ProfileFile, NamesThatWouldBreakTheFileAreRefused) {
                  {"S", ";k"}, {"S", "[k"}, {"S", "a=b"},   {"S", "a\rb"}, {"S", "漢"}};
     Put(before);
     for (const auto& c : cases) {
-        errno = 0;
-        EXPECT_FALSE(CProfile(Path()).WriteString(c.section, c.key, "v"));
-        EXPECT_EQ(errno, EINVAL);
+        EXPECT_EQ(std::errc::invalid_argument, Write(Path(), c.section, {{"k", "2"}, {c.key, "v"}}));
         EXPECT_EQ(Bytes(), before);
     }
 }
 
-TEST_F(ProfileFile, RemovedKeyLeavesTheRest) {
-    Put("[S]\r\na=1\r\nk=2\r\n;k\r\nk=3\r\n");
-    EXPECT_TRUE(CProfile(Path()).RemoveKey("s", "K"));
-    EXPECT_EQ(Bytes(), "[S]\r\na=1\r\n;k\r\nk=3\r\n");
-}
-
 TEST_F(ProfileFile, FailedWriteTellsWhyAndLeavesTheFile) {
-    errno = 0;
-    EXPECT_FALSE(CProfile(m_folder.filePath("none/kuvel.ini")).WriteString("S", "k", "v"));
-    EXPECT_EQ(errno, ENOENT);
-    EXPECT_FALSE(CProfile(m_folder.path()).WriteString("S", "k", "v"));
-    EXPECT_EQ(errno, EISDIR);
+    EXPECT_EQ(std::errc::no_such_file_or_directory, Write(m_folder.filePath("none/kuvel.ini"), "S", {{"k", "v"}}));
+    EXPECT_EQ(std::errc::is_a_directory, Write(m_folder.path(), "S", {{"k", "v"}}));
 
     // A disk that is full halfway.
     const QByteArray before = "[S]\r\nk=1\r\n;" + QByteArray(100'000, 'x');
     Put(before);
-    bool written = false;
-    int code = 0;
+    std::error_code error;
     {
         const SmallDisk disk(50'000);
-        errno = 0;
-        written = CProfile(Path()).WriteString("S", "k", "2");
-        code = errno;
+        error = Write(Path(), "S", {{"k", "2"}});
     }
-    EXPECT_FALSE(written);
-    EXPECT_EQ(code, EFBIG);
+    EXPECT_EQ(std::errc::file_too_large, error);
     EXPECT_EQ(Bytes(), before);
     EXPECT_EQ(QDir(m_folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList("kuvel.ini"));
 }

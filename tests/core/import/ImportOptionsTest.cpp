@@ -17,7 +17,7 @@ TEST(ImportOptions, AreKeptInTheSettings) {
     options.products = options.setExport = false;
     options.existing = ExistingRecords::Ask;
     options.domestic = QStringLiteral(";ČR;SLOVENSKO");
-    ASSERT_TRUE(options.Write());
+    ASSERT_FALSE(options.Write());
     EXPECT_EQ(QByteArray("[Import]\r\nProdukty=0\r\nVydaje=1\r\nExistujici zaznamy=2\r\nNastavovat Export=0\r\n"
                          "Neexportni zeme=;\xc8R;SLOVENSKO\r\n"),
               FileBytes(folder.File("kuvel.ini")));

@@ -110,7 +110,7 @@ TEST(CompanyData, SurvivesInItsSectionAndIsCut) {
     ProgramFolder folder;
     EXPECT_EQ(QString(), ReadCompanyData().name);
     const CompanyData company{"osoba", "dic", "ico", "fax", "tel", QString(1200, u'ě'), "mail", "sídlo", "id", ""};
-    EXPECT_TRUE(WriteCompanyData(company));
+    EXPECT_FALSE(WriteCompanyData(company));
     const QByteArray cut(1200, '\xEC');
     EXPECT_EQ("[Spolecnost]\nKontaktniOsoba=osoba\nDIC=dic\nICO=ico\nFax=fax\nTel=tel\nNazev=" + cut +
                   "\nMail=mail\nSidlo=s\xED"
@@ -125,3 +125,11 @@ TEST(CompanyData, SurvivesInItsSectionAndIsCut) {
 }
 
 } // namespace
+
+TEST(CompanyData, IsWrittenWholeOrNotAtAll) {
+    const ProgramFolder folder;
+    const CompanyData company{"osoba", "dic", "ico", "fax", "tel", QString(1200, 'x'), {}, {}, {}, {}};
+    const SmallDisk disk(1000);
+    EXPECT_EQ(std::errc::file_too_large, WriteCompanyData(company));
+    EXPECT_FALSE(QFile::exists(SettingsPath()));
+}

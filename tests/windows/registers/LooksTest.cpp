@@ -202,7 +202,7 @@ TEST_P(Looks, NoImportWindowCutsItsTextsOff) {
     CMoneyWizard().Run(nullptr);
     WakOptions stored;
     stored.database = "wak";
-    ASSERT_TRUE(stored.Write());
+    ASSERT_FALSE(stored.Write());
     steps.Then(lookAtPages("import-wak-1", "import-wak-2"));
     CWakWizard().Run(nullptr);
     steps.Then([&](QWidget& window) {

@@ -98,6 +98,17 @@ TEST_F(ReportDlg, ArrowsStayWithinTheLimits) {
     }
 }
 
+TEST_F(ReportDlg, NamesTheFileThatCannotTakeTheCompanysData) {
+    ASSERT_TRUE(QDir().mkdir(SettingsPath()));
+    CReportDlg dialog(nullptr);
+    dialog.show();
+    messages.Expect(QStringLiteral("Nemohu zapsat soubor '%1'\n\nChyba č.21. %2")
+                        .arg(SettingsPath(), QString::fromLocal8Bit(std::strerror(EISDIR))),
+                    Message::Icon::Error);
+    Click(dialog, "okButton");
+    EXPECT_EQ(QDialog::Accepted, dialog.result());
+}
+
 struct Field {
     const char* label;
     const char* edit;
