@@ -1,7 +1,7 @@
 #pragma once
 
-#include "core/base/CodeLists.h"
 #include "core/base/Variant.h"
+#include "core/rules/Fields.h"
 
 #include <cstdint>
 #include <string>
@@ -27,12 +27,13 @@ struct FindRequest {
 
 /// A field that can be searched, as the user sees it.
 struct FindArea {
-    enum class Kind { Text, Code, YesNo };
+    /// Text, Code or YesNo.
+    using Kind = RecordField::Kind;
 
     QString name;
     Kind kind = Kind::Text;
     CodeList codes{};
 };
 
-/// A field that is not known is a text under its own name. Names are compared without regard to case.
+/// A field that is not known, or not searched, is a text under its own name.
 FindArea AreaOf(const std::string& field);

@@ -5,6 +5,7 @@
 #include "core/store/DataStore.h"
 #include "ui_CompCoverDlg.h"
 #include "windows/registers/ListRegisterView.h"
+#include "windows/registers/packaging/PackagingRows.h"
 #include "windows/registers/packaging/PageCover.h"
 #include "windows/registers/packaging/PageCoverProd.h"
 #include "windows/widgets/Guarded.h"
@@ -26,17 +27,7 @@ constexpr const char* ItemsSql =
     "Cover ON TmpCover_Item.cover_id = Cover.cover_id ORDER BY Cover.cover_name";
 
 ListSpec Items() {
-    ListSpec spec;
-    spec.objectName = QStringLiteral("items");
-    spec.columns = {{QStringLiteral("Název"), Field("cover_name")},
-                    {QStringLiteral("Hmotnost [kg]"), Field("totWeight")},
-                    {QStringLiteral("Počet výr."), Field("cp_qtyprod")},
-                    {QStringLiteral("Použít od"), UsedQuantity("cp_usefrom")},
-                    {QStringLiteral("Použít do"), UsedQuantity("cp_useto")},
-                    {QStringLiteral("Typ"), Code("cover_type", CodeList::CoverType)},
-                    {QStringLiteral("Původ"), Code("cover_org", CodeList::CoverOrigin)},
-                    {QStringLiteral("Platba"), Code("cover_pay", CodeList::CoverPayment)}};
-    spec.keyField = "ti_id";
+    ListSpec spec = PackagingRows("items", "ti_id");
     spec.clickableHeader = false;
     return spec;
 }

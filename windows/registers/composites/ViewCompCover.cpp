@@ -14,8 +14,7 @@ namespace {
 RegisterSpec CompositeRegister() {
     RegisterSpec spec;
     spec.master.objectName = QStringLiteral("composites");
-    spec.master.columns = {{QStringLiteral("Název"), Field("ccover_name"), "ccover_name"},
-                           {QStringLiteral("Poznámka"), Field("ccover_note"), "ccover_note"}};
+    spec.master.columns = Columns({"ccover_name", "ccover_note"});
     spec.master.keyField = "ccover_id";
     spec.master.defaultSort = "ccover_name";
     spec.master.multiSelection = true;

@@ -14,13 +14,8 @@ namespace {
 ListSpec Covers() {
     ListSpec spec;
     spec.objectName = QStringLiteral("covers");
-    spec.columns = {{QStringLiteral("Název"), Field("cover_name"), "cover_name"},
-                    {QStringLiteral("Materiál"), Code("cover_mat", CodeList::CoverMaterial), "cover_mat"},
-                    {QStringLiteral("Hmotnost [kg]"), Field("cover_weight"), "cover_weight"},
-                    {QStringLiteral("Typ"), Code("cover_type", CodeList::CoverType), "cover_type"},
-                    {QStringLiteral("Původ"), Code("cover_org", CodeList::CoverOrigin), "cover_org"},
-                    {QStringLiteral("Platba"), Code("cover_pay", CodeList::CoverPayment), "cover_pay"},
-                    {QStringLiteral("Opakovaně používaný"), Field("cover_reusable"), "cover_reusable"}};
+    spec.columns =
+        Columns({"cover_name", "cover_mat", "cover_weight", "cover_type", "cover_org", "cover_pay", "cover_reusable"});
     spec.keyField = "cover_id";
     spec.defaultSort = "cover_name";
     spec.multiSelection = true;
@@ -30,9 +25,7 @@ ListSpec Covers() {
 ListSpec Discards() {
     ListSpec spec;
     spec.objectName = QStringLiteral("discards");
-    spec.columns = {{QStringLiteral("Datum"), Field("disc_date"), "disc_date"},
-                    {QStringLiteral("Typ"), Code("disc_type", CodeList::DiscardType), "disc_type"},
-                    {QStringLiteral("Hmotnost [kg]"), Field("totWeight"), "disc_qty*cover_weight"}};
+    spec.columns = {Column("disc_date"), Column("disc_type"), Column("totWeight", "disc_qty*cover_weight")};
     spec.keyField = "disc_id";
     spec.defaultSort = "disc_date";
     return spec;

@@ -18,10 +18,7 @@ namespace {
 ListSpec Issues() {
     ListSpec spec;
     spec.objectName = QStringLiteral("issues");
-    spec.columns = {{QStringLiteral("Číslo"), Field("move_num"), "move_num"},
-                    {QStringLiteral("Datum"), Field("move_date"), "move_date"},
-                    {QStringLiteral("Export"), Field("move_export"), "move_num"},
-                    {QStringLiteral("Typ"), Code("move_type", CodeList::MoveType), "move_type"}};
+    spec.columns = {Column("move_num"), Column("move_date"), Column("move_export", "move_num"), Column("move_type")};
     spec.keyField = "move_id";
     spec.defaultSort = "move_num";
     spec.multiSelection = true;
@@ -31,9 +28,7 @@ ListSpec Issues() {
 ListSpec Items() {
     ListSpec spec;
     spec.objectName = QStringLiteral("items");
-    spec.columns = {{QStringLiteral("Název"), Field("prod_name"), "prod_name"},
-                    {QStringLiteral("Kat. č."), Field("prod_katalog"), "prod_katalog"},
-                    {QStringLiteral("Množství"), Field("mvprod_qty"), "Move_prod.mvprod_qty"}};
+    spec.columns = {Column("prod_name"), Column("prod_katalog"), Column("mvprod_qty", "Move_prod.mvprod_qty")};
     spec.keyField = "mvprod_id";
     spec.defaultSort = "prod_name";
     return spec;
@@ -42,12 +37,12 @@ ListSpec Items() {
 ListSpec IssuedCovers() {
     ListSpec spec;
     spec.objectName = QStringLiteral("issuedCovers");
-    spec.columns = {{QStringLiteral("Název"), Field("cover_name"), "cover_name"},
-                    {QStringLiteral("Hmotnost [kg]"), Field("totWeight"), "mvcover_qty*cover_weight"},
-                    {QStringLiteral("Materiál"), Code("cover_mat", CodeList::CoverMaterial), "cover_mat"},
-                    {QStringLiteral("Typ"), Code("cover_type", CodeList::CoverType), "Move_Cover.cover_type"},
-                    {QStringLiteral("Původ"), Code("cover_org", CodeList::CoverOrigin), "Move_Cover.cover_org"},
-                    {QStringLiteral("Platba"), Code("cover_pay", CodeList::CoverPayment), "Move_Cover.cover_pay"}};
+    spec.columns = {Column("cover_name"),
+                    Column("totWeight", "mvcover_qty*cover_weight"),
+                    Column("cover_mat"),
+                    Column("cover_type", "Move_Cover.cover_type"),
+                    Column("cover_org", "Move_Cover.cover_org"),
+                    Column("cover_pay", "Move_Cover.cover_pay")};
     spec.keyField = "mvcover_id";
     spec.defaultSort = "cover_name";
     return spec;

@@ -12,30 +12,14 @@ namespace {
 int s_lastTab = 0;
 
 ListSpec SimpleCovers() {
-    ListSpec spec;
-    spec.objectName = QStringLiteral("simple");
-    spec.columns = {{QStringLiteral("Název"), Field("cover_name")},
-                    {QStringLiteral("Typ"), Code("cover_type", CodeList::CoverType)},
-                    {QStringLiteral("Původ"), Code("cover_org", CodeList::CoverOrigin)},
-                    {QStringLiteral("Platba"), Code("cover_pay", CodeList::CoverPayment)},
-                    {QStringLiteral("Materiál"), Code("cover_mat", CodeList::CoverMaterial)},
-                    {QStringLiteral("Hmotnost [kg]"), Field("cover_weight")},
-                    {QStringLiteral("Opakované použití"), Field("cover_reusable")}};
-    spec.keyField = "cover_id";
-    spec.clickableHeader = false;
-    spec.fallback = ListSpec::Fallback::None;
-    return spec;
+    std::vector<ListColumn> columns =
+        Columns({"cover_name", "cover_type", "cover_org", "cover_pay", "cover_mat", "cover_weight", "cover_reusable"});
+    columns.back().header = QStringLiteral("Opakované použití");
+    return PickerList("simple", "cover_id", columns);
 }
 
 ListSpec CompositeCovers() {
-    ListSpec spec;
-    spec.objectName = QStringLiteral("composite");
-    spec.columns = {{QStringLiteral("Název"), Field("ccover_name")},
-                    {QStringLiteral("Poznámka"), Field("ccover_note")}};
-    spec.keyField = "ccover_id";
-    spec.clickableHeader = false;
-    spec.fallback = ListSpec::Fallback::None;
-    return spec;
+    return PickerList("composite", "ccover_id", Columns({"ccover_name", "ccover_note"}));
 }
 
 } // namespace

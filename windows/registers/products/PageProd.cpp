@@ -6,23 +6,9 @@
 
 #include <QVBoxLayout>
 
-namespace {
-
-ListSpec Products() {
-    ListSpec spec;
-    spec.objectName = QStringLiteral("products");
-    spec.columns = {{QStringLiteral("Název"), Field("prod_name")},
-                    {QStringLiteral("Kat. č."), Field("prod_katalog")},
-                    {QStringLiteral("Jednotka"), Field("prod_unit")}};
-    spec.keyField = "prod_id";
-    spec.clickableHeader = false;
-    spec.fallback = ListSpec::Fallback::None;
-    return spec;
-}
-
-} // namespace
-
-CPageProd::CPageProd(CDataStore& store) : m_products(new RecordList(store, Products(), this)) {
+CPageProd::CPageProd(CDataStore& store)
+    : m_products(new RecordList(
+          store, PickerList("products", "prod_id", Columns({"prod_name", "prod_katalog", "prod_unit"})), this)) {
     setObjectName(QStringLiteral("PageProd"));
     setWindowTitle(QStringLiteral("Vyberte výrobek"));
     setMinimumSize(560, 320);

@@ -6,6 +6,7 @@
 #include "core/rules/Propagation.h"
 #include "core/store/Edit.h"
 #include "core/store/Engine.h"
+#include "windows/registers/packaging/PackagingRows.h"
 #include "windows/registers/packaging/PageCover.h"
 #include "windows/registers/packaging/PageCoverProd.h"
 #include "windows/registers/packaging/PageDateRange.h"
@@ -29,9 +30,9 @@ ListSpec Products() {
     ListSpec spec;
     spec.objectName = QStringLiteral("products");
     spec.columns = {{QStringLiteral("ID"), SourceId, "prod_scrid"},
-                    {QStringLiteral("Název"), Field("prod_name"), "prod_name"},
-                    {QStringLiteral("Kat. č."), Field("prod_katalog"), "prod_katalog"},
-                    {QStringLiteral("Jednotka"), Field("prod_unit"), "prod_unit"}};
+                    Column("prod_name"),
+                    Column("prod_katalog"),
+                    Column("prod_unit")};
     spec.keyField = "prod_id";
     spec.defaultSort = "prod_name";
     spec.sortColumn = 1;
@@ -42,7 +43,7 @@ ListSpec Products() {
 ListSpec Dates() {
     ListSpec spec;
     spec.objectName = QStringLiteral("dates");
-    spec.columns = {{QStringLiteral("Platné od"), Field("dt_from")}};
+    spec.columns = Columns({"dt_from"});
     spec.keyField = "dt_id";
     spec.clickableHeader = false;
     spec.grid = false;
@@ -51,19 +52,8 @@ ListSpec Dates() {
     return spec;
 }
 
-ListSpec PackagingRows() {
-    ListSpec spec;
-    spec.objectName = QStringLiteral("packaging");
-    spec.columns = {{QStringLiteral("Název"), Field("cover_name"), "cover_name"},
-                    {QStringLiteral("Hmotnost [kg]"), Field("totWeight"), "cp_qtycover*cover_weight"},
-                    {QStringLiteral("Počet výr."), Field("cp_qtyprod"), "cp_qtyprod"},
-                    {QStringLiteral("Použít od"), UsedQuantity("cp_usefrom"), "cp_usefrom"},
-                    {QStringLiteral("Použít do"), UsedQuantity("cp_useto"), "cp_useto"},
-                    {QStringLiteral("Typ"), Code("cover_type", CodeList::CoverType), "Prod_Cover.cover_type"},
-                    {QStringLiteral("Původ"), Code("cover_org", CodeList::CoverOrigin), "Prod_Cover.cover_org"},
-                    {QStringLiteral("Platba"), Code("cover_pay", CodeList::CoverPayment), "Prod_Cover.cover_pay"}};
-    spec.keyField = "cp_id";
-    spec.defaultSort = "cover_name";
+ListSpec Packaging() {
+    ListSpec spec = PackagingRows("packaging", "cp_id");
     spec.keepsSelection = false;
     return spec;
 }
@@ -75,7 +65,7 @@ RegisterSpec ProductRegister() {
     spec.masterMenu = ContextMenu::RecProd;
     spec.detail = Dates();
     spec.detailTitle = "Balení";
-    spec.subdetail = PackagingRows();
+    spec.subdetail = Packaging();
     spec.findFields = {"prod_name", "prod_katalog", "prod_unit"};
     // By the order of the packaging rows, though the fields are the products'.
     spec.findFirst = {nullptr, "prod_name", "prod_katalog", "prod_unit"};

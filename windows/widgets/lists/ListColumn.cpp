@@ -1,20 +1,47 @@
 #include "windows/widgets/lists/ListColumn.h"
 
+#include "core/rules/Fields.h"
 #include "core/store/DataStore.h"
 
-CellText Field(const char* column) {
-    return [column](const CDataStore&, const CRecordset& record) { return FormatVariant(record.get_Collect(column)); };
+namespace {
+
+CellText TextOf(const RecordField& field) {
+    const char* const name = field.name;
+    switch (field.kind) {
+    case RecordField::Kind::Code:
+        return [name, codes = field.codes](const CDataStore& store, const CRecordset& record) {
+            return store.CodeListText(codes, record.Code(name));
+        };
+    case RecordField::Kind::RangeEnd:
+        return [name](const CDataStore&, const CRecordset& record) {
+            return ToBool(record.get_Collect("cp_usealways")) ? QStringLiteral("-")
+                                                              : FormatVariant(record.get_Collect(name));
+        };
+    default:
+        return [name](const CDataStore&, const CRecordset& record) { return FormatVariant(record.get_Collect(name)); };
+    }
 }
 
-CellText Code(const char* column, CodeList list) {
-    return [column, list](const CDataStore& store, const CRecordset& record) {
-        return store.CodeListText(list, record.Code(column));
-    };
+} // namespace
+
+ListColumn Column(const char* field, const char* sortField) {
+    const RecordField& known = *FindField(field);
+    return {QString::fromUtf8(known.caption), TextOf(known), sortField != nullptr ? sortField : known.name};
 }
 
-CellText UsedQuantity(const char* column) {
-    return [column](const CDataStore&, const CRecordset& record) {
-        return ToBool(record.get_Collect("cp_usealways")) ? QStringLiteral("-")
-                                                          : FormatVariant(record.get_Collect(column));
-    };
+std::vector<ListColumn> Columns(std::initializer_list<const char*> fields) {
+    std::vector<ListColumn> columns;
+    for (const char* field : fields)
+        columns.push_back(Column(field));
+    return columns;
+}
+
+ListSpec PickerList(const char* objectName, const char* keyField, std::vector<ListColumn> columns) {
+    ListSpec spec;
+    spec.objectName = QString::fromLatin1(objectName);
+    spec.columns = std::move(columns);
+    spec.keyField = keyField;
+    spec.clickableHeader = false;
+    spec.fallback = ListSpec::Fallback::None;
+    return spec;
 }

@@ -1,11 +1,10 @@
 #pragma once
 
-#include "core/base/CodeLists.h"
-
 #include <QString>
 
 #include <cstdint>
 #include <functional>
+#include <initializer_list>
 #include <vector>
 
 class CDataStore;
@@ -14,19 +13,17 @@ class CRecordset;
 /// The text of a cell, made from the recordset's current record. May raise ComError.
 using CellText = std::function<QString(const CDataStore& store, const CRecordset& record)>;
 
-/// The field's value as every list shows it.
-CellText Field(const char* column);
-/// The text of a code-list index.
-CellText Code(const char* column, CodeList list);
-/// The field's value, or "-" for a packaging row that applies to any quantity.
-CellText UsedQuantity(const char* column);
-
 struct ListColumn {
     QString header;
     CellText text;
     /// What a click on the header sorts by; null: the list's default.
     const char* sortField = nullptr;
 };
+
+/// The column of a known field: its caption, and its value as every list shows it; a code as its text, and the range of
+/// a packaging row that applies to any quantity as "-". A click on the header sorts by the field, or by what is named.
+ListColumn Column(const char* field, const char* sortField = nullptr);
+std::vector<ListColumn> Columns(std::initializer_list<const char*> fields);
 
 /// What a list shows and how it behaves; the rows come with each fill.
 struct ListSpec {
@@ -47,3 +44,6 @@ struct ListSpec {
     /// Whether a fill that asks for no id selects again what was selected before it.
     bool keepsSelection = true;
 };
+
+/// A list to choose one record from: in the order of its query, with nothing chosen first.
+ListSpec PickerList(const char* objectName, const char* keyField, std::vector<ListColumn> columns);

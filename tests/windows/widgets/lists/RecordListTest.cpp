@@ -14,8 +14,7 @@ namespace {
 
 ListSpec CoverNames() {
     ListSpec spec;
-    spec.columns = {{QStringLiteral("Název"), Field("cover_name"), "cover_name"},
-                    {QStringLiteral("Hmotnost [kg]"), Field("cover_weight"), "cover_weight"}};
+    spec.columns = Columns({"cover_name", "cover_weight"});
     spec.keyField = "cover_id";
     spec.defaultSort = "cover_name";
     spec.multiSelection = true;
