@@ -1,5 +1,4 @@
-#include "bench/startup/FirstPaint.h"
-
+#include <QApplication>
 #include <QMainWindow>
 #include <QMenuBar>
 #include <QStatusBar>
@@ -12,7 +11,6 @@
 int main(int argc, char** argv) {
     const bool bare = argc > 1 && std::strcmp(argv[1], "--bare") == 0;
     const QApplication application(argc, argv);
-    const FirstPaint firstPaint;
     QMainWindow window;
     if (!bare) {
         window.menuBar();

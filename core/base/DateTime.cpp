@@ -47,7 +47,7 @@ DateTime DateTime::FromDay(int year, int month, int day, int hour, int minute, i
     if (year < 1 || year > 9999 || !date.ok() || hour > 23 || minute > 59 || second > 59)
         return Invalid();
     const std::int64_t days = std::chrono::sys_days(date).time_since_epoch().count();
-    return FromSeconds(days * SecondsPerDay + hour * 3600 + minute * 60 + second);
+    return FromSeconds(days * SecondsPerDay + hour * 3600L + minute * 60L + second);
 }
 
 DateTime DateTime::FromStored(std::string_view text) {

@@ -52,18 +52,16 @@ TEST(KuvelctlBackup, ARestoreThatFailsLeavesTheOldData) {
     store.store.CloseDatabase();
     store.Sql("INSERT INTO Cover (cover_name) VALUES ('a')");
     WriteFile(store.folder.File("kniha.txt"), "no database");
-    struct {
-        const char *file, *said;
-    } const rows[] = {
+    const std::pair<const char*, const char*> rows[] = {
         {"kniha.txt", "the old data were put back"},
         {"chybi.mdb", "Nemohu nalézt soubor '"},
     };
     const CKuvelctl program(store.folder.Path());
-    for (const auto& row : rows) {
-        const CtlResult result = program.Run(QStringLiteral("restore ") + store.folder.File(row.file));
-        EXPECT_EQ(1, result.exitCode) << row.file;
-        EXPECT_TRUE(result.errors.contains(QString::fromUtf8(row.said))) << result.errors.toStdString();
-        EXPECT_EQ("1", store.Ask(CoverCount)) << row.file;
+    for (const auto& [file, said] : rows) {
+        const CtlResult result = program.Run(QStringLiteral("restore ") + store.folder.File(file));
+        EXPECT_EQ(1, result.exitCode) << file;
+        EXPECT_TRUE(result.errors.contains(QString::fromUtf8(said))) << result.errors.toStdString();
+        EXPECT_EQ("1", store.Ask(CoverCount)) << file;
     }
 }
 

@@ -32,78 +32,73 @@ TEST(CtlImportMoney, TakesFromTheSettingsWhatIsNotGiven) {
 
     const QString year = QStringLiteral("D:\\data\\Agenda.001\\Rok.2012");
     const QString both = Summary(1, 1);
-    const struct {
-        const char* what;
-        QStringList arguments;
-        std::function<void(MoneyOptions&)> change;
-        int exitCode;
-        QString output;
-        const char* errors; // how they begin
-        const char* isExport;
-    } rows[] = {
-        {"the settings alone", {year}, {}, 0, both, "", "1"},
-        {"a path of this machine", {money.Path("d:/Data/Agenda.001/Rok.2012/")}, {}, 0, both, "", "1"},
-        {"a phase chosen", {year, "--products"}, {}, 0, Summary(1, 0), "", "none"},
-        {"a phase the settings leave out",
-         {year, "--issues"},
-         [](MoneyOptions& o) { o.documents = false; },
-         0,
-         both,
-         "",
-         "1"},
-        {"no export", {year, "--no-export-flag"}, {}, 0, both, "", "0"},
-        {"an export", {year, "--export-flag"}, [](MoneyOptions& o) { o.setExport = false; }, 0, both, "", "1"},
-        {"domestic names", {year, "--domestic", "x;slovensko"}, {}, 0, both, "", "0"},
-        {"nothing chosen",
-         {year},
-         [](MoneyOptions& o) { o.products = o.documents = false; },
-         1,
-         "",
-         "Není vybrán import produktů ani dokladů!",
-         "none"},
-        {"settings that ask",
-         {year},
-         [](MoneyOptions& o) { o.existing = ExistingRecords::Ask; },
-         1,
-         "",
-         "kuvelctl: kuvel.ini says to ask about each existing record",
-         "none"},
-        {"no year", {money.Path("d:/Data")}, {}, 1, "", "Adresář \"", "none"},
-        {"no year given",
-         {},
-         {},
-         2,
-         "",
-         "kuvelctl: YEARFOLDER is required; usage: kuvelctl import money YEARFOLDER [",
-         "none"},
-        {"asking", {year, "--existing", "ask"}, {}, 2, "", "kuvelctl: --existing: ask not in", "none"},
-        {"both of two",
-         {year, "--export-flag", "--no-export-flag"},
-         {},
-         2,
-         "",
-         "kuvelctl: --export-flag excludes --no-export-flag; usage:",
-         "none"},
-    };
-    for (const auto& row : rows) {
+    // expected: how they begin
+    const std::tuple<const char*, QStringList, std::function<void(MoneyOptions&)>, int, QString, const char*,
+                     const char*>
+        rows[] = {
+            {"the settings alone", {year}, {}, 0, both, "", "1"},
+            {"a path of this machine", {money.Path("d:/Data/Agenda.001/Rok.2012/")}, {}, 0, both, "", "1"},
+            {"a phase chosen", {year, "--products"}, {}, 0, Summary(1, 0), "", "none"},
+            {"a phase the settings leave out",
+             {year, "--issues"},
+             [](MoneyOptions& o) { o.documents = false; },
+             0,
+             both,
+             "",
+             "1"},
+            {"no export", {year, "--no-export-flag"}, {}, 0, both, "", "0"},
+            {"an export", {year, "--export-flag"}, [](MoneyOptions& o) { o.setExport = false; }, 0, both, "", "1"},
+            {"domestic names", {year, "--domestic", "x;slovensko"}, {}, 0, both, "", "0"},
+            {"nothing chosen",
+             {year},
+             [](MoneyOptions& o) { o.products = o.documents = false; },
+             1,
+             "",
+             "Není vybrán import produktů ani dokladů!",
+             "none"},
+            {"settings that ask",
+             {year},
+             [](MoneyOptions& o) { o.existing = ExistingRecords::Ask; },
+             1,
+             "",
+             "kuvelctl: kuvel.ini says to ask about each existing record",
+             "none"},
+            {"no year", {money.Path("d:/Data")}, {}, 1, "", "Adresář \"", "none"},
+            {"no year given",
+             {},
+             {},
+             2,
+             "",
+             "kuvelctl: YEARFOLDER is required; usage: kuvelctl import money YEARFOLDER [",
+             "none"},
+            {"asking", {year, "--existing", "ask"}, {}, 2, "", "kuvelctl: --existing: ask not in", "none"},
+            {"both of two",
+             {year, "--export-flag", "--no-export-flag"},
+             {},
+             2,
+             "",
+             "kuvelctl: --export-flag excludes --no-export-flag; usage:",
+             "none"},
+        };
+    for (const auto& [what, arguments, change, exitCode, output, expected, isExport] : rows) {
         const StoreFolder folder;
         MoneyOptions stored;
-        if (row.change)
-            row.change(stored);
+        if (change)
+            change(stored);
         ASSERT_FALSE(stored.Write());
         const QByteArray settings = FileBytes(folder.folder.File("kuvel.ini"));
         CKuvelctl program(folder.folder.Path());
         program.SetVariable("KUVEL_DRIVES", money.Path({}));
         const CtlResult run =
-            program.RunBare(QStringList{"--home", folder.folder.Path(), "import", "money"} + row.arguments);
-        EXPECT_EQ(row.exitCode, run.exitCode) << row.what;
-        EXPECT_EQ(row.output.toStdString(), run.output.toStdString()) << row.what;
-        const QString errors = QString::fromUtf8(row.errors);
+            program.RunBare(QStringList{"--home", folder.folder.Path(), "import", "money"} + arguments);
+        EXPECT_EQ(exitCode, run.exitCode) << what;
+        EXPECT_EQ(output.toStdString(), run.output.toStdString()) << what;
+        const QString errors = QString::fromUtf8(expected);
         EXPECT_TRUE(errors.isEmpty() ? run.errors.isEmpty() : run.errors.startsWith(errors))
-            << row.what << ": " << run.errors.toStdString();
-        EXPECT_EQ(row.isExport, folder.Ask("SELECT move_export FROM Move")) << row.what;
+            << what << ": " << run.errors.toStdString();
+        EXPECT_EQ(isExport, folder.Ask("SELECT move_export FROM Move")) << what;
         // The settings are read, not written.
-        EXPECT_EQ(settings, FileBytes(folder.folder.File("kuvel.ini"))) << row.what;
+        EXPECT_EQ(settings, FileBytes(folder.folder.File("kuvel.ini"))) << what;
     }
 }
 

@@ -46,10 +46,8 @@ std::map<QString, QByteArray> Contents(const QString& folder) {
 }
 
 TEST(Kuvelctl, TakesNoWrongUsage) {
-    struct {
-        const char* arguments; // separated by "|"
-        const char* error;
-    } const rows[] = {
+    // given: separated by "|"
+    const std::pair<const char*, const char*> rows[] = {
         {"", "a command is missing; allowed: * one of init, demo, recompute, figures, *check*"},
         {"figure", "unknown command 'figure'; allowed: * one of init, demo, recompute, figures, *"},
         {"--fast", "unknown option '--fast'; allowed: *"},
@@ -68,13 +66,13 @@ TEST(Kuvelctl, TakesNoWrongUsage) {
     };
     const ProgramFolder folder;
     const CKuvelctl program(folder.Path());
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.arguments);
-        const QString arguments = row.arguments;
+    for (const auto& [given, error] : rows) {
+        SCOPED_TRACE(given);
+        const QString arguments = given;
         const CtlResult result = program.RunBare(arguments.isEmpty() ? QStringList() : arguments.split(u'|'));
         EXPECT_EQ(2, result.exitCode);
         EXPECT_EQ("", result.output.toStdString());
-        EXPECT_TRUE(Matches(result.errors, QStringLiteral("kuvelctl: ") + row.error + u'\n'))
+        EXPECT_TRUE(Matches(result.errors, QStringLiteral("kuvelctl: ") + error + u'\n'))
             << result.errors.toStdString();
         EXPECT_EQ(1, result.errors.count(u'\n'));
     }
@@ -120,11 +118,7 @@ TEST(Kuvelctl, InitAndDemoLeaveNothingHalfDone) {
     const auto file = [](const char* name, const char* bytes) {
         return [=](ProgramFolder& folder, CKuvelctl&) { WriteFile(folder.File(name), bytes); };
     };
-    struct {
-        const char* name;
-        std::function<void(ProgramFolder&, CKuvelctl&)> prepare;
-        const char* error;
-    } const rows[] = {
+    const std::tuple<const char*, std::function<void(ProgramFolder&, CKuvelctl&)>, const char*> rows[] = {
         {"AFileIsThere", file("Kuvel.mdb", ""), "'%1Kuvel.mdb' is there already; nothing was changed"},
         {"ALinkIsThere",
          [](ProgramFolder& folder, CKuvelctl&) { QFile::link("/nowhere/Kuvel.mdb", folder.File("Kuvel.mdb")); },
@@ -134,17 +128,17 @@ TEST(Kuvelctl, InitAndDemoLeaveNothingHalfDone) {
         {"DiskIsFull", [](ProgramFolder&, CKuvelctl& program) { program.FillDiskAfter(10'000); },
          "cannot create '%1*': No space left on device"},
     };
-    for (const auto& row : rows) {
+    for (const auto& [name, prepare, error] : rows) {
         for (const char* command : {"init", "demo"}) {
             ProgramFolder folder;
             CKuvelctl program(folder.Path());
-            row.prepare(folder, program);
+            prepare(folder, program);
             const std::map<QString, QByteArray> before = Contents(folder.Path());
-            SCOPED_TRACE(std::string(row.name) + " " + command);
+            SCOPED_TRACE(std::string(name) + " " + command);
             const CtlResult result = program.Run(command);
             EXPECT_EQ(1, result.exitCode);
             EXPECT_EQ("", result.output.toStdString());
-            const QString wanted = QStringLiteral("kuvelctl: ") + row.error + u'\n';
+            const QString wanted = QStringLiteral("kuvelctl: ") + error + u'\n';
             EXPECT_TRUE(Matches(result.errors, wanted.arg(folder.Path()))) << result.errors.toStdString();
             EXPECT_EQ(before, Contents(folder.Path()));
         }
@@ -206,9 +200,7 @@ TEST(Kuvelctl, PrintsFiguresInBothFormats) {
                "INSERT INTO Move VALUES (1, 'DL1', '2012-06-30 00:00:00', 0, 0, NULL);"
                "INSERT INTO Move_Cover VALUES (1, 1, 1, 1, 10000, 2, 2, 1), "
                "(2, 1, 1, 2, 10000, 3, 0, 1)");
-    struct {
-        const char *arguments, *output;
-    } const rows[] = {
+    const std::pair<const char*, const char*> rows[] = {
         {"2012 2", "sheet,cell,tonnes\n1-1,M27,0.0004\n1-1,C33,1.2345\n"},
         {"2012 2 --template-version 1.5", "sheet,cell,tonnes\n1-1,C32,1.2345\n"},
         {"2012 2 --format json", "[\n{\"sheet\": \"1-1\", \"cell\": \"M27\", \"tonnes\": \"0.0004\"},\n"
@@ -217,11 +209,11 @@ TEST(Kuvelctl, PrintsFiguresInBothFormats) {
     };
     CKuvelctl program(folder.Path());
     program.SetVariable("LC_ALL", "cs_CZ.UTF-8");
-    for (const auto& row : rows) {
-        const CtlResult result = program.Run(QStringLiteral("figures ") + row.arguments);
-        EXPECT_EQ(0, result.exitCode) << row.arguments;
-        EXPECT_EQ(row.output, result.output.toStdString()) << row.arguments;
-        EXPECT_EQ("", result.errors.toStdString()) << row.arguments;
+    for (const auto& [given, output] : rows) {
+        const CtlResult result = program.Run(QStringLiteral("figures ") + given);
+        EXPECT_EQ(0, result.exitCode) << given;
+        EXPECT_EQ(output, result.output.toStdString()) << given;
+        EXPECT_EQ("", result.errors.toStdString()) << given;
     }
     // The old form has no industrial packaging; it was in use until the first quarter of 2004.
     folder.Sql("UPDATE Move SET move_date = '2004-03-31 00:00:00'");

@@ -17,9 +17,7 @@ struct Company : StoreFolder {
 };
 
 TEST(SampleCompany, HasEveryKindOfRecord) {
-    struct {
-        const char *sql, *expected;
-    } const rows[] = {
+    const std::pair<const char*, const char*> rows[] = {
         {"SELECT count(*) FROM Move_Prod", "9000"},
         {"SELECT count(DISTINCT strftime('%Y', move_date) || move_type) FROM Move", "16"},
         {"SELECT count(*) > 200 FROM Move WHERE move_export = 1", "1"},
@@ -34,8 +32,8 @@ TEST(SampleCompany, HasEveryKindOfRecord) {
         {"SELECT count(DISTINCT move_num) = count(*) FROM Move", "1"},
     };
     const Company company;
-    for (const auto& row : rows)
-        EXPECT_EQ(row.expected, company.Ask(row.sql)) << row.sql;
+    for (const auto& [sql, expected] : rows)
+        EXPECT_EQ(expected, company.Ask(sql)) << sql;
 }
 
 TEST(SampleCompany, IsTheSameEachTime) {
@@ -68,25 +66,21 @@ TEST(SampleCompany, HasThePackagingOfItsDefinitions) {
 }
 
 TEST(SampleCompany, HasItsFiguresBySecondWay) {
-    const struct {
-        int year, quarter;
-        long long from, to;
-        const char* version;
-        std::size_t cells;
-    } cases[] = {{2012, 2, 20120401, 20120630, "2.19", 180},
-                 {2012, 2, 20120401, 20120630, "1.4", 170},
-                 {2010, 4, 20101001, 20101231, "2.0", 130}};
+    const std::tuple<int, int, long long, long long, const char*, std::size_t> cases[] = {
+        {2012, 2, 20120401, 20120630, "2.19", 180},
+        {2012, 2, 20120401, 20120630, "1.4", 170},
+        {2010, 4, 20101001, 20101231, "2.0", 130}};
     Company company;
     const CSecondWay second(company.Path());
     const std::unique_ptr<IProgress> progress = SilentProgress().Open({}, false);
-    for (const auto& row : cases) {
-        SCOPED_TRACE(std::to_string(row.year) + "/" + std::to_string(row.quarter) + " " + row.version);
+    for (const auto& [year, quarter, from, to, version, cells] : cases) {
+        SCOPED_TRACE(std::to_string(year) + "/" + std::to_string(quarter) + " " + version);
         std::map<std::string, long long> listed;
         for (const FigureCell& figure :
-             ListFigures(company.store, *progress, row.year, row.quarter, QString::fromLatin1(row.version)))
+             ListFigures(company.store, *progress, year, quarter, QString::fromLatin1(version)))
             listed[(figure.sheet + u',' + figure.cell).toStdString()] = figure.tonnes.count;
-        EXPECT_EQ(second.Figures(row.from, row.to, *row.version == '2'), listed);
-        EXPECT_LE(row.cells, listed.size());
+        EXPECT_EQ(second.Figures(from, to, *version == '2'), listed);
+        EXPECT_LE(cells, listed.size());
     }
 }
 

@@ -19,7 +19,8 @@ namespace {
 std::unique_ptr<CEngine> OpenSample() {
     char path[] = "/tmp/dialect-fuzz-XXXXXX";
     REQUIRE(close(mkstemp(path)) == 0);
-    std::ofstream(path, std::ios::binary) << std::ifstream(KUVEL_DATABASE, std::ios::binary).rdbuf();
+    std::ofstream(path, std::ios::binary)
+        << std::ifstream(KUVEL_BIN_DIR "/database/Kuvel.mdb", std::ios::binary).rdbuf();
     auto engine = std::make_unique<CEngine>(path);
     sqlite::Execute(engine->Handle(),
                     "INSERT INTO Cover (cover_name, cover_mat, cover_weight) VALUES ('čaj', 7, 5000), ('box', 0, "

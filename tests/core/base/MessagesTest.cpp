@@ -9,10 +9,7 @@
 
 TEST(MessageTexts, ErrorsHaveTheirExactWords) {
     const ComError error("Execute", "SELECT", 0x80040E14, "Chyba %1 syntaxe.");
-    const struct {
-        std::function<void()> show;
-        QString text;
-    } cases[] = {
+    const std::pair<std::function<void()>, QString> cases[] = {
         {[] { ShowWin32Error(SystemError(ENOENT)); }, "Došlo k chybě č.2\n\nNo such file or directory"},
         {[] { ShowWin32Error(SystemError(ENOSPC), "Záloha"); }, "Záloha\n\nChyba č.28. No space left on device"},
         {[] { ShowWin32Error(SystemError(99999)); }, "Došlo k chybě č.99999\n\nNeznámá chyba"},
@@ -26,10 +23,10 @@ TEST(MessageTexts, ErrorsHaveTheirExactWords) {
         {[&] { ShowComError(error, "Předpona"); }, "Předpona\n\nCOM chyba č.0x80040E14. Chyba %1 syntaxe."},
     };
     setenv("LC_ALL", "C", 1);
-    for (const auto& c : cases) {
+    for (const auto& [show, text] : cases) {
         ScriptedMessages messages;
-        messages.Expect(c.text, Message::Icon::Error);
-        c.show();
+        messages.Expect(text, Message::Icon::Error);
+        show();
     }
     unsetenv("LC_ALL");
 }

@@ -58,12 +58,8 @@ TEST(CodePage, EveryByteReadsAsTheCodePageSaysAndComesBack) {
 }
 
 TEST_F(ProfileFile, ReadsByTheRulesOfPrivateProfiles) {
-    const struct {
-        const char* what;
-        QByteArray bytes;
-        const char *section, *key;
-        const char* expected; // "-" is the default
-    } cases[] = {
+    // expected: "-" is the default
+    const std::tuple<const char*, QByteArray, const char*, const char*, const char*> cases[] = {
         {"blanks around names and value", " [ S ] x\r\n\t k \t= v w \t\r\n", "S", "k", "v w"},
         {"names fold Czech letters", Cp("[Údaje o firmě]\r\nNázev=Žluťásek"), "ÚDAJE O FIRMĚ", "NÁZEV", "Žluťásek"},
         {"an accent is another letter", Cp("[Údaje o firmě]\r\nNázev=x"), "Údaje o firme", "Název", "-"},
@@ -86,11 +82,11 @@ TEST_F(ProfileFile, ReadsByTheRulesOfPrivateProfiles) {
         {"NUL bytes", QByteArray("\0[S]\0\nk=v\0\n", 12), "S", "k", "v"},
         {"only a mark", "\xFF\xFE", "S", "k", "-"},
     };
-    for (const auto& c : cases) {
-        Put(c.bytes);
-        EXPECT_EQ(CProfile(Path()).GetString(QString::fromUtf8(c.section), QString::fromUtf8(c.key), "-").toStdString(),
-                  c.expected)
-            << c.what;
+    for (const auto& [what, bytes, section, key, expected] : cases) {
+        Put(bytes);
+        EXPECT_EQ(CProfile(Path()).GetString(QString::fromUtf8(section), QString::fromUtf8(key), "-").toStdString(),
+                  expected)
+            << what;
     }
 }
 
@@ -112,25 +108,18 @@ TEST_F(ProfileFile, ValueIsCutAfterItsQuotesAreTaken) {
 }
 
 TEST_F(ProfileFile, NumbersReadTheirLeadingDigits) {
-    const struct {
-        const char* value;
-        int expected;
-    } cases[] = {{"-3", -3}, {"+4", 4},   {"5x", 5},         {"1.9", 1},
-                 {"x", 0},   {"", 0},     {"\"6\"", 6},      {"' 7'", 7},
-                 {"--1", 0}, {"0x1F", 0}, {"4294967297", 1}, {"-2147483648", -2147483647 - 1}};
-    for (const auto& c : cases) {
-        Put(QByteArray("[S]\nk=") + c.value + "\n");
-        EXPECT_EQ(CProfile(Path()).GetInt("S", "k", 99), c.expected) << c.value;
+    const std::pair<const char*, int> cases[] = {
+        {"-3", -3},   {"+4", 4},   {"5x", 5},  {"1.9", 1},  {"x", 0},          {"", 0},
+        {"\"6\"", 6}, {"' 7'", 7}, {"--1", 0}, {"0x1F", 0}, {"4294967297", 1}, {"-2147483648", -2147483647 - 1}};
+    for (const auto& [value, expected] : cases) {
+        Put(QByteArray("[S]\nk=") + value + "\n");
+        EXPECT_EQ(CProfile(Path()).GetInt("S", "k", 99), expected) << value;
     }
     EXPECT_EQ(CProfile(Path()).GetInt("S", "missing", 99), 99);
 }
 
 TEST_F(ProfileFile, WritingTouchesNothingButItsLine) {
-    const struct {
-        const char* what;
-        QByteArray before;
-        QByteArray after;
-    } cases[] = {
+    const std::tuple<const char*, QByteArray, QByteArray> cases[] = {
         {"new file", "", "[S]\r\nk=v\r\n"},
         {"replaced, with comments, blanks and double keys",
          "; c\r\n\r\n[S]\r\n K = \"old\"  \r\nk=2\r\n;k=3\r\n[S]\r\nk=4",
@@ -147,19 +136,17 @@ TEST_F(ProfileFile, WritingTouchesNothingButItsLine) {
         {"UTF-16 big-endian", Utf16BE("[S]\r\nk=ř\r\n"), Utf16BE("[S]\r\nk=v\r\n")},
         {"half a character at the end", Utf16LE("[S]") + "a", Utf16LE("[S]a\r\nk=v\r\n")},
     };
-    for (const auto& c : cases) {
-        Put(c.before);
-        EXPECT_FALSE(Write(Path(), "S", {{"k", "v"}})) << c.what;
-        EXPECT_EQ(Bytes(), c.after) << c.what;
-        EXPECT_FALSE(Write(Path(), "S", {{"k", "v"}})) << c.what;
-        EXPECT_EQ(Bytes(), c.after) << c.what << ", written again";
+    for (const auto& [what, before, after] : cases) {
+        Put(before);
+        EXPECT_FALSE(Write(Path(), "S", {{"k", "v"}})) << what;
+        EXPECT_EQ(Bytes(), after) << what;
+        EXPECT_FALSE(Write(Path(), "S", {{"k", "v"}})) << what;
+        EXPECT_EQ(Bytes(), after) << what << ", written again";
     }
 }
 
 TEST_F(ProfileFile, WrittenValueReadsBack) {
-    const struct {
-        QString value, read;
-    } cases[] = {
+    const std::pair<QString, QString> cases[] = {
         {"Příliš žluťoučký kůň", "Příliš žluťoučký kůň"},
         {QString(), ""},
         {" a ", " a "},
@@ -172,23 +159,21 @@ TEST_F(ProfileFile, WrittenValueReadsBack) {
         {u"a\0b"_qs, "a"},
         {"Ω 漢", "? ?"},
     };
-    for (const auto& c : cases) {
+    for (const auto& [value, read] : cases) {
         Put("[S]\r\nk=old\r\n");
-        EXPECT_FALSE(Write(Path(), "S", {{"k", c.value}}));
-        EXPECT_EQ(CProfile(Path()).GetString("S", "k", "-"), c.read);
-        EXPECT_EQ(Bytes().count('\n'), 2) << "one line a value: " << c.value.toStdString();
+        EXPECT_FALSE(Write(Path(), "S", {{"k", value}}));
+        EXPECT_EQ(CProfile(Path()).GetString("S", "k", "-"), read);
+        EXPECT_EQ(Bytes().count('\n'), 2) << "one line a value: " << value.toStdString();
     }
 }
 
 TEST_F(ProfileFile, NamesThatWouldBreakTheFileAreRefused) {
     const QByteArray before = "[S]\r\nk=1\r\n";
-    const struct {
-        QString section, key;
-    } cases[] = {{"", "k"},   {"S]", "k"}, {"S\n[T", "k"}, {"S", ""},     {"S", " "},
-                 {"S", ";k"}, {"S", "[k"}, {"S", "a=b"},   {"S", "a\rb"}, {"S", "漢"}};
+    const std::pair<QString, QString> cases[] = {{"", "k"},   {"S]", "k"}, {"S\n[T", "k"}, {"S", ""},     {"S", " "},
+                                                 {"S", ";k"}, {"S", "[k"}, {"S", "a=b"},   {"S", "a\rb"}, {"S", "漢"}};
     Put(before);
-    for (const auto& c : cases) {
-        EXPECT_EQ(std::errc::invalid_argument, Write(Path(), c.section, {{"k", "2"}, {c.key, "v"}}));
+    for (const auto& [section, key] : cases) {
+        EXPECT_EQ(std::errc::invalid_argument, Write(Path(), section, {{"k", "2"}, {key, "v"}}));
         EXPECT_EQ(Bytes(), before);
     }
 }

@@ -12,10 +12,7 @@
 #include <cstdlib>
 
 TEST(SplitList, OnlyThePieceAfterTheLastSeparatorIsUpperCased) {
-    const struct {
-        QString text;
-        QStringList pieces;
-    } cases[] = {
+    const std::pair<QString, QStringList> cases[] = {
         {"", {}},
         {";", {""}},
         {"CZ;", {"CZ"}},
@@ -24,10 +21,10 @@ TEST(SplitList, OnlyThePieceAfterTheLastSeparatorIsUpperCased) {
         {";Česká republika ;čr", {"", "Česká republika", "ČR"}},
         {"a;;b", {"a", "", "B"}},
     };
-    for (const auto& c : cases) {
+    for (const auto& [text, expected] : cases) {
         QStringList pieces{"before"};
-        SplitList(c.text, u';', pieces);
-        EXPECT_EQ(pieces, QStringList("before") + c.pieces) << c.text.toStdString();
+        SplitList(text, u';', pieces);
+        EXPECT_EQ(pieces, QStringList("before") + expected) << text.toStdString();
     }
 }
 
@@ -98,19 +95,17 @@ TEST_F(SharedFolders, LibraryThatCannotRegisterItselfIsNamedWithItsFault) {
     const QString saved = g_strAppDir;
     SetAppDir(m_folder.path());
     Put("broken.dll", "no library");
-    const struct {
-        QString file, message;
-    } cases[] = {
+    const std::pair<QString, QString> cases[] = {
         {"mon2kdbe.dll", "File doesn't exist!\nmon2kdbe.dll"},
         {"", "File doesn't exist!\n"},
         {"broken.dll", "Cannot load librarybroken.dll"},
         {In("broken.dll"), "Cannot load library" + In("broken.dll")},
         {"libm.so.6", "Function DllRegisterServer not found in libm.so.6"},
     };
-    for (const auto& c : cases) {
+    for (const auto& [file, message] : cases) {
         ScriptedMessages messages;
-        messages.Expect(c.message, Message::Icon::Error);
-        EXPECT_FALSE(RegisterServerDll(c.file)) << c.file.toStdString();
+        messages.Expect(message, Message::Icon::Error);
+        EXPECT_FALSE(RegisterServerDll(file)) << file.toStdString();
     }
     g_strAppDir = saved;
 }

@@ -20,9 +20,7 @@ constexpr std::int64_t Least = INT64_MIN;
 } // namespace
 
 TEST(CurrencyArithmetic, TruncatesTowardZero) {
-    const struct {
-        std::int64_t a, b, product, quotient;
-    } cases[] = {
+    const std::tuple<std::int64_t, std::int64_t, std::int64_t, std::int64_t> cases[] = {
         {25000, 20000, 50000, 12500},
         {-10000, 30000, -30000, -3333},
         {20000, 30000, 60000, 6666},
@@ -32,9 +30,9 @@ TEST(CurrencyArithmetic, TruncatesTowardZero) {
         {Most, 10000, Most, Most},
         {Least, 10000, Least, Least},
     };
-    for (const auto& c : cases) {
-        EXPECT_EQ(C(c.product), CurrencyMul(C(c.a), C(c.b))) << c.a << " * " << c.b;
-        EXPECT_EQ(C(c.quotient), CurrencyDiv(C(c.a), C(c.b))) << c.a << " / " << c.b;
+    for (const auto& [a, b, product, quotient] : cases) {
+        EXPECT_EQ(C(product), CurrencyMul(C(a), C(b))) << a << " * " << b;
+        EXPECT_EQ(C(quotient), CurrencyDiv(C(a), C(b))) << a << " / " << b;
     }
     // A value that is not valid counts as nought, and the result is valid.
     EXPECT_EQ(C(0), CurrencyMul(Currency::Null(), C(10000)));
@@ -42,12 +40,7 @@ TEST(CurrencyArithmetic, TruncatesTowardZero) {
 }
 
 TEST(CurrencyRounding, HasThreeModesAndShowsThem) {
-    const struct {
-        std::int64_t count, unit;
-        char mode;
-        std::int64_t rounded;
-        const char* shown;
-    } cases[] = {
+    const std::tuple<std::int64_t, std::int64_t, char, std::int64_t, const char*> cases[] = {
         {12345, 100, 'M', 12300, "1,23"},
         {12350, 100, 'M', 12400, "1,24"},
         {-12350, 100, 'M', -12400, "-1,24"},
@@ -66,9 +59,9 @@ TEST(CurrencyRounding, HasThreeModesAndShowsThem) {
         {10000000000, 100, 'M', 10000000000, "1000000,00"}, // no separators
         {Least, 100, 'D', -9223372036854775800, "-922337203685477,58"},
     };
-    for (const auto& c : cases) {
-        EXPECT_EQ(c.rounded, RoundCurrency(C(c.count), c.unit, c.mode).count) << c.count << c.mode << c.unit;
-        EXPECT_EQ(c.shown, FormatCurrency(C(c.count), c.unit, c.mode).toStdString()) << c.count << c.mode << c.unit;
+    for (const auto& [count, unit, mode, rounded, shown] : cases) {
+        EXPECT_EQ(rounded, RoundCurrency(C(count), unit, mode).count) << count << mode << unit;
+        EXPECT_EQ(shown, FormatCurrency(C(count), unit, mode).toStdString()) << count << mode << unit;
     }
     EXPECT_EQ("-", FormatCurrency(Currency::Null(), 100, 'M'));
     EXPECT_EQ("-", FormatCurrency(Currency::Invalid(), 100, 'M'));
@@ -76,47 +69,42 @@ TEST(CurrencyRounding, HasThreeModesAndShowsThem) {
 }
 
 TEST(CurrencyText, IsReadAsUsersTypeIt) {
-    const struct {
-        const char* text;
-        const char* read; // with four decimals; "null", "!"
-    } cases[] = {{"12,35", "12,3500"},
-                 {"12.35", "12,3500"},
-                 {"1 234,5", "1234,5000"},
-                 {"1\u00A0234,5", "1234,5000"},
-                 {"  +7  ", "7,0000"},
-                 {"- 7", "-7,0000"},
-                 {"-0,00005", "-0,0001"},
-                 {"0,00004999", "0,0000"},
-                 {"0,00014", "0,0001"},
-                 {",5", "0,5000"},
-                 {"5,", "5,0000"},
-                 {"922337203685477,58074", "922337203685477,5807"},
-                 {"922337203685477,58075", "!"},
-                 {"99999999999999999999999999999999999999999999", "!"},
-                 {"  \t", "null"},
-                 {"abc", "!"},
-                 {"1,2,3", "!"},
-                 {"1.234,5", "!"},
-                 {"--5", "!"},
-                 {"5-", "!"},
-                 {"-", "!"},
-                 {"1e3", "!"},
-                 {"٣", "!"}};
-    for (const auto& c : cases) {
-        const Currency value = ParseCurrency(QString::fromUtf8(c.text));
+    // expected: with four decimals; "null", "!"
+    const std::pair<const char*, const char*> cases[] = {{"12,35", "12,3500"},
+                                                         {"12.35", "12,3500"},
+                                                         {"1 234,5", "1234,5000"},
+                                                         {"1\u00A0234,5", "1234,5000"},
+                                                         {"  +7  ", "7,0000"},
+                                                         {"- 7", "-7,0000"},
+                                                         {"-0,00005", "-0,0001"},
+                                                         {"0,00004999", "0,0000"},
+                                                         {"0,00014", "0,0001"},
+                                                         {",5", "0,5000"},
+                                                         {"5,", "5,0000"},
+                                                         {"922337203685477,58074", "922337203685477,5807"},
+                                                         {"922337203685477,58075", "!"},
+                                                         {"99999999999999999999999999999999999999999999", "!"},
+                                                         {"  \t", "null"},
+                                                         {"abc", "!"},
+                                                         {"1,2,3", "!"},
+                                                         {"1.234,5", "!"},
+                                                         {"--5", "!"},
+                                                         {"5-", "!"},
+                                                         {"-", "!"},
+                                                         {"1e3", "!"},
+                                                         {"٣", "!"}};
+    for (const auto& [text, expected] : cases) {
+        const Currency value = ParseCurrency(QString::fromUtf8(text));
         const std::string read = value.status == ValueStatus::Null ? "null"
                                  : !value.IsValid()                ? "!"
                                                                    : FormatCurrency(value, 1, 'D').toStdString();
-        EXPECT_EQ(c.read, read) << c.text;
+        EXPECT_EQ(expected, read) << text;
     }
 }
 
 TEST(DateTimes, AreDaysOfTheCalendar) {
-    const struct {
-        int y, m, d, h, min, s;
-        const char* stored; // "" for an invalid one
-        const char* shown;
-    } cases[] = {
+    // stored: "" for an invalid one
+    const std::tuple<int, int, int, int, int, int, const char*, const char*> cases[] = {
         {2012, 7, 5, 0, 0, 0, "2012-07-05 00:00:00", "05.07.2012"},
         {2012, 2, 29, 23, 59, 59, "2012-02-29 23:59:59", "29.02.2012"},
         {1969, 12, 31, 12, 0, 1, "1969-12-31 12:00:01", "31.12.1969"},
@@ -134,14 +122,14 @@ TEST(DateTimes, AreDaysOfTheCalendar) {
         {2012, 1, 1, 0, 60, 0, "", "-.-.-"},
         {2012, 1, 1, 0, 0, 60, "", "-.-.-"},
     };
-    for (const auto& c : cases) {
-        const DateTime date = DateTime::FromDay(c.y, c.m, c.d, c.h, c.min, c.s);
-        EXPECT_EQ(c.stored, date.Stored());
-        EXPECT_EQ(c.shown, FormatDate(date).toStdString());
-        EXPECT_EQ(*c.stored != 0, date.IsValid()) << c.y << "-" << c.m << "-" << c.d;
+    for (const auto& [y, m, d, h, min, s, stored, shown] : cases) {
+        const DateTime date = DateTime::FromDay(y, m, d, h, min, s);
+        EXPECT_EQ(stored, date.Stored());
+        EXPECT_EQ(shown, FormatDate(date).toStdString());
+        EXPECT_EQ(*stored != 0, date.IsValid()) << y << "-" << m << "-" << d;
         if (date.IsValid()) {
-            EXPECT_EQ(date, DateTime::FromStored(c.stored));
-            EXPECT_EQ(DateTime::FromDay(c.y, c.m, c.d), date.StartOfDay());
+            EXPECT_EQ(date, DateTime::FromStored(stored));
+            EXPECT_EQ(DateTime::FromDay(y, m, d), date.StartOfDay());
         }
     }
     EXPECT_EQ(DateTime::FromDay(2012, 7, 5), DateTime::FromStored("2012-07-05"));
@@ -160,10 +148,7 @@ TEST(DateTimes, AreDaysOfTheCalendar) {
 }
 
 TEST(FieldValues, AreShownByTheirType) {
-    const struct {
-        Variant value;
-        const char* shown;
-    } cases[] = {
+    const std::pair<Variant, const char*> cases[] = {
         {Variant(), ""},
         {std::int16_t{-32768}, "-32768"},
         {std::int32_t{INT32_MIN}, "-2147483648"},
@@ -180,18 +165,13 @@ TEST(FieldValues, AreShownByTheirType) {
         {false, "ne"},
         {QStringLiteral("%s d'Or"), "%s d'Or"},
     };
-    for (const auto& c : cases)
-        EXPECT_EQ(c.shown, FormatVariant(c.value).toStdString());
+    for (const auto& [value, shown] : cases)
+        EXPECT_EQ(shown, FormatVariant(value).toStdString());
 }
 
 TEST(FieldValues, AreReadAsOtherTypes) {
-    const struct {
-        Variant value;
-        std::int32_t asLong;
-        std::int32_t asCode;
-        const char* asCurrency; // "null", "!"
-        bool asBool;
-    } cases[] = {
+    // asCurrency: "null", "!"
+    const std::tuple<Variant, std::int32_t, std::int32_t, const char*, bool> cases[] = {
         {Variant(), 0, -1, "null", false},
         {std::int32_t{-7}, -7, -7, "-7,0000", true},
         {std::int16_t{7}, 7, 7, "7,0000", true},
@@ -207,16 +187,16 @@ TEST(FieldValues, AreReadAsOtherTypes) {
         {QString(), 0, 0, "null", false},
         {DateTime::FromDay(2012, 7, 5), 0, 0, "!", false},
     };
-    for (const auto& c : cases) {
-        const std::string name = FormatVariant(c.value).toStdString();
-        EXPECT_EQ(c.asLong, ToLong(c.value)) << name;
-        EXPECT_EQ(c.asCode, ToCode(c.value)) << name;
-        const Currency currency = ToCurrency(c.value);
-        EXPECT_EQ(c.asCurrency, currency.status == ValueStatus::Null ? "null"
-                                : !currency.IsValid()                ? "!"
-                                                                     : FormatCurrency(currency, 1, 'D').toStdString())
+    for (const auto& [value, asLong, asCode, asCurrency, asBool] : cases) {
+        const std::string name = FormatVariant(value).toStdString();
+        EXPECT_EQ(asLong, ToLong(value)) << name;
+        EXPECT_EQ(asCode, ToCode(value)) << name;
+        const Currency currency = ToCurrency(value);
+        EXPECT_EQ(asCurrency, currency.status == ValueStatus::Null ? "null"
+                              : !currency.IsValid()                ? "!"
+                                                                   : FormatCurrency(currency, 1, 'D').toStdString())
             << name;
-        EXPECT_EQ(c.asBool, ToBool(c.value)) << name;
+        EXPECT_EQ(asBool, ToBool(value)) << name;
     }
     EXPECT_EQ(ValueStatus::Null, ToDate(Variant()).Status());
     EXPECT_EQ(ValueStatus::Invalid, ToDate(QStringLiteral("2012-07-05")).Status());

@@ -149,11 +149,7 @@ std::string Counted(const ImportResult& result) {
 }
 
 TEST_F(ImportFrame, PacesTheProgressWindow) {
-    const struct {
-        int rows;
-        std::vector<QString> some;
-        std::size_t lines;
-    } cases[] = {
+    const std::tuple<int, std::vector<QString>, std::size_t> cases[] = {
         {1, {"phase Produkty", "position 0", "detail 1 z 1", "position 200"}, 6},
         {3, {"detail 1 z 3", "position 66", "detail 2 z 3", "position 133", "detail 3 z 3", "position 200"}, 10},
         {150, {"detail 1 z 150", "position 1", "detail 150 z 150", "position 200"}, 304},
@@ -161,32 +157,27 @@ TEST_F(ImportFrame, PacesTheProgressWindow) {
         {399, {"detail 399 z 399", "position 200"}, 802},
         {1000, {"detail 1 z 1000", "position 0", "detail 6 z 1000", "position 1", "detail 996 z 1000"}, 404},
     };
-    for (const auto& row : cases) {
+    for (const auto& [rows, some, lines] : cases) {
         progress.lines.clear();
         source.products.clear();
-        source.AddProducts(row.rows);
+        source.AddProducts(rows);
         options.documents = false;
         EXPECT_EQ(End::Done, Run(ExistingRecords::Overwrite).end);
         ASSERT_GE(progress.lines.size(), 2u);
         EXPECT_EQ("title Import (cancel)", progress.lines[0].toStdString());
         EXPECT_EQ("range 0 200", progress.lines[1].toStdString());
         EXPECT_EQ("closed", progress.lines.back().toStdString());
-        EXPECT_EQ(row.lines + 1, progress.lines.size()) << row.rows;
+        EXPECT_EQ(lines + 1, progress.lines.size()) << rows;
         auto from = progress.lines.begin();
-        for (const QString& line : row.some) {
+        for (const QString& line : some) {
             from = std::find(from, progress.lines.end(), line);
-            EXPECT_NE(progress.lines.end(), from) << row.rows << " " << line.toStdString();
+            EXPECT_NE(progress.lines.end(), from) << rows << " " << line.toStdString();
         }
     }
 }
 
 TEST_F(ImportFrame, WhatIsNotThereEndsThePhaseOrTheImport) {
-    const struct {
-        const char* name;
-        std::function<void()> change;
-        const char* result;
-        const char* shown;
-    } cases[] = {
+    const std::tuple<const char*, std::function<void()>, const char*, const char*> cases[] = {
         {"nothing chosen", [&] { options.products = options.documents = false; }, "nothing 0+0", ""},
         {"no connection", [&] { source.connects = false; }, "nothing 0+0", ""},
         {"no products to open", [&] { source.hasProducts = false; }, "nothing 0+0", ""},
@@ -197,27 +188,23 @@ TEST_F(ImportFrame, WhatIsNotThereEndsThePhaseOrTheImport) {
         {"only documents", [&] { source.hasProducts = false, options.products = false; }, "done 0+0",
          "Importuji skladové pohyby"},
     };
-    for (const auto& row : cases) {
+    for (const auto& [name, change, counted, phases] : cases) {
         source = MemorySource();
         options = ImportOptions();
         progress.lines.clear();
-        row.change();
-        EXPECT_EQ(row.result, Counted(Run())) << row.name;
+        change();
+        EXPECT_EQ(counted, Counted(Run())) << name;
         QStringList shown;
         for (const QString& line : progress.lines)
             if (line.startsWith(QStringLiteral("phase ")))
                 shown.append(line.mid(6));
-        EXPECT_EQ(row.shown, shown.join(u' ').toStdString()) << row.name;
+        EXPECT_EQ(phases, shown.join(u' ').toStdString()) << name;
     }
 }
 
 TEST_F(ImportFrame, DecidesAboutEachProductOfAnEarlierImport) {
-    const struct {
-        ExistingRecords policy;
-        std::vector<Answer> answers;
-        const char* written; // of an existing, a deleted, a new and another existing product
-        std::size_t questions;
-    } cases[] = {
+    // expected: of an existing, a deleted, a new and another existing product
+    const std::tuple<ExistingRecords, std::vector<Answer>, const char*, std::size_t> cases[] = {
         {ExistingRecords::Overwrite, {}, "P1 P2 P3 P4", 0},
         {ExistingRecords::Keep, {}, "old P2 P3 old", 0},
         {ExistingRecords::Ask, {Answer::Yes, Answer::No}, "P1 P2 P3 old", 2},
@@ -226,18 +213,18 @@ TEST_F(ImportFrame, DecidesAboutEachProductOfAnEarlierImport) {
         {ExistingRecords::Ask, {Answer::NoToAll}, "old P2 P3 old", 1},
     };
     source.AddProducts(4);
-    for (const auto& row : cases) {
+    for (const auto& [policy, answers, expected, questions] : cases) {
         Sql("DELETE FROM Product; INSERT INTO Product VALUES (1, 'old', 'o', 'o', 2, 1, 0),"
             "(2, 'old', 'o', 'o', 2, 2, 1), (4, 'old', 'o', 'o', 2, 4, 0),"
             // The same number of another source, and one made by hand, are other products.
             "(8, 'other', 'o', 'o', 1, 1, 0), (9, 'hand', 'o', 'o', NULL, NULL, 0)");
-        door.answers = row.answers;
+        door.answers = answers;
         door.questions.clear();
-        const ImportResult result = Run(row.policy);
+        const ImportResult result = Run(policy);
         std::string written = AskAll("SELECT prod_name FROM Product WHERE prod_source = 2 ORDER BY prod_scrid");
-        EXPECT_EQ(row.written, written);
+        EXPECT_EQ(expected, written);
         EXPECT_EQ(std::count(written.begin(), written.end(), 'P'), result.counts.products);
-        EXPECT_EQ(row.questions, door.questions.size());
+        EXPECT_EQ(questions, door.questions.size());
         EXPECT_EQ("0", Ask("SELECT sum(deleted) FROM Product"));
         EXPECT_EQ("other hand", AskAll("SELECT prod_name FROM Product WHERE prod_id > 4 AND prod_source IS NOT 2"));
     }
@@ -302,24 +289,21 @@ TEST_F(ImportFrame, AnOverwrittenDocumentKeepsItsKeyAndNothingElse) {
 }
 
 TEST_F(ImportFrame, AKeyIsNeverBentIntoAnotherOne) {
-    const struct {
-        Variant key;
-        const char* stored;
-    } cases[] = {{QStringLiteral(" 12 "), "12"},
-                 {Currency::FromWhole(13), "13"},
-                 {Variant(), "0"},
-                 {-5, "-5"},
-                 {QStringLiteral("2147483648"), nullptr},
-                 {QStringLiteral("x"), nullptr},
-                 {1.5, nullptr},
-                 {DateTime::FromDay(2012, 1, 1), nullptr}};
-    for (const auto& row : cases) {
+    const std::pair<Variant, const char*> cases[] = {{QStringLiteral(" 12 "), "12"},
+                                                     {Currency::FromWhole(13), "13"},
+                                                     {Variant(), "0"},
+                                                     {-5, "-5"},
+                                                     {QStringLiteral("2147483648"), nullptr},
+                                                     {QStringLiteral("x"), nullptr},
+                                                     {1.5, nullptr},
+                                                     {DateTime::FromDay(2012, 1, 1), nullptr}};
+    for (const auto& [key, stored] : cases) {
         Sql("DELETE FROM Product");
-        source.products = {{row.key, QStringLiteral("P"), {}, {}}};
-        if (row.stored == nullptr)
+        source.products = {{key, QStringLiteral("P"), {}, {}}};
+        if (stored == nullptr)
             messages.AcceptAny();
-        EXPECT_EQ(row.stored != nullptr ? End::Done : End::Failed, Run().end);
-        EXPECT_EQ(row.stored != nullptr ? row.stored : "none", Ask("SELECT prod_scrid FROM Product"));
+        EXPECT_EQ(stored != nullptr ? End::Done : End::Failed, Run().end);
+        EXPECT_EQ(stored != nullptr ? stored : "none", Ask("SELECT prod_scrid FROM Product"));
     }
 }
 
@@ -339,12 +323,7 @@ TEST_F(ImportFrame, CancelKeepsWhatWasWritten) {
 }
 
 TEST_F(ImportFrame, AnErrorKeepsWhatWasWritten) {
-    const struct {
-        const char* name;
-        std::function<void()> change;
-        const char* result;
-        const char* lines;
-    } cases[] = {
+    const std::tuple<const char*, std::function<void()>, const char*, const char*> cases[] = {
         // Quotes are not doubled, as everywhere.
         {"a quote in the number", [&] { source.lines[3].number = QStringLiteral("O'Neil"); }, "failed 1+1", "3"},
         {"a line that cannot be written",
@@ -362,22 +341,22 @@ TEST_F(ImportFrame, AnErrorKeepsWhatWasWritten) {
          },
          "failed 1+2", "4"},
     };
-    for (const auto& row : cases) {
+    for (const auto& [name, change, counted, lines] : cases) {
         Sql("DELETE FROM Move; DELETE FROM Move_Prod; DELETE FROM Product");
         source = MemorySource();
         source.lines = {{1, "D1"}, {1, "D1"}, {1, "D1"}, {2, "D2"}, {2, "D2", 1, 77}, {2, "D2"}};
-        row.change();
+        change();
         ScriptedMessages shown;
         shown.AcceptAny();
         const ImportResult result = RunImportCommand(Command());
-        EXPECT_EQ(row.result, Counted(result)) << row.name;
-        EXPECT_EQ(row.lines, Ask("SELECT count(*) FROM Move_Prod")) << row.name;
-        ASSERT_EQ(2u, shown.Shown().size()) << row.name;
-        EXPECT_TRUE(shown.Shown()[0].text.startsWith(QStringLiteral("Došlo k chybě COM č.0x"))) << row.name;
+        EXPECT_EQ(counted, Counted(result)) << name;
+        EXPECT_EQ(lines, Ask("SELECT count(*) FROM Move_Prod")) << name;
+        ASSERT_EQ(2u, shown.Shown().size()) << name;
+        EXPECT_TRUE(shown.Shown()[0].text.startsWith(QStringLiteral("Došlo k chybě COM č.0x"))) << name;
         EXPECT_EQ(QStringLiteral("Během importu došlo k chybě!\n\nNaimportováno:\n   Produktů ~ 1\n   Dokladů ~ %1")
                       .arg(result.counts.documents),
                   shown.Shown()[1].text)
-            << row.name;
+            << name;
     }
 }
 

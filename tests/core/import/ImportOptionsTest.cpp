@@ -29,21 +29,18 @@ TEST(ImportOptions, AreKeptInTheSettings) {
 }
 
 TEST(ImportOptions, OddSettingsReadAsTheyCan) {
-    const struct {
-        const char* ini;
-        ExistingRecords existing;
-        bool products;
-    } cases[] = {{"Existujici zaznamy=0\r\nProdukty=0", ExistingRecords::Overwrite, false},
-                 {"Existujici zaznamy=3\r\nProdukty=5", ExistingRecords::Keep, true},
-                 {"Existujici zaznamy=-1\r\nProdukty=", ExistingRecords::Keep, false},
-                 {"Existujici zaznamy=x", ExistingRecords::Overwrite, true}};
-    for (const auto& row : cases) {
+    const std::tuple<const char*, ExistingRecords, bool> cases[] = {
+        {"Existujici zaznamy=0\r\nProdukty=0", ExistingRecords::Overwrite, false},
+        {"Existujici zaznamy=3\r\nProdukty=5", ExistingRecords::Keep, true},
+        {"Existujici zaznamy=-1\r\nProdukty=", ExistingRecords::Keep, false},
+        {"Existujici zaznamy=x", ExistingRecords::Overwrite, true}};
+    for (const auto& [ini, existing, products] : cases) {
         const ProgramFolder folder;
-        WriteFile(folder.File("kuvel.ini"), QByteArray("[ImportWAK]\r\n") + row.ini);
+        WriteFile(folder.File("kuvel.ini"), QByteArray("[ImportWAK]\r\n") + ini);
         ImportOptions options;
         options.Read(QStringLiteral("ImportWAK"));
-        EXPECT_EQ(row.existing, options.existing) << row.ini;
-        EXPECT_EQ(row.products, options.products) << row.ini;
+        EXPECT_EQ(existing, options.existing) << ini;
+        EXPECT_EQ(products, options.products) << ini;
     }
     const ProgramFolder folder;
     WriteFile(folder.File("kuvel.ini"), "[Import]\r\nNeexportni zeme=" + QByteArray(1500, 'x'));

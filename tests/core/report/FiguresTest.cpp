@@ -81,11 +81,9 @@ TEST(Figures, StandWhereTheFormHasThem) {
 }
 
 TEST(Figures, OfOneIssueReachTheirCells) {
-    const struct {
-        const char* cover; // cover_mat, cover_weight, cover_reusable, cover_stat, deleted
-        const char* issue; // mvcover_qty, cover_type, cover_org, cover_pay, move_export
-        const char* cells;
-    } cases[] = {
+    // cover: cover_mat, cover_weight, cover_reusable, cover_stat, deleted; issue: mvcover_qty, cover_type, cover_org,
+    // cover_pay, move_export
+    const std::tuple<const char*, const char*, const char*> cases[] = {
         {"7, 10000000, 0, 0, 0", "10000, 2, 2, 2, 0", "1-2 C25 1.0000"}, // prepaid
         {"7, 10000000, 0, 0, 0", "10000, 2, 2, 0, 0", "1-3 C25 1.0000"}, // unpaid
         {"7, 10000000, 0, 0, 0", "10000, 2, 2, 0, 1", "1-4 C25 1.0000"}, // exported, whatever its payment
@@ -110,14 +108,14 @@ TEST(Figures, OfOneIssueReachTheirCells) {
         {"NULL, 10000000, 1, 1, 0", "10000, 2, 2, 0, 1", "4-1 E5 1.0000"}, // exported too
         {"0, 10000000, 1, 1, 0", "10000, 0, 2, 0, 0", "2-3 I32 1.0000, 4-1 E5 1.0000"},
     };
-    for (const auto& c : cases) {
+    for (const auto& [cover, issue, cells] : cases) {
         StoreFolder folder;
         folder.Sql(std::string("INSERT INTO Cover (cover_id, cover_mat, cover_weight, cover_reusable, cover_stat, "
                                "deleted) VALUES (1, ") +
-                   c.cover + ");CREATE TABLE I (q, t, o, p, e); INSERT INTO I VALUES (" + c.issue +
+                   cover + ");CREATE TABLE I (q, t, o, p, e); INSERT INTO I VALUES (" + issue +
                    ");INSERT INTO Move SELECT 1, 'A', '2012-08-15', 0, e, NULL FROM I;"
                    "INSERT INTO Move_Cover SELECT 1, 1, 1, 1, q, t, o, p FROM I; DROP TABLE I");
-        EXPECT_EQ(c.cells, ListText(folder.store)) << c.cover << " issued " << c.issue;
+        EXPECT_EQ(cells, ListText(folder.store)) << cover << " issued " << issue;
     }
 }
 
@@ -167,26 +165,22 @@ std::string Groups(int count) {
 }
 
 TEST(Figures, MoveTheBarEveryStep) {
-    const struct {
-        int rows;
-        const char *first, *last;
-        std::size_t lines;
-    } cases[] = {
+    const std::tuple<int, const char*, const char*, std::size_t> cases[] = {
         {0, "", "", 0},
         {3, "position 0,detail 1 z 3,position 66", "detail 3 z 3,position 200", 7},
         {399, "position 0,detail 1 z 399,position 0", "detail 399 z 399,position 200", 799},
         {450, "position 0,detail 1 z 450,position 0", "detail 449 z 450,position 199", 451},
     };
-    for (const auto& c : cases) {
+    for (const auto& [rows, first, last, count] : cases) {
         StoreFolder folder;
-        folder.Sql(Groups(c.rows));
+        folder.Sql(Groups(rows));
         RecordedProgress progress;
         CCellMap cells;
         FillMoveFigures(folder.store, *progress.Open({}, false), cells, ThirdQuarter());
         const QStringList lines(progress.lines.begin() + 1, progress.lines.end() - 1);
-        EXPECT_EQ(c.lines, static_cast<std::size_t>(lines.size()));
-        EXPECT_EQ(c.first, lines.mid(0, 3).join(u',').toStdString());
-        EXPECT_EQ(c.last, lines.mid(std::max<qsizetype>(0, lines.size() - 2)).join(u',').toStdString());
+        EXPECT_EQ(count, static_cast<std::size_t>(lines.size()));
+        EXPECT_EQ(first, lines.mid(0, 3).join(u',').toStdString());
+        EXPECT_EQ(last, lines.mid(std::max<qsizetype>(0, lines.size() - 2)).join(u',').toStdString());
     }
 }
 

@@ -25,11 +25,7 @@ std::string Accepted(const char* version) {
 
 TEST(FormVersion, SaysItsPeriods) {
     const std::string later = "2010:234 2011:1234 2012:3";
-    const struct {
-        const char* text;
-        std::int64_t value;
-        std::string periods;
-    } cases[] = {
+    const std::tuple<const char*, std::int64_t, std::string> cases[] = {
         {"1.3", 10300, ""},
         {"1.4", 10400, "2003:1234"},
         {"1.5", 10500, "2004:1"},
@@ -57,9 +53,9 @@ TEST(FormVersion, SaysItsPeriods) {
         {" 2.5", 20500, ""},
         {"", 0, ""},
         {"verze 2.5", 500, ""}};
-    for (const auto& c : cases) {
-        EXPECT_EQ(c.value, VersionValue(NormalVersionText(QString::fromUtf8(c.text))).count) << c.text;
-        EXPECT_EQ(c.periods, Accepted(c.text)) << c.text;
+    for (const auto& [text, value, periods] : cases) {
+        EXPECT_EQ(value, VersionValue(NormalVersionText(QString::fromUtf8(text))).count) << text;
+        EXPECT_EQ(periods, Accepted(text)) << text;
     }
 }
 
@@ -85,24 +81,19 @@ TEST(Introduction, HasTheCellsOfItsVersion) {
                             "C19:C19=fax|C20:C20=mail";
     const std::string current = "D7:D7=nazev|D9:D9=sidlo|E11:E11=faktury|C13:C13=ico|F13:F13=dic|F15:F15=id|"
                                 "D19:D19=osoba|C20:C20=tel|C21:C21=fax|C22:C22=mail";
-    const struct {
-        const char* version;
-        Period period;
-        bool regular;
-        std::string cells;
-    } cases[] = {
+    const std::tuple<const char*, Period, bool, std::string> cases[] = {
         {"2.1", {2005, 4}, false, "D4:D4=4 (number)|D5:D5=opravný|" + old},
         {"2,2", {2006, 1}, true, "D4:D4=1 (number)|" + current},
         {"2,10", {2009, 3}, false, "D4:D4=3 (number)|D5:D5=opravný|" + current},
         {"2.11", {2010, 1}, true, current},
     };
-    for (const auto& c : cases) {
+    for (const auto& [version, period, regular, cells] : cases) {
         const ReportRequest request{
-            c.period, c.regular, {"osoba", "dic", "ico", "fax", "tel", "nazev", "mail", "sidlo", "id", "faktury"}};
-        RecordedSheet sheet(c.version);
+            period, regular, {"osoba", "dic", "ico", "fax", "tel", "nazev", "mail", "sidlo", "id", "faktury"}};
+        RecordedSheet sheet(version);
         ASSERT_TRUE(ReadIntroSheet(sheet, request.period));
         WriteIntroSheet(sheet, request);
-        EXPECT_EQ(c.cells, sheet.cells.join(u'|').toStdString()) << c.version;
+        EXPECT_EQ(cells, sheet.cells.join(u'|').toStdString()) << version;
     }
 }
 

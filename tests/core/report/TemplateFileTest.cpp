@@ -11,11 +11,7 @@
 namespace {
 
 TEST(TemplateSearch, TakesTheFirst) {
-    const struct {
-        Period period;
-        QStringList present;
-        const char* found;
-    } cases[] = {
+    const std::tuple<Period, QStringList, const char*> cases[] = {
         {{2011, 3}, {"vykaz2011.tpl", "vykaz2011_1.tpl"}, "vykaz2011_1.tpl"},
         {{2011, 3}, {"vykaz2011_1.tpl", "vykaz2011_2.tpl"}, "vykaz2011_2.tpl"},
         {{2011, 3}, {"vykaz2011_2.tpl", "vykaz2011_3.tpl"}, "vykaz2011_3.tpl"},
@@ -25,35 +21,32 @@ TEST(TemplateSearch, TakesTheFirst) {
         {{2008, 3}, {"vykaz2008_2.tpl", "vykaz2008.tpl"}, "vykaz2008.tpl"},
         {{2008, 3}, {"vykaz2008_3.tpl", "vykaz2008.tpl"}, "vykaz2008_3.tpl"},
     };
-    for (const auto& c : cases) {
+    for (const auto& [period, present, found] : cases) {
         ProgramFolder folder;
-        for (const QString& name : c.present)
+        for (const QString& name : present)
             WriteFile(folder.Path() + name, "x");
-        EXPECT_EQ(*c.found != '\0' ? folder.File(c.found) : QString(), FindTemplate(c.period))
-            << c.present[0].toStdString();
+        EXPECT_EQ(*found != '\0' ? folder.File(found) : QString(), FindTemplate(period)) << present[0].toStdString();
     }
 }
 
 TEST(OutputNames, TakeTheFirstFreeNumberOfTheDay) {
-    const struct {
-        QStringList present; // after "ctvrtletni_vykaz_o_produkci_obalu"
-        const char* next;
-    } cases[] = {
+    // present: after "ctvrtletni_vykaz_o_produkci_obalu"
+    const std::pair<QStringList, const char*> cases[] = {
         {{}, "110601.XLS"},
         {{"110601"}, "110602.XLS"},
         {{"110601.xls", "110602.XLS.tmp"}, "110603.XLS"},
         {{"110602.XLS"}, "110601.XLS"},
         {{"110701.XLS", "1106011.XLS"}, "110601.XLS"},
     };
-    for (const auto& c : cases) {
+    for (const auto& [present, next] : cases) {
         ProgramFolder folder;
         QDir().mkpath(ReportFolder());
         const QString stem = ReportFolder() + "/ctvrtletni_vykaz_o_produkci_obalu";
-        for (const QString& name : c.present)
+        for (const QString& name : present)
             WriteFile(stem + name, "x");
         const OutputName name = NextOutputName(DateTime::FromDay(2012, 11, 6));
         EXPECT_TRUE(name.isFree);
-        EXPECT_EQ(stem + c.next, name.path);
+        EXPECT_EQ(stem + next, name.path);
     }
 }
 

@@ -106,12 +106,9 @@ TEST(Templates, FiguresMeetTheirCaptionsAndFreeCells) {
 }
 
 TEST(Templates, PalletsStandOneRowHigherInTheNewForm) {
-    const struct {
-        int row;
-        const char *caption, *reusable, *oneWay;
-    } rows[] = {{6, "paleta EUR (ČSN 269110)", "", "×"},
-                {7, "paleta prostá (ČSN 269111)", "", ""},
-                {8, "nápojové kartony", "×", ""}};
+    const std::tuple<int, const char*, const char*, const char*> rows[] = {{6, "paleta EUR (ČSN 269110)", "", "×"},
+                                                                           {7, "paleta prostá (ČSN 269111)", "", ""},
+                                                                           {8, "nápojové kartony", "×", ""}};
     for (const Form& form : g_forms) {
         SCOPED_TRACE(form.file);
         const CXlsFile file(g_folder / form.file);
@@ -120,10 +117,10 @@ TEST(Templates, PalletsStandOneRowHigherInTheNewForm) {
         };
         EXPECT_TRUE(text('E', 5).starts_with("Opakovaně"));
         EXPECT_TRUE(text('H', 5).starts_with("Jednorázové"));
-        for (const auto& row : rows) {
-            EXPECT_EQ(text('B', row.row), row.caption);
-            EXPECT_EQ(text('E', row.row), row.reusable);
-            EXPECT_EQ(text('H', row.row), row.oneWay);
+        for (const auto& [row, caption, reusable, oneWay] : rows) {
+            EXPECT_EQ(text('B', row), caption);
+            EXPECT_EQ(text('E', row), reusable);
+            EXPECT_EQ(text('H', row), oneWay);
         }
     }
 }

@@ -14,11 +14,8 @@
 namespace {
 
 TEST(ItemCovers, AreTheWholePackagesOfARow) {
-    const struct {
-        const char* values; // cp_qtycover, cp_qtyprod, cp_usealways, cp_usefrom, cp_useto
-        std::int64_t quantity;
-        const char* pieces; // "-" for no row
-    } cases[] = {
+    // cp_qtycover, cp_qtyprod, cp_usealways, cp_usefrom, cp_useto, and the pieces ("-" for no row)
+    const std::tuple<const char*, std::int64_t, const char*> cases[] = {
         {"10000, 100000, 1, 0, 0", 250000, "20000"},
         {"10000, 100000, 1, 0, 0", 90000, "0"},
         {"5000, 100000, 1, 0, 0", 250000, "10000"},
@@ -36,29 +33,26 @@ TEST(ItemCovers, AreTheWholePackagesOfARow) {
         {"10000, 10000, 0, NULL, NULL", 0, "0"},
         {"10000000000, 10000, 1, 0, 0", 9000000000000, "9000000000000000000"},
     };
-    for (const auto& c : cases) {
+    for (const auto& [values, quantity, pieces] : cases) {
         StoreFolder store;
         store.Sql(std::string("INSERT INTO Prod_CoverDT VALUES (5, 1, '2010-01-01 00:00:00');"
                               "INSERT INTO Prod_Cover (dt_id, cp_qtycover, cp_qtyprod, cp_usealways, cp_usefrom, "
                               "cp_useto, cover_id, cover_type, cover_org, cover_pay) VALUES (5, ") +
-                  c.values + ", 7, 2, 1, 0)");
-        const bool applies = std::string(c.pieces) != "-";
+                  values + ", 7, 2, 1, 0)");
+        const bool applies = std::string(pieces) != "-";
         EXPECT_EQ(applies ? 1 : 0,
                   ComputeItemCovers(store.store, store.store.Table("Move_Cover"), std::int32_t{11}, std::int32_t{3}, 1,
-                                    Currency::FromCount(c.quantity), DateTime::FromDay(2010, 5, 5)));
-        EXPECT_EQ(applies ? std::string("11|3|7|") + c.pieces + "|2|1|0" : "",
+                                    Currency::FromCount(quantity), DateTime::FromDay(2010, 5, 5)));
+        EXPECT_EQ(applies ? std::string("11|3|7|") + pieces + "|2|1|0" : "",
                   store.AskAll("SELECT mvprod_id, move_id, cover_id, mvcover_qty, cover_type, cover_org, cover_pay "
                                "FROM Move_Cover"))
-            << c.values << " of " << c.quantity;
+            << values << " of " << quantity;
     }
 }
 
 TEST(ItemCovers, AreOfTheLastDefinitionNotAfterTheIssue) {
-    const struct {
-        const char* definitions; // key, product, day
-        DateTime issued;
-        const char* used;
-    } cases[] = {
+    // definitions: key, product, day
+    const std::tuple<const char*, DateTime, const char*> cases[] = {
         {"(1, 1, '2012-01-01'), (2, 1, '2012-07-01 00:00:00')", DateTime::FromDay(2012, 6, 30), "1"},
         {"(1, 1, '2012-01-01'), (2, 1, '2012-07-01 00:00:00')", DateTime::FromDay(2012, 7, 1), "2"},
         {"(1, 1, '2012-01-01'), (2, 1, '2012-07-01 00:00:00')", DateTime::FromDay(2011, 12, 31), "none"},
@@ -68,14 +62,14 @@ TEST(ItemCovers, AreOfTheLastDefinitionNotAfterTheIssue) {
         {"(1, 1, '2012-01-01 00:00:00'), (2, 1, '2012-01-01 00:00:00')", DateTime::FromDay(2012, 7, 1), "2"},
         {"(1, 1, '2012-01-01'), (2, 2, '2012-02-01')", DateTime::FromDay(2012, 7, 1), "1"},
     };
-    for (const auto& c : cases) {
+    for (const auto& [definitions, issued, used] : cases) {
         StoreFolder store;
-        store.Sql(std::string("INSERT INTO Prod_CoverDT VALUES ") + c.definitions +
+        store.Sql(std::string("INSERT INTO Prod_CoverDT VALUES ") + definitions +
                   ";INSERT INTO Prod_Cover (dt_id, cover_id, cp_usealways, cp_qtyprod, cp_qtycover) VALUES "
                   "(1, 1, 1, 10000, 10000), (2, 2, 1, 10000, 10000), (3, 3, 1, 10000, 10000)");
         ComputeItemCovers(store.store, store.store.Table("Move_Cover"), std::int32_t{1}, std::int32_t{1}, 1,
-                          Currency::FromWhole(1), c.issued);
-        EXPECT_EQ(c.used, store.Ask("SELECT cover_id FROM Move_Cover")) << c.definitions;
+                          Currency::FromWhole(1), issued);
+        EXPECT_EQ(used, store.Ask("SELECT cover_id FROM Move_Cover")) << definitions;
     }
 }
 
@@ -118,28 +112,25 @@ std::string Lines(int lines) {
 }
 
 TEST(BulkRecompute, MovesTheBarEveryStep) {
-    const struct {
-        int lines, updates;
-        const char* firstDetails;
-    } cases[] = {{0, 0, ""},
-                 {3, 3, "1 z 3, 2 z 3, 3 z 3"},
-                 {399, 399, "1 z 399, 2 z 399, 3 z 399"},
-                 {450, 225, "1 z 450, 3 z 450, 5 z 450"}};
-    for (const auto& c : cases) {
+    const std::tuple<int, int, const char*> cases[] = {{0, 0, ""},
+                                                       {3, 3, "1 z 3, 2 z 3, 3 z 3"},
+                                                       {399, 399, "1 z 399, 2 z 399, 3 z 399"},
+                                                       {450, 225, "1 z 450, 3 z 450, 5 z 450"}};
+    for (const auto& [shown, updates, firstDetails] : cases) {
         StoreFolder store;
-        store.Sql(Lines(c.lines));
+        store.Sql(Lines(shown));
         RecordedProgress progress;
         std::int64_t lines = 0;
         EXPECT_EQ(BulkResult::Done, RecomputeAllIssues(store.store, progress, lines));
-        EXPECT_EQ(c.lines, lines);
+        EXPECT_EQ(shown, lines);
         QStringList details;
         for (const QString& line : progress.lines)
             if (line.startsWith("detail "))
                 details << line.mid(7);
-        EXPECT_EQ(c.updates, details.size());
-        EXPECT_EQ(c.firstDetails, details.mid(0, 3).join(", ").toStdString());
+        EXPECT_EQ(updates, details.size());
+        EXPECT_EQ(firstDetails, details.mid(0, 3).join(", ").toStdString());
         EXPECT_EQ("0", store.Ask("SELECT count(*) FROM Move_Cover WHERE cover_id = 9"));
-        EXPECT_EQ(std::to_string(2 * c.lines),
+        EXPECT_EQ(std::to_string(2 * shown),
                   store.Ask("SELECT count(*) FROM Move_Cover WHERE mvcover_qty IN (10000, 20000)"));
     }
 }

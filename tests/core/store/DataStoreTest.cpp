@@ -118,23 +118,18 @@ TEST(OpenDatabase, RefusesWhatIsNotItsFileAndLeavesItAlone) {
 }
 
 TEST(OpenDatabase, RefusesWhatItMayNotWrite) {
-    const struct {
-        const char* fault;
-        mode_t file;
-        mode_t folder;
-        bool opens;
-    } cases[] = {
+    const std::tuple<const char*, mode_t, mode_t, bool> cases[] = {
         {"writable", 0666, 0777, true},
         {"file read-only", 0444, 0777, false},
         {"file unreadable", 0000, 0777, false},
         {"folder read-only", 0666, 0555, false}, // the journal has no place
     };
-    for (const auto& c : cases) {
+    for (const auto& [fault, file, home, opens] : cases) {
         ProgramFolder folder;
         folder.AddDatabase();
         const QByteArray path = QFile::encodeName(folder.Path());
-        ASSERT_EQ(0, chmod(QFile::encodeName(folder.File("Kuvel.mdb")).constData(), c.file));
-        ASSERT_EQ(0, chmod(path.constData(), c.folder));
+        ASSERT_EQ(0, chmod(QFile::encodeName(folder.File("Kuvel.mdb")).constData(), file));
+        ASSERT_EQ(0, chmod(path.constData(), home));
         const std::string shown = InChild([&]() -> std::string {
             // Nothing is write-protected to root.
             if (geteuid() == 0 && (setresgid(65534, 65534, 65534) != 0 || setresuid(65534, 65534, 65534) != 0))
@@ -145,7 +140,7 @@ TEST(OpenDatabase, RefusesWhatItMayNotWrite) {
             const bool opened = store.OpenDatabase();
             return messages.Shown().empty() ? (opened ? "" : "silent") : messages.Shown()[0].text.toStdString();
         });
-        EXPECT_EQ(c.opens ? "" : RefusalOf(folder).toStdString(), shown) << c.fault;
+        EXPECT_EQ(opens ? "" : RefusalOf(folder).toStdString(), shown) << fault;
         ASSERT_EQ(0, chmod(path.constData(), 0700));
     }
 }

@@ -68,20 +68,17 @@ TEST(Recordset, MoveToRecordTakesOnlyAnIndexOfTheList) {
 TEST(Recordset, FindSearchesForwardFromTheCurrentRecord) {
     SampleFolder folder;
     const RecordsetPtr rows = folder.store.Query(AllCovers); // cover_mat 7 in 1, 3 and 7
-    const struct {
-        int from;
-        const char* criterion;
-        int found; // 0 for the end
-    } cases[] = {
+    // found: 0 for the end
+    const std::tuple<int, const char*, int> cases[] = {
         {1, "cover_mat = 7", 1}, {2, "cover_mat = 7", 3},  {3, "cover_mat = 7", 3}, {4, "cover_mat = 7", 7},
         {8, "cover_mat = 7", 0}, {3, "cover_id = 2", 0},   {2, "cover_id = 2", 2},  {1, "cover_id = 99", 0},
         {7, "cover_id = 7", 7},  {1, "cover_mat = 99", 0},
     };
-    for (const auto& c : cases) {
+    for (const auto& [from, criterion, found] : cases) {
         rows->MoveFirst();
-        rows->Move(c.from - 1);
-        rows->Find(c.criterion);
-        EXPECT_EQ(c.found, rows->get_EOF() ? 0 : rows->Long("cover_id")) << c.from << " " << c.criterion;
+        rows->Move(from - 1);
+        rows->Find(criterion);
+        EXPECT_EQ(found, rows->get_EOF() ? 0 : rows->Long("cover_id")) << from << " " << criterion;
     }
     // FindFirst begins anew, and looks at the values that are in the database now.
     folder.Sql("UPDATE Cover SET cover_mat = 99 WHERE cover_id = 2; INSERT INTO Cover (cover_id, cover_mat) VALUES "
@@ -101,12 +98,8 @@ TEST(Recordset, ASearchThatGoesOnSeesWhatWasWrittenMeanwhile) {
         rows.put_Collect("cover_mat", material);
         rows.Update();
     };
-    const struct {
-        const char* meanwhile;
-        std::function<void(SampleFolder&, CRecordset&)> act;
-        int from;
-        int found; // 0 for the end
-    } cases[] = {
+    // found: 0 for the end
+    const std::tuple<const char*, std::function<void(SampleFolder&, CRecordset&)>, int, int> cases[] = {
         {"nothing", [](SampleFolder&, CRecordset&) {}, 2, 3},
         {"another program",
          [](SampleFolder& f, CRecordset&) { f.Sql("UPDATE Cover SET cover_mat = 7 WHERE cover_id = 5"); }, 4, 5},
@@ -129,26 +122,23 @@ TEST(Recordset, ASearchThatGoesOnSeesWhatWasWrittenMeanwhile) {
         {"another value", [](SampleFolder&, CRecordset& rows) { rows.Find("cover_mat = 99"); }, 2, 3},
         {"a refused one", [](SampleFolder&, CRecordset& rows) { CodeOf([&] { rows.Find("cover_mat = 'x'"); }); }, 2, 3},
     };
-    for (const auto& c : cases) {
+    for (const auto& [meanwhile, act, from, found] : cases) {
         SampleFolder folder;
         const RecordsetPtr rows = folder.store.Query(AllCovers); // cover_mat 7 in 1, 3 and 7
         rows->Find("cover_mat = 7");
         EXPECT_EQ(1, rows->Long("cover_id"));
-        c.act(folder, *rows);
-        CDataStore::MoveToRecord(rows, c.from - 1);
+        act(folder, *rows);
+        CDataStore::MoveToRecord(rows, from - 1);
         rows->Find("cover_mat = 7");
-        EXPECT_EQ(c.found, rows->get_EOF() ? 0 : rows->Long("cover_id")) << c.meanwhile;
+        EXPECT_EQ(found, rows->get_EOF() ? 0 : rows->Long("cover_id")) << meanwhile;
     }
 }
 
 TEST(Recordset, MisuseRaisesItsCodeAndWritesNothing) {
     const char* const issues = "SELECT * FROM Move";
     const char* const none = "SELECT * FROM Cover WHERE FALSE";
-    const struct {
-        const char *sql, *column;
-        Variant value; // put into it
-        std::uint32_t code;
-    } puts[] = {
+    // value: put into it
+    const std::tuple<const char*, const char*, Variant, std::uint32_t> puts[] = {
         {AllCovers, "prod_id", 1, ResultCode::NoSuchField},
         {AllCovers, "cover_name", 5, ResultCode::TypeMismatch},
         {AllCovers, "cover_mat", QStringLiteral("papír"), ResultCode::TypeMismatch},
@@ -165,27 +155,23 @@ TEST(Recordset, MisuseRaisesItsCodeAndWritesNothing) {
         {AllCovers, "cover_id", 2, ResultCode::Fail}, // taken
     };
     using Act = void (*)(CRecordset&);
-    const struct {
-        const char* sql;
-        Act act;
-        std::uint32_t code;
-    } acts[] = {
+    const std::tuple<const char*, Act, std::uint32_t> acts[] = {
         {AllCovers, [](CRecordset& r) { r.get_Collect("Cover.cover_id"); }, ResultCode::NoSuchField},
         {Joined, [](CRecordset& r) { r.AddNew(); }, ResultCode::ErrorsInCommand},
         {none, [](CRecordset& r) { r.get_Collect("cover_mat"); }, ResultCode::AtEnd},
     };
     SampleFolder folder;
     const std::string before = folder.AskAll("SELECT * FROM Cover") + folder.AskAll("SELECT * FROM Product");
-    for (const auto& c : puts) {
-        const RecordsetPtr rows = folder.store.Query(c.sql);
+    for (const auto& [sql, column, value, code] : puts) {
+        const RecordsetPtr rows = folder.store.Query(sql);
         const auto put = [&] {
-            rows->put_Collect(c.column, c.value);
+            rows->put_Collect(column, value);
             rows->Update();
         };
-        EXPECT_EQ(c.code, CodeOf(put)) << c.sql << " " << c.column << " " << FormatVariant(c.value).toStdString();
+        EXPECT_EQ(code, CodeOf(put)) << sql << " " << column << " " << FormatVariant(value).toStdString();
     }
-    for (const auto& c : acts)
-        EXPECT_EQ(c.code, CodeOf([&] { c.act(*folder.store.Query(c.sql)); })) << c.sql;
+    for (const auto& [sql, act, code] : acts)
+        EXPECT_EQ(code, CodeOf([&] { act(*folder.store.Query(sql)); })) << sql;
     EXPECT_EQ(before, folder.AskAll("SELECT * FROM Cover") + folder.AskAll("SELECT * FROM Product"));
 }
 
@@ -300,11 +286,7 @@ TEST(Recordset, ANewRecordIsCurrentAndItsCounterReadBack) {
 
 TEST(Recordset, ValuesOfEveryTypeComeBackAsTheyWent) {
     StoreFolder folder;
-    const struct {
-        const char *table, *column;
-        Variant value;
-        const char* shown;
-    } cases[] = {
+    const std::tuple<const char*, const char*, Variant, const char*> cases[] = {
         {"Cover", "cover_name", QStringLiteral(""), "''"},
         {"Cover", "cover_name", QString::fromUtf8("a\0c", 3), nullptr},
         {"Cover", "cover_name", QStringLiteral("😀 řeřicha"), "'😀 řeřicha'"},
@@ -321,13 +303,13 @@ TEST(Recordset, ValuesOfEveryTypeComeBackAsTheyWent) {
         {"Move", "move_date", DateTime::FromDay(1969, 12, 31, 23, 0, 1), "#1969-12-31 23:00:01#"},
         {"Move", "move_date", DateTime::Invalid(), "null"},
     };
-    for (const auto& c : cases) {
-        const RecordsetPtr rows = folder.store.Table(c.table);
+    for (const auto& [table, column, value, expected] : cases) {
+        const RecordsetPtr rows = folder.store.Table(table);
         rows->AddNew();
-        rows->put_Collect(c.column, c.value);
+        rows->put_Collect(column, value);
         rows->Update();
-        const std::string shown = c.shown != nullptr ? c.shown : Shown(c.value);
-        EXPECT_TRUE(shown == Shown(rows->get_Collect(c.column))) << c.column << " " << shown.substr(0, 100);
+        const std::string shown = expected != nullptr ? expected : Shown(value);
+        EXPECT_TRUE(shown == Shown(rows->get_Collect(column))) << column << " " << shown.substr(0, 100);
     }
 }
 
@@ -387,11 +369,8 @@ TEST(Recordset, InsideAGroupRowsThatWereReadAheadAreNeverOld) {
         rows->put_Collect("cover_name", QStringLiteral("changed"));
         rows->Update();
     };
-    const struct {
-        const char* by;
-        Act act;
-        const char* name; // of cover 3 afterwards
-    } cases[] = {
+    // expected: of cover 3 afterwards
+    const std::tuple<const char*, Act, const char*> cases[] = {
         {"nobody", [](CDataStore&) {}, "'čaj'"},
         {"a command", [](CDataStore& s) { s.ExecuteSQL("UPDATE Cover SET cover_name = 'changed'"); }, "'changed'"},
         {"a deletion", [](CDataStore& s) { s.ExecuteSQL("DELETE FROM Cover WHERE cover_id = 3"); }, "gone"},
@@ -406,30 +385,30 @@ TEST(Recordset, InsideAGroupRowsThatWereReadAheadAreNeverOld) {
          "'changed'"},
         {"another table", [](CDataStore& s) { s.ExecuteSQL("DELETE FROM TmpID"); }, "'čaj'"},
     };
-    for (const auto& c : cases) {
+    for (const auto& [by, act, expected] : cases) {
         SampleFolder folder;
         CCommitGroup group(folder.store);
         const RecordsetPtr rows = folder.store.Query(AllCovers);
-        EXPECT_EQ("'cena'", Shown(rows->get_Collect("cover_name"))) << c.by;
+        EXPECT_EQ("'cena'", Shown(rows->get_Collect("cover_name"))) << by;
         rows->Move(6);
-        EXPECT_EQ("'Čaj'", Shown(rows->get_Collect("cover_name"))) << c.by;
-        c.act(folder.store);
+        EXPECT_EQ("'Čaj'", Shown(rows->get_Collect("cover_name"))) << by;
+        act(folder.store);
         rows->MoveFirst();
         rows->Move(2);
         std::string name = "gone";
         EXPECT_NO_THROW(CodeOf([&] { name = Shown(rows->get_Collect("cover_name")); }));
-        EXPECT_EQ(c.name, name) << c.by;
+        EXPECT_EQ(expected, name) << by;
         // Its own change too, and a record of its own.
         if (name == "gone")
             continue;
         rename(rows);
-        EXPECT_EQ("'changed'", Shown(rows->get_Collect("cover_name"))) << c.by;
+        EXPECT_EQ("'changed'", Shown(rows->get_Collect("cover_name"))) << by;
         rows->AddNew();
         rename(rows);
-        EXPECT_EQ(8, rows->Long("cover_id")) << c.by;
+        EXPECT_EQ(8, rows->Long("cover_id")) << by;
         rows->MoveFirst();
         rows->Move(2);
-        EXPECT_EQ("'changed'", Shown(rows->get_Collect("cover_name"))) << c.by;
+        EXPECT_EQ("'changed'", Shown(rows->get_Collect("cover_name"))) << by;
     }
     // Once the group is over, another program's changes are seen again.
     SampleFolder folder;

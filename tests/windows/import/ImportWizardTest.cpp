@@ -124,12 +124,8 @@ TEST_F(MoneyPages, AYearIsChosenFromTheList) {
 }
 
 TEST_F(MoneyPages, AYearIsChosenAsAFolder) {
-    const struct {
-        const char* answer;
-        const char* warning; // %1 is the folder
-        const char* selected;
-        const char* shown;
-    } cases[] = {
+    // warning: %1 is the folder
+    const std::tuple<const char*, const char*, const char*, const char*> cases[] = {
         {"", nullptr, "Alfa|2011", "d:/Data/Agenda.002/Rok.2011/"},
         {"d:/Jinde/Agenda.1/Rok.2010", nullptr, "Vedle|2010", "d:/Jinde/Agenda.1/Rok.2010/"},
         {"d:/Data/Agenda.001/Rok.2012", nullptr, "Žofín|2012", "d:/Data/Agenda.001/Rok.2012/"},
@@ -137,21 +133,21 @@ TEST_F(MoneyPages, AYearIsChosenAsAFolder) {
         {"d:/Jinde/Agenda.1", "Adresář \"%1/\" neobsahuje informace o účetním roce Money!", "Vedle|2010",
          "d:/Jinde/Agenda.1/Rok.2010/"},
     };
-    Cancel<CMoneyWizard>(
-        {ClickedYear(0),
-         [&](QWidget& sheet) {
-             for (const auto& row : cases) {
-                 SCOPED_TRACE(row.answer);
-                 const QString answer = *row.answer == '\0' ? QString() : money.Path(QString::fromUtf8(row.answer));
-                 files.answers = {answer};
-                 if (row.warning != nullptr)
-                     messages.Expect(QString::fromUtf8(row.warning).arg(answer), Message::Icon::Warning);
-                 Click(sheet, "browseButton");
-                 EXPECT_EQ(ScriptedFiles::Kind::Folder, files.asked.back().kind);
-                 ShowsYear(row.selected, row.shown)(sheet);
-             }
-         },
-         ShowsYears("Název agendy|Rok, Alfa|2011, Alfa|2012, Žofín|2011, Žofín|2012, Vedle|2010")});
+    Cancel<CMoneyWizard>({ClickedYear(0),
+                          [&](QWidget& sheet) {
+                              for (const auto& [reply, warning, selected, shown] : cases) {
+                                  SCOPED_TRACE(reply);
+                                  const QString answer =
+                                      *reply == '\0' ? QString() : money.Path(QString::fromUtf8(reply));
+                                  files.answers = {answer};
+                                  if (warning != nullptr)
+                                      messages.Expect(QString::fromUtf8(warning).arg(answer), Message::Icon::Warning);
+                                  Click(sheet, "browseButton");
+                                  EXPECT_EQ(ScriptedFiles::Kind::Folder, files.asked.back().kind);
+                                  ShowsYear(selected, shown)(sheet);
+                              }
+                          },
+                          ShowsYears("Název agendy|Rok, Alfa|2011, Alfa|2012, Žofín|2011, Žofín|2012, Vedle|2010")});
 }
 
 TEST_F(MoneyPages, WithoutAnInstallationTheListIsEmpty) {
@@ -166,11 +162,7 @@ TEST_F(MoneyPages, ParametersAreCheckedAndKept) {
     const auto enabled = [](bool exportCheck, bool domesticEdit) {
         return InTurn({ShowsEnabled({"exportCheck"}, exportCheck), ShowsEnabled({"domesticEdit"}, domesticEdit)});
     };
-    const struct {
-        const char* what;
-        std::vector<Act> acts;
-        const char* settings;
-    } cases[] = {
+    const std::tuple<const char*, std::vector<Act>, const char*> cases[] = {
         {"untouched",
          {},
          "Produkty=1\nVydaje=1\nExistujici zaznamy=1\nNastavovat Export=1\nNeexportni zeme=;Česká "
@@ -187,10 +179,10 @@ TEST_F(MoneyPages, ParametersAreCheckedAndKept) {
           Typed("domesticEdit", "Žižkov;"), Clicked("overwriteRadio")},
          "Produkty=0\nVydaje=1\nExistujici zaznamy=0\nNastavovat Export=1\nNeexportni zeme=Žižkov;\n"},
     };
-    for (const auto& row : cases) {
-        SCOPED_TRACE(row.what);
-        Cancel<CMoneyWizard>(row.acts);
-        EXPECT_EQ(std::string("[Import]\n") + row.settings, Settings());
+    for (const auto& [what, acts, settings] : cases) {
+        SCOPED_TRACE(what);
+        Cancel<CMoneyWizard>(acts);
+        EXPECT_EQ(std::string("[Import]\n") + settings, Settings());
     }
 }
 
@@ -293,11 +285,8 @@ TEST_F(WakPages, ParametersAreChecked) {
         return InTurn({Dated("fromDate", {2012, 2, from}), Dated("toDate", {2012, 2, to})});
     };
     const Act noIssues = InTurn({Clicked("issuesCheck"), ShowsEnabled({"fromDate", "toDate"}, false)});
-    const struct {
-        const char* what;
-        Act act;
-        const char* range; // null when only the end counts
-    } cases[] = {
+    // range: null when only the end counts
+    const std::tuple<const char*, Act, const char*> cases[] = {
         {"the previous quarter", InTurn({}), "2012-04-01 00:00:00 2012-06-30 23:59:59"},
         {"one day", dated(29, 29), "2012-02-29 00:00:00 2012-02-29 23:59:59"},
         {"the wrong way",
@@ -310,31 +299,26 @@ TEST_F(WakPages, ParametersAreChecked) {
                  Clicked("productsCheck")}),
          nullptr},
     };
-    for (const auto& row : cases) {
-        SCOPED_TRACE(row.what);
+    for (const auto& [what, act, range] : cases) {
+        SCOPED_TRACE(what);
         ASSERT_FALSE(stored.Write());
         CWakWizard wizard;
-        EXPECT_TRUE(
-            Run(wizard, {Clicked("next"), ShowsEnabled({"fromDate", "toDate"}, true), row.act, Clicked("finish")}));
-        if (row.range != nullptr) {
-            EXPECT_EQ(row.range, wizard.Range().from.Stored() + " " + wizard.Range().to.Stored());
+        EXPECT_TRUE(Run(wizard, {Clicked("next"), ShowsEnabled({"fromDate", "toDate"}, true), act, Clicked("finish")}));
+        if (range != nullptr) {
+            EXPECT_EQ(range, wizard.Range().from.Stored() + " " + wizard.Range().to.Stored());
         }
     }
 }
 
 TEST(AskOverwriteDlg, EachButtonAnswers) {
     using enum IOverwriteDoor::Answer;
-    const struct {
-        Qt::Key key;
-        Qt::KeyboardModifier modifier;
-        IOverwriteDoor::Answer answer;
-    } cases[] = {
+    const std::tuple<Qt::Key, Qt::KeyboardModifier, IOverwriteDoor::Answer> cases[] = {
         {Qt::Key_Return, Qt::NoModifier, Yes}, {Qt::Key_A, Qt::AltModifier, Yes},
         {Qt::Key_N, Qt::AltModifier, No},      {Qt::Key_V, Qt::AltModifier, YesToAll},
         {Qt::Key_M, Qt::AltModifier, NoToAll}, {Qt::Key_Escape, Qt::NoModifier, No},
     };
     const char* const question = "Produkt \"<b>, kat.č. &x\" byl již z Money importován.";
-    for (const auto& row : cases) {
+    for (const auto& [key, modifier, reply] : cases) {
         Steps steps;
         steps.Then([&](QWidget& window) {
             EXPECT_EQ("Kuvel", window.windowTitle().toStdString());
@@ -343,10 +327,10 @@ TEST(AskOverwriteDlg, EachButtonAnswers) {
             EXPECT_EQ("&Ano|&Ne|Ano &všem|Ne vše&m", ShownBy(window, "yesButton") + "|" + ShownBy(window, "noButton") +
                                                          "|" + ShownBy(window, "yesToAllButton") + "|" +
                                                          ShownBy(window, "noToAllButton"));
-            QTest::keyClick(&window, row.key, row.modifier);
+            QTest::keyClick(&window, key, modifier);
             EXPECT_TRUE(QTest::qWaitFor([&] { return !window.isVisible(); }, 2000));
         });
-        EXPECT_EQ(row.answer, CAskOverwriteDlg(QString::fromUtf8(question), nullptr).Ask()) << row.key;
+        EXPECT_EQ(reply, CAskOverwriteDlg(QString::fromUtf8(question), nullptr).Ask()) << key;
     }
 }
 

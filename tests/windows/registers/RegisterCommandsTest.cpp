@@ -170,12 +170,7 @@ TEST(RegisterCommands, AVanishedRecordIsToldAndLeavesItsListAndNothingIsWritten)
 }
 
 TEST(RegisterCommands, NothingSelectedIsSaidInEachListsWords) {
-    const struct {
-        Command show;
-        const char* leave;
-        std::vector<Command> commands;
-        const char* warning;
-    } cases[] = {
+    const std::tuple<Command, const char*, std::vector<Command>, const char*> cases[] = {
         {ID_SHOW_COVERS, "DELETE FROM Cover", {ID_RECORD_EDIT, ID_RECORD_DELETE}, "Není vybrán produkt !"},
         {ID_SHOW_COVERS, "DELETE FROM Cover", {ID_DETAIL_ADD}, "Není vybrán obal !"},
         {ID_SHOW_COVERS, "DELETE FROM Cover", {ID_DETAIL_EDIT, ID_DETAIL_DELETE}, "Není vybrán vyřazený obal !"},
@@ -196,13 +191,13 @@ TEST(RegisterCommands, NothingSelectedIsSaidInEachListsWords) {
          "Není vybrán produkt !"},
         {ID_SHOW_ISSUES, "DELETE FROM Move_Cover", {ID_SUBDETAIL_EDIT, ID_SUBDETAIL_DELETE}, "Není vybrán obal !"},
     };
-    for (const auto& each : cases) {
-        OpenRegister opened(each.show);
+    for (const auto& [show, leave, commands, warning] : cases) {
+        OpenRegister opened(show);
         opened.folder.Sql("INSERT INTO TmpID VALUES (77)");
-        opened.folder.Sql(each.leave);
+        opened.folder.Sql(leave);
         opened.Execute(ID_RECORD_REFRESH);
-        for (const Command command : each.commands) {
-            opened.messages.Expect(Czech(each.warning), Message::Icon::Warning);
+        for (const Command command : commands) {
+            opened.messages.Expect(Czech(warning), Message::Icon::Warning);
             opened.Execute(command);
         }
         EXPECT_EQ("77", opened.folder.AskAll("SELECT id FROM TmpID"));
@@ -210,14 +205,7 @@ TEST(RegisterCommands, NothingSelectedIsSaidInEachListsWords) {
 }
 
 TEST(RegisterCommands, DeleteTheSelectedRowsAndWhatHangsOnThem) {
-    const struct {
-        Command show;
-        const char* question;
-        const char* ask;
-        const char* left;
-        const char* fault;
-        const char* leftByFault;
-    } cases[] = {
+    const std::tuple<Command, const char*, const char*, const char*, const char*, const char*> cases[] = {
         // Packaging and issues keep their rows of a deleted cover, which is only marked.
         {ID_SHOW_COVERS, "Opravdu si přejete odstranit vybrané kuvel",
          "SELECT (SELECT group_concat(cover_id) FROM Cover WHERE NOT deleted), (SELECT group_concat(cover_id) FROM "
@@ -237,9 +225,9 @@ TEST(RegisterCommands, DeleteTheSelectedRowsAndWhatHangsOnThem) {
          "SELECT (SELECT count(*) FROM Move), (SELECT count(*) FROM Move_Prod), (SELECT count(*) FROM Move_Cover)",
          "0|0|0", "DELETE ON Move_Prod", "2|3|0"},
     };
-    for (const auto& each : cases) {
-        SCOPED_TRACE(each.ask);
-        OpenRegister opened(each.show);
+    for (const auto& [show, question, ask, left, fault, leftByFault] : cases) {
+        SCOPED_TRACE(ask);
+        OpenRegister opened(show);
         opened.folder.Sql("INSERT INTO TmpID VALUES (77)");
         RecordList& master = static_cast<RecordList&>(*opened.view->focusProxy());
         ClickRow(master, 0);
@@ -247,21 +235,21 @@ TEST(RegisterCommands, DeleteTheSelectedRowsAndWhatHangsOnThem) {
         const int rows = master.RowCount();
         const std::string stored = AllRows(opened.folder);
         const auto remove = [&](Message::Answer answer) {
-            opened.messages.ExpectQuestion(Czech(each.question), answer);
+            opened.messages.ExpectQuestion(Czech(question), answer);
             opened.Execute(ID_RECORD_DELETE);
         };
         remove(Message::Answer::No);
         EXPECT_EQ(stored, AllRows(opened.folder));
-        opened.Fault(each.fault);
-        opened.messages.ExpectQuestion(Czech(each.question), Message::Answer::Yes);
+        opened.Fault(fault);
+        opened.messages.ExpectQuestion(Czech(question), Message::Answer::Yes);
         opened.ExpectError([&] { opened.Execute(ID_RECORD_DELETE); });
-        EXPECT_EQ(each.leftByFault, opened.folder.AskAll(each.ask));
+        EXPECT_EQ(leftByFault, opened.folder.AskAll(ask));
         EXPECT_EQ(rows, master.RowCount());
         opened.folder.Sql("DROP TRIGGER fault");
         ClickRow(master, 0);
         ClickRow(master, 1, Qt::ControlModifier);
         remove(Message::Answer::Yes);
-        EXPECT_EQ(each.left, opened.folder.AskAll(each.ask));
+        EXPECT_EQ(left, opened.folder.AskAll(ask));
         EXPECT_EQ(rows - 2, master.RowCount());
         EXPECT_EQ(rows > 2 ? 0 : -1, master.SelectedRow());
         EXPECT_EQ("2", opened.folder.Ask("SELECT count(*) FROM TmpID")) << "what an earlier deletion left went first";
@@ -270,14 +258,7 @@ TEST(RegisterCommands, DeleteTheSelectedRowsAndWhatHangsOnThem) {
 }
 
 TEST(RegisterCommands, DeleteADetailRowAfterItsQuestion) {
-    const struct {
-        Command show;
-        Command command;
-        const char* list;
-        const char* question;
-        const char* ask;
-        const char* left;
-    } cases[] = {
+    const std::tuple<Command, Command, const char*, const char*, const char*, const char*> cases[] = {
         {ID_SHOW_COVERS, ID_DETAIL_DELETE, "discards",
          "Opravdu si přejete odstranit ze seznamu obal vyřazený \"01.03.2012\" ?", "SELECT disc_id FROM CoverDiscard",
          "1"},
@@ -291,26 +272,23 @@ TEST(RegisterCommands, DeleteADetailRowAfterItsQuestion) {
         {ID_SHOW_ISSUES, ID_SUBDETAIL_DELETE, "issuedCovers",
          "Opravdu si přejete odstranit ze seznamu obal\n\"Fólie\" ?", "SELECT mvcover_id FROM Move_Cover", "2 3"},
     };
-    for (const auto& each : cases) {
-        OpenRegister opened(each.show);
+    for (const auto& [show, command, list, question, ask, left] : cases) {
+        OpenRegister opened(show);
         const std::string stored = AllRows(opened.folder);
-        const int rows = opened.List(each.list).RowCount();
-        opened.messages.ExpectQuestion(Czech(each.question), Message::Answer::No);
-        opened.Execute(each.command);
+        const int rows = opened.List(list).RowCount();
+        opened.messages.ExpectQuestion(Czech(question), Message::Answer::No);
+        opened.Execute(command);
         EXPECT_EQ(stored, AllRows(opened.folder));
-        opened.messages.ExpectQuestion(Czech(each.question), Message::Answer::Yes);
-        opened.Execute(each.command);
-        EXPECT_EQ(each.left, opened.folder.AskAll(each.ask));
-        EXPECT_EQ(rows - 1, opened.List(each.list).RowCount());
+        opened.messages.ExpectQuestion(Czech(question), Message::Answer::Yes);
+        opened.Execute(command);
+        EXPECT_EQ(left, opened.folder.AskAll(ask));
+        EXPECT_EQ(rows - 1, opened.List(list).RowCount());
     }
 }
 
 TEST(RegisterCommands, TwoSelectedRowsDisableTheDetails) {
-    const struct {
-        Command show;
-        std::vector<const char*> lists; // the master list first
-        std::vector<Command> commands;
-    } cases[] = {
+    // lists: the master list first
+    const std::tuple<Command, std::vector<const char*>, std::vector<Command>> cases[] = {
         {ID_SHOW_COVERS, {"covers", "discards"}, {ID_DETAIL_ADD, ID_DETAIL_EDIT, ID_DETAIL_DELETE}},
         {ID_SHOW_PRODUCTS,
          {"products", "dates", "packaging"},
@@ -319,22 +297,22 @@ TEST(RegisterCommands, TwoSelectedRowsDisableTheDetails) {
          {"issues", "items", "issuedCovers"},
          {ID_DETAIL_ADD, ID_DETAIL_EDIT, ID_DETAIL_DELETE, ID_SUBDETAIL_ADD, ID_SUBDETAIL_EDIT, ID_SUBDETAIL_DELETE}},
     };
-    for (const auto& each : cases) {
-        OpenRegister opened(each.show);
+    for (const auto& [show, lists, commands] : cases) {
+        OpenRegister opened(show);
         const std::string stored = AllRows(opened.folder);
         const std::string shown = opened.ShownRows();
-        RecordList& master = opened.List(each.lists[0]);
+        RecordList& master = opened.List(lists[0]);
         const auto expectDetails = [&](bool enabled) {
-            for (std::size_t i = 1; i < each.lists.size(); ++i) {
-                EXPECT_EQ(enabled, opened.List(each.lists[i]).isEnabled()) << each.lists[i];
-                EXPECT_EQ(enabled, opened.List(each.lists[i]).RowCount() > 0) << each.lists[i];
+            for (std::size_t i = 1; i < lists.size(); ++i) {
+                EXPECT_EQ(enabled, opened.List(lists[i]).isEnabled()) << lists[i];
+                EXPECT_EQ(enabled, opened.List(lists[i]).RowCount() > 0) << lists[i];
             }
-            for (const Command command : each.commands)
-                EXPECT_EQ(enabled, opened.Button(command).isEnabled()) << each.lists[0];
+            for (const Command command : commands)
+                EXPECT_EQ(enabled, opened.Button(command).isEnabled()) << lists[0];
         };
         ClickRow(master, 1, Qt::ControlModifier);
         expectDetails(false);
-        for (const Command command : each.commands)
+        for (const Command command : commands)
             opened.Execute(command); // no message, no dialog
         opened.view->Receive(ViewMessage::WM_COVERS_CHANGED);
         expectDetails(false);
@@ -347,38 +325,32 @@ TEST(RegisterCommands, TwoSelectedRowsDisableTheDetails) {
 }
 
 TEST(RegisterCommands, AFilterIsInForceUntilItIsUnticked) {
-    const struct {
-        Command show;
-        const char* title;
-        const char* check;
-        const char* edit;
-    } cases[] = {
+    const std::tuple<Command, const char*, const char*, const char*> cases[] = {
         {ID_SHOW_COVERS, "Filtr obalů", "byName", "name"},
         {ID_SHOW_COMPOSITES, "Filtr výdejů", "byName", "name"}, // the issues' title
         {ID_SHOW_PRODUCTS, "Filtr produktů", "byName", "name"},
         {ID_SHOW_ISSUES, "Filtr výdejů", "byNum", "num"},
     };
-    for (const auto& each : cases) {
-        SCOPED_TRACE(static_cast<int>(each.show));
-        OpenRegister opened(each.show);
+    for (const auto& [show, title, check, edit] : cases) {
+        SCOPED_TRACE(static_cast<int>(show));
+        OpenRegister opened(show);
         RecordList& master = static_cast<RecordList&>(*opened.view->focusProxy());
         const std::string all = Rows(master);
         // An apostrophe, as typed, makes the statement fail.
         opened.messages.AcceptAny();
-        opened.Do(ID_RECORD_FILTER, {ShowsTitle(each.title), ShowsEnabled({each.edit}, false), Clicked(each.check),
-                                     ShowsEnabled({each.edit}, true), Typed(each.edit, "it's"), Clicked("ok")});
+        opened.Do(ID_RECORD_FILTER, {ShowsTitle(title), ShowsEnabled({edit}, false), Clicked(check),
+                                     ShowsEnabled({edit}, true), Typed(edit, "it's"), Clicked("ok")});
         EXPECT_EQ(1u, opened.messages.Shown().size());
         EXPECT_EQ(Message::Icon::Error, opened.messages.Shown().back().icon);
         EXPECT_EQ("", Rows(master));
         EXPECT_TRUE(opened.FilterIsLatched());
 
-        opened.Do(ID_RECORD_FILTER, {Typed(each.edit, "it"), Clicked("ok")});
-        opened.Do(ID_RECORD_FILTER,
-                  {Shows(each.check, "ano"), Shows(each.edit, "it"), Clicked(each.check), Clicked("cancel")});
+        opened.Do(ID_RECORD_FILTER, {Typed(edit, "it"), Clicked("ok")});
+        opened.Do(ID_RECORD_FILTER, {Shows(check, "ano"), Shows(edit, "it"), Clicked(check), Clicked("cancel")});
         EXPECT_EQ("", Rows(master));
         EXPECT_TRUE(opened.FilterIsLatched());
 
-        opened.steps.Then(InTurn({Clicked(each.check), Clicked("ok")}));
+        opened.steps.Then(InTurn({Clicked(check), Clicked("ok")}));
         Click(*opened.view, "button32794");
         EXPECT_EQ(all, Rows(master));
         EXPECT_FALSE(opened.FilterIsLatched());

@@ -9,12 +9,7 @@ namespace {
 using enum Command;
 
 TEST(Registers, ShowTheirListsUnderTheirHeaders) {
-    const struct {
-        Command show;
-        const char* list;
-        const char* headers;
-        const char* rows;
-    } cases[] = {
+    const std::tuple<Command, const char*, const char*, const char*> cases[] = {
         {ID_SHOW_COVERS, "covers", "Název|Materiál|Hmotnost [kg]|Typ|Původ|Platba|Opakovaně používaný",
          "Bedna|dřevo|2,00|skupinový|nakoupený v ČR|zpoplatněný|ano\n"
          "Fólie|kovy - železo FE|0,25|prodejní|dovezený do ČR|zpoplatněný|ne\n"
@@ -34,27 +29,21 @@ TEST(Registers, ShowTheirListsUnderTheirHeaders) {
          "Fólie|12,50|PE - měkké|prodejní|dovezený do ČR|zpoplatněný\n"
          "Krabice|4,00|papír|skupinový|nakoupený v ČR|předplacený"},
     };
-    for (const auto& each : cases) {
-        const OpenRegister opened(each.show);
-        const RecordList& list = opened.List(each.list);
+    for (const auto& [show, name, captions, rows] : cases) {
+        const OpenRegister opened(show);
+        const RecordList& list = opened.List(name);
         QStringList headers;
         for (int column = 0; column < list.model()->columnCount(); ++column)
             headers.append(list.model()->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString());
-        EXPECT_EQ(each.headers, headers.join(u'|').toStdString());
-        EXPECT_EQ(each.rows, Rows(list)) << each.list;
-        EXPECT_EQ(each.list != std::string("dates"), list.showGrid()) << each.list;
+        EXPECT_EQ(captions, headers.join(u'|').toStdString());
+        EXPECT_EQ(rows, Rows(list)) << name;
+        EXPECT_EQ(name != std::string("dates"), list.showGrid()) << name;
     }
     EXPECT_FALSE(OpenRegister(ID_SHOW_COMPOSITES).view->Handles(ID_DETAIL_ADD));
 }
 
 TEST(Registers, ShowTheChildrenOfTheSelectedRow) {
-    const struct {
-        Command show;
-        const char* list;
-        int row;
-        const char* child;
-        const char* rows;
-    } cases[] = {
+    const std::tuple<Command, const char*, int, const char*, const char*> cases[] = {
         {ID_SHOW_COVERS, "covers", 1, "discards", ""},
         {ID_SHOW_PRODUCTS, "dates", 0, "packaging", "Štítek||1,00|-|-|přepravní|vyrobený v ČR|neplacený"},
         {ID_SHOW_PRODUCTS, "products", 1, "dates", ""},
@@ -64,10 +53,10 @@ TEST(Registers, ShowTheChildrenOfTheSelectedRow) {
         {ID_SHOW_ISSUES, "issues", 1, "items", "Čaj|C-10|12,00"},
         {ID_SHOW_ISSUES, "issues", 1, "issuedCovers", ""},
     };
-    for (const auto& each : cases) {
-        const OpenRegister opened(each.show);
-        ClickRow(opened.List(each.list), each.row);
-        EXPECT_EQ(each.rows, Rows(opened.List(each.child))) << each.child << " of " << each.list << each.row;
+    for (const auto& [show, name, row, child, rows] : cases) {
+        const OpenRegister opened(show);
+        ClickRow(opened.List(name), row);
+        EXPECT_EQ(rows, Rows(opened.List(child))) << child << " of " << name << row;
     }
     const OpenRegister products(ID_SHOW_PRODUCTS);
     EXPECT_EQ(1, products.List("dates").SelectedRow()) << "the newest date";
@@ -76,13 +65,7 @@ TEST(Registers, ShowTheChildrenOfTheSelectedRow) {
 
 TEST(Registers, SortByEachColumnsField) {
     // What is changed first makes the order differ from that of the names, and that of codes from that of their texts.
-    const struct {
-        Command show;
-        const char* change;
-        const char* list;
-        int column;
-        const char* first;
-    } cases[] = {
+    const std::tuple<Command, const char*, const char*, int, const char*> cases[] = {
         {ID_SHOW_COVERS, "UPDATE Cover SET cover_mat = 7 - cover_id", "covers", 1, "PE folie 20 µm, Fólie, Bedna"},
         {ID_SHOW_COVERS, "", "covers", 2, "PE folie 20 µm, Fólie, Bedna"},
         {ID_SHOW_COVERS, "UPDATE Cover SET cover_type = (cover_id + 1) % 3", "covers", 3, "Fólie, PE folie 20 µm, B"},
@@ -114,18 +97,18 @@ TEST(Registers, SortByEachColumnsField) {
         {ID_SHOW_ISSUES, "UPDATE Move_Cover SET cover_org = 2 - cover_org", "issuedCovers", 4, "Krabice, Fólie"},
         {ID_SHOW_ISSUES, "UPDATE Move_Cover SET cover_pay = 2 - cover_pay", "issuedCovers", 5, "Krabice, Fólie"},
     };
-    for (const auto& each : cases) {
-        const OpenRegister opened(each.show);
-        opened.folder.Sql(each.change);
+    for (const auto& [show, change, which, column, first] : cases) {
+        const OpenRegister opened(show);
+        opened.folder.Sql(change);
         opened.folder.Sql("INSERT INTO Prod_Cover (dt_id, cover_id, cp_qtycover, cp_qtyprod, cp_usealways, cp_usefrom, "
                           "cp_useto, cover_type, cover_org, cover_pay) VALUES (2, 3, 50000, 20000, 0, 20000, 950000, "
                           "0, 0, 0)");
         opened.Execute(ID_RECORD_REFRESH);
-        RecordList& list = opened.List(each.list);
-        const int name = each.list == std::string("products") ? 1 : 0;
-        list.scrollTo(list.model()->index(0, each.column));
-        ClickHeader(list, each.column);
-        EXPECT_EQ(each.first, Names(list, name).substr(0, std::string(each.first).size())) << each.list << each.column;
+        RecordList& list = opened.List(which);
+        const int name = which == std::string("products") ? 1 : 0;
+        list.scrollTo(list.model()->index(0, column));
+        ClickHeader(list, column);
+        EXPECT_EQ(first, Names(list, name).substr(0, std::string(first).size())) << which << column;
         EXPECT_FALSE(list.SortDescending());
     }
     const OpenRegister products(ID_SHOW_PRODUCTS);
@@ -135,11 +118,7 @@ TEST(Registers, SortByEachColumnsField) {
 }
 
 TEST(Registers, ANotificationRefillsItsListsAndKeepsTheSelection) {
-    const struct {
-        Command show;
-        ViewMessage message;
-        const char* refilled;
-    } cases[] = {
+    const std::tuple<Command, ViewMessage, const char*> cases[] = {
         {ID_SHOW_COVERS, ViewMessage::WM_PRODUCTS_CHANGED, ""},
         {ID_SHOW_COVERS, ViewMessage::WM_COVERS_CHANGED, ""},
         {ID_SHOW_COVERS, ViewMessage::Refresh, "covers discards "},
@@ -154,8 +133,8 @@ TEST(Registers, ANotificationRefillsItsListsAndKeepsTheSelection) {
         {ID_SHOW_ISSUES, ViewMessage::WM_COVERS_CHANGED, "issuedCovers "},
         {ID_SHOW_ISSUES, ViewMessage::Refresh, "issues items issuedCovers "},
     };
-    for (const auto& each : cases) {
-        const OpenRegister opened(each.show);
+    for (const auto& [show, message, expected] : cases) {
+        const OpenRegister opened(show);
         RecordList& master = static_cast<RecordList&>(*opened.view->focusProxy());
         const std::int32_t selected = master.SelectedId();
         opened.folder.Sql(
@@ -168,23 +147,17 @@ TEST(Registers, ANotificationRefillsItsListsAndKeepsTheSelection) {
         std::map<const RecordList*, int> before;
         for (const RecordList* list : opened.view->findChildren<RecordList*>())
             before[list] = list->RowCount();
-        opened.view->Receive(each.message);
+        opened.view->Receive(message);
         std::string refilled;
         for (const RecordList* list : opened.view->findChildren<RecordList*>())
             refilled += list->RowCount() != before[list] ? list->objectName().toStdString() + " " : "";
-        EXPECT_EQ(each.refilled, refilled) << static_cast<int>(each.show) << " " << static_cast<int>(each.message);
+        EXPECT_EQ(expected, refilled) << static_cast<int>(show) << " " << static_cast<int>(message);
         EXPECT_EQ(selected, master.SelectedId());
     }
 }
 
 TEST(Registers, ContextMenusGreyWhatHasNoRow) {
-    const struct {
-        Command show;
-        const char* leave;
-        const char* list;
-        bool onRow;
-        const char* menu;
-    } cases[] = {
+    const std::tuple<Command, const char*, const char*, bool, const char*> cases[] = {
         {ID_SHOW_COVERS, "", "covers", true,
          "&Přidat Ins+ &Upravit Enter+ &Odstranit Del+ | &Najít... Ctrl+F+ Na&hradit... Ctrl+H+ | Fil&tr... Ctrl+T+"},
         {ID_SHOW_COVERS, "", "covers", false,
@@ -203,21 +176,17 @@ TEST(Registers, ContextMenusGreyWhatHasNoRow) {
          "&Přidat Alt+Ins &Upravit Alt+Enter &Odstranit Alt+Del"},
         {ID_SHOW_ISSUES, "", "issuedCovers", true, "&Přidat Alt+Ins+ &Upravit Alt+Enter+ &Odstranit Alt+Del+"},
     };
-    for (const auto& each : cases) {
-        const OpenRegister opened(each.show);
-        opened.folder.Sql(each.leave);
+    for (const auto& [show, leave, name, onRow, menu] : cases) {
+        const OpenRegister opened(show);
+        opened.folder.Sql(leave);
         opened.Execute(ID_RECORD_REFRESH);
-        emit opened.List(each.list).menuWanted(opened.view->mapToGlobal(QPoint(50, 50)), each.onRow);
-        EXPECT_EQ(each.menu, TakeMenu());
+        emit opened.List(name).menuWanted(opened.view->mapToGlobal(QPoint(50, 50)), onRow);
+        EXPECT_EQ(menu, TakeMenu());
     }
 }
 
 TEST(Registers, ADoubleClickEditsARowAndOnlyARow) {
-    const struct {
-        Command show;
-        const char* list;
-        const char* title;
-    } cases[] = {
+    const std::tuple<Command, const char*, const char*> cases[] = {
         {ID_SHOW_COVERS, "covers", "Detail obalu"},
         {ID_SHOW_COVERS, "discards", "Vyřazení obalu"},
         {ID_SHOW_COMPOSITES, "composites", "Detail složeného obalu"},
@@ -228,13 +197,13 @@ TEST(Registers, ADoubleClickEditsARowAndOnlyARow) {
         {ID_SHOW_ISSUES, "items", "Zadejte množství"},
         {ID_SHOW_ISSUES, "issuedCovers", "Zadejte množství"},
     };
-    for (const auto& each : cases) {
-        SCOPED_TRACE(each.list);
-        OpenRegister opened(each.show);
-        RecordList& list = opened.List(each.list);
+    for (const auto& [show, name, title] : cases) {
+        SCOPED_TRACE(name);
+        OpenRegister opened(show);
+        RecordList& list = opened.List(name);
         const QPoint empty(20, list.viewport()->height() - 3);
         QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, empty);
-        opened.steps.Then(InTurn({ShowsTitle(each.title), Clicked("cancel")}));
+        opened.steps.Then(InTurn({ShowsTitle(title), Clicked("cancel")}));
         DoubleClickRow(list, 1);
     }
 }
@@ -254,28 +223,22 @@ TEST(Registers, TheSplitterCollapsesEitherSide) {
     auto& bar = Find<CSplitterBar>(*opened.view, "splitter");
     const RecordList& covers = opened.List("covers");
     const RecordList& discards = opened.List("discards");
-    const struct {
-        const char* what;
-        int to;
-        int left;
-        bool covers;
-        bool discards;
-    } cases[] = {
+    const std::tuple<const char*, int, int, bool, bool> cases[] = {
         {"middle", 500, 500, true, true},       {"just left of the limit", 879, 879, true, true},
         {"right limit", 880, 993, true, false}, {"back", 600, 600, true, true},
         {"left limit", 120, 120, true, true},   {"left", 119, 2, false, true},
         {"past the edge", -50, 2, false, true}, {"back again", 300, 300, true, true},
     };
-    for (const auto& each : cases) {
-        SCOPED_TRACE(each.what);
+    for (const auto& [what, to, left, leftShown, rightShown] : cases) {
+        SCOPED_TRACE(what);
         const QPoint grip(2, 50);
         QTest::mousePress(&bar, Qt::LeftButton, {}, grip);
-        QTest::mouseMove(&bar, grip + QPoint(each.to - bar.x(), 0));
-        QTest::mouseRelease(&bar, Qt::LeftButton, {}, grip + QPoint(each.to - bar.x(), 0));
-        EXPECT_EQ(each.left, bar.x());
+        QTest::mouseMove(&bar, grip + QPoint(to - bar.x(), 0));
+        QTest::mouseRelease(&bar, Qt::LeftButton, {}, grip + QPoint(to - bar.x(), 0));
+        EXPECT_EQ(left, bar.x());
         EXPECT_EQ(5, bar.width());
-        EXPECT_EQ(each.covers, covers.isVisible());
-        EXPECT_EQ(each.discards, discards.isVisible());
+        EXPECT_EQ(leftShown, covers.isVisible());
+        EXPECT_EQ(rightShown, discards.isVisible());
     }
     EXPECT_EQ(298, covers.geometry().right() + 1);
     EXPECT_EQ(307, discards.x());

@@ -25,12 +25,7 @@ std::string Field(IMoneyTable& table, std::string_view column) {
 
 TEST(DbfTable, ReadsEachTypeExactly) {
     const char* const bad = "80020005";
-    const struct {
-        char type;
-        int width;
-        QByteArray bytes;
-        std::string expected;
-    } cases[] = {
+    const std::tuple<char, int, QByteArray, std::string> cases[] = {
         {'N', 11, "-2147483648", "-2147483648"},
         {'N', 10, "2147483648", "'2147483648'"},
         {'N', 13, "8594001234567", "'8594001234567'"},
@@ -69,10 +64,10 @@ TEST(DbfTable, ReadsEachTypeExactly) {
         {'?', 3, "abc", bad},
     };
     const Folder folder;
-    for (const auto& row : cases) {
+    for (const auto& [type, width, content, expected] : cases) {
         CDbfTable table;
-        ASSERT_TRUE(table.Open(folder.Write(DbfBytes{{{"X", row.type, row.width}}, {{row.bytes}}, {}}.Make())));
-        EXPECT_EQ(row.expected, Field(table, "x")) << row.type << " " << row.bytes.constData();
+        ASSERT_TRUE(table.Open(folder.Write(DbfBytes{{{"X", type, width}}, {{content}}, {}}.Make())));
+        EXPECT_EQ(expected, Field(table, "x")) << type << " " << content.constData();
     }
 }
 
@@ -87,10 +82,7 @@ TEST(DbfTable, RefusesWhatIsNoWholeTable) {
             return bytes;
         };
     };
-    const struct {
-        const char* fault;
-        std::function<QByteArray(QByteArray)> change;
-    } cases[] = {
+    const std::pair<const char*, std::function<QByteArray(QByteArray)>> cases[] = {
         {"empty", [](QByteArray) { return QByteArray(); }},
         {"shorter than a header", [](QByteArray bytes) { return bytes.left(31); }},
         {"ends in the fields", [](QByteArray bytes) { return bytes.left(60); }},
@@ -110,10 +102,10 @@ TEST(DbfTable, RefusesWhatIsNoWholeTable) {
         {"ends inside the records", set(32 + 65 + 17, '\x1A')},
     };
     const Folder folder;
-    for (const auto& row : cases) {
+    for (const auto& [fault, change] : cases) {
         CDbfTable table;
-        EXPECT_FALSE(table.Open(folder.Write(row.change(Sample().Make())))) << row.fault;
-        EXPECT_EQ(ResultCode::ObjectClosed, CodeOf([&] { table.RecordCount(); })) << row.fault;
+        EXPECT_FALSE(table.Open(folder.Write(change(Sample().Make())))) << fault;
+        EXPECT_EQ(ResultCode::ObjectClosed, CodeOf([&] { table.RecordCount(); })) << fault;
     }
     CDbfTable table;
     EXPECT_FALSE(table.Open(folder.Path("missing.DAT")));
@@ -128,10 +120,7 @@ TEST(DbfTable, ReadsTheKindsThatProgramsWrite) {
     };
     DbfBytes unended = Sample();
     unended.endMark = false;
-    const struct {
-        const char* name;
-        QByteArray bytes;
-    } cases[] = {
+    const std::pair<const char*, QByteArray> cases[] = {
         {"dBase III", kind(0x03)},
         {"dBase IV with memo", kind(0x8B)},
         {"Visual FoxPro", kind(0x30)},
@@ -139,12 +128,12 @@ TEST(DbfTable, ReadsTheKindsThatProgramsWrite) {
         {"padded", Sample().Make() + QByteArray(500, '\0')},
     };
     const Folder folder;
-    for (const auto& row : cases) {
+    for (const auto& [name, content] : cases) {
         CDbfTable table;
-        ASSERT_TRUE(table.Open(folder.Write(row.bytes))) << row.name;
-        EXPECT_EQ(3, table.RecordCount()) << row.name;
-        EXPECT_EQ("3", Field(table, "CISLO")) << row.name;
-        EXPECT_EQ("'c'", Field(table, "Nazev")) << row.name;
+        ASSERT_TRUE(table.Open(folder.Write(content))) << name;
+        EXPECT_EQ(3, table.RecordCount()) << name;
+        EXPECT_EQ("3", Field(table, "CISLO")) << name;
+        EXPECT_EQ("'c'", Field(table, "Nazev")) << name;
     }
 }
 
@@ -162,25 +151,20 @@ TEST(DbfTable, OpensTheFileOfTheTrueName) {
 }
 
 TEST(DbfTable, RespectsTheCodePageMark) {
-    const struct {
-        unsigned char mark;
-        QByteArray markFile;
-        QByteArray bytes;
-        std::string expected;
-    } cases[] = {
+    const std::tuple<unsigned char, QByteArray, QByteArray, std::string> cases[] = {
         {0, {}, "\xe8", "'č'"},         {0x64, {}, "\x9f", "'č'"},   {0x03, {}, "\xe8", "'è'"},
         {0xEE, {}, "\xe8", "'č'"},      {0, "852\n", "\x9f", "'č'"}, {0, "UTF-8", "č", "'č'"},
         {0, "nonsense", "\xe8", "'č'"},
     };
-    for (const auto& row : cases) {
+    for (const auto& [mark, markFile, content, expected] : cases) {
         const Folder folder;
-        DbfBytes bytes{{{"X", 'C', 4}}, {{row.bytes}}, {}};
-        bytes.codePageMark = row.mark;
-        if (!row.markFile.isEmpty())
-            folder.Write(row.markFile, "T.cpg");
+        DbfBytes bytes{{{"X", 'C', 4}}, {{content}}, {}};
+        bytes.codePageMark = mark;
+        if (!markFile.isEmpty())
+            folder.Write(markFile, "T.cpg");
         CDbfTable table;
         ASSERT_TRUE(table.Open(folder.Write(bytes.Make())));
-        EXPECT_EQ(row.expected, Field(table, "X")) << int(row.mark) << row.markFile.constData();
+        EXPECT_EQ(expected, Field(table, "X")) << int(mark) << markFile.constData();
     }
 }
 
@@ -193,22 +177,19 @@ std::string Walk(IMoneyTable& table, std::string_view column) {
 }
 
 TEST(DbfTable, SkipsDeletedRecords) {
-    const struct {
-        std::set<std::size_t> deleted;
-        std::string left, ordered;
-    } cases[] = {
+    const std::tuple<std::set<std::size_t>, std::string, std::string> cases[] = {
         {{}, "3 1 2", "1 2 3"}, {{0}, "1 2", "1 2"}, {{1}, "3 2", "2 3"}, {{0, 2}, "1", "1"}, {{0, 1, 2}, "", ""}};
     const Folder folder;
-    for (const auto& row : cases) {
+    for (const auto& [deleted, left, ordered] : cases) {
         DbfBytes bytes = Sample();
-        bytes.deleted = row.deleted;
+        bytes.deleted = deleted;
         CDbfTable table;
         ASSERT_TRUE(table.Open(folder.Write(bytes.Make())));
-        EXPECT_EQ(3 - static_cast<int>(row.deleted.size()), table.RecordCount());
-        EXPECT_EQ(row.left, Walk(table, "Cislo"));
+        EXPECT_EQ(3 - static_cast<int>(deleted.size()), table.RecordCount());
+        EXPECT_EQ(left, Walk(table, "Cislo"));
         table.SetCurrentIndex("Cislo");
-        EXPECT_EQ(row.ordered, Walk(table, "Cislo"));
-        EXPECT_EQ(row.deleted.contains(0), table.SeekKey(3) != IMoneyTable::Found);
+        EXPECT_EQ(ordered, Walk(table, "Cislo"));
+        EXPECT_EQ(deleted.contains(0), table.SeekKey(3) != IMoneyTable::Found);
     }
 }
 
@@ -230,10 +211,8 @@ TEST(DbfTable, OrdersByTheIndexAndFindsKeys) {
 
     table.SetCurrentIndex("Kind+Doc+Line");
     const Variant s = QStringLiteral("S");
-    const struct {
-        std::vector<Variant> keys;
-        const char* row; // null: not found, the current record stays
-    } seeks[] = {
+    // The last field is the row found, or null, and the current record stays.
+    const std::pair<std::vector<Variant>, const char*> seeks[] = {
         {{s}, "2"},
         {{s, 9, Currency::FromCount(25000)}, "1"},
         {{s, QStringLiteral("10")}, "4"},
@@ -244,11 +223,11 @@ TEST(DbfTable, OrdersByTheIndexAndFindsKeys) {
         {{s, 11}, nullptr},
         {{QStringLiteral("Sabc")}, nullptr},
     };
-    for (const auto& seek : seeks) {
+    for (const auto& [keys, row] : seeks) {
         table.MoveFirst();
         table.MoveNext();
-        EXPECT_EQ(seek.row != nullptr, table.SeekKeys(seek.keys) == IMoneyTable::Found);
-        EXPECT_EQ(seek.row != nullptr ? seek.row : "2", FormatVariant(table.FieldValue("Nr")).toStdString());
+        EXPECT_EQ(row != nullptr, table.SeekKeys(keys) == IMoneyTable::Found);
+        EXPECT_EQ(row != nullptr ? row : "2", FormatVariant(table.FieldValue("Nr")).toStdString());
     }
     EXPECT_EQ(ResultCode::TypeMismatch, CodeOf([&] { table.SeekKeys({}); }));
     EXPECT_EQ(ResultCode::TypeMismatch, CodeOf([&] { table.SeekKeys({s, 1, 1, 1}); }));

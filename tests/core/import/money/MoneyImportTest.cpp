@@ -56,11 +56,8 @@ struct MoneyPhases : testing::Test, StoreFolder {
 };
 
 TEST_F(MoneyPhases, EachKindOfDocumentHasItsType) {
-    const struct {
-        const char* kind; // of the line
-        std::function<void()> document;
-        const char* move; // number and type; "none" when it is not imported
-    } cases[] = {
+    // Kind of the line, its document, number and type of the issue ("none" when it is not imported).
+    const std::tuple<const char*, std::function<void()>, const char*> cases[] = {
         {"S", [&] { AddDocument(7, "D", "V"); }, "D|3"},
         {"s", [&] { AddDocument(7, "D", "v"); }, "D|3"},
         {"S", [&] { AddDocument(7, "D", "d"); }, "D|0"},
@@ -75,25 +72,21 @@ TEST_F(MoneyPhases, EachKindOfDocumentHasItsType) {
         {"V", [&] { AddDocument(7, "D", "V"); }, ""},
         {"X", [&] { AddDocument(7, "D", "V"); }, ""},
     };
-    for (const auto& row : cases) {
+    for (const auto& [kind, document, move] : cases) {
         Sql("DELETE FROM Move; DELETE FROM Move_Prod");
         for (auto& [name, table] : money.tables)
             table.rows.clear();
-        AddLine(row.kind, 7);
-        row.document();
+        AddLine(kind, 7);
+        document();
         EXPECT_EQ(End::Done, Run().end);
-        EXPECT_EQ(row.move, AskAll("SELECT move_num, move_type FROM Move")) << row.kind;
-        EXPECT_EQ(*row.move == '\0' ? "0" : "1", Ask("SELECT count(*) FROM Move_Prod")) << row.kind;
+        EXPECT_EQ(move, AskAll("SELECT move_num, move_type FROM Move")) << kind;
+        EXPECT_EQ(*move == '\0' ? "0" : "1", Ask("SELECT count(*) FROM Move_Prod")) << kind;
     }
 }
 
 TEST_F(MoneyPhases, TheCountrySaysWhatIsAnExport) {
     const char* usual = ";Česká republika ;ČR";
-    const struct {
-        const char* domestic;
-        bool setExport;
-        const char *country, *isExport;
-    } cases[] = {
+    const std::tuple<const char*, bool, const char*, const char*> cases[] = {
         {usual, true, "  česká republika ", "0"},
         {usual, true, "", "0"},
         {usual, true, "Slovensko", "1"},
@@ -104,19 +97,19 @@ TEST_F(MoneyPhases, TheCountrySaysWhatIsAnExport) {
         {"", true, "", "1"},
         {";", true, "", "0"},
     };
-    for (const auto& row : cases) {
+    for (const auto& [domestic, setExport, country, isExport] : cases) {
         Sql("DELETE FROM Move");
         for (auto& [name, table] : money.tables)
             table.rows.clear();
         AddLine("S", 1);
-        AddDocument(1, "D", "V", row.country);
+        AddDocument(1, "D", "V", country);
         AddLine("V", 1);
-        AddInvoice(1, "F", 0, false, row.country);
-        options.domestic = Czech(row.domestic);
-        options.setExport = row.setExport;
+        AddInvoice(1, "F", 0, false, country);
+        options.domestic = Czech(domestic);
+        options.setExport = setExport;
         EXPECT_EQ(End::Done, Run().end);
-        const std::string both = std::string(row.isExport) + " " + row.isExport;
-        EXPECT_EQ(both, AskAll("SELECT move_export FROM Move")) << row.domestic << " " << row.country;
+        const std::string both = std::string(isExport) + " " + isExport;
+        EXPECT_EQ(both, AskAll("SELECT move_export FROM Move")) << domestic << " " << country;
     }
 }
 
@@ -132,13 +125,8 @@ TEST_F(MoneyPhases, TheDomesticNamesTurnToUpperCase) {
 }
 
 TEST_F(MoneyPhases, ATableThatCannotBeHadEndsItsPhase) {
-    const struct {
-        const char* missing; // null: the object cannot be made
-        int objects;
-        QString refusal, message;
-        End end;
-        int phases;
-    } cases[] = {
+    // The missing table; null where the object cannot be made.
+    const std::tuple<const char*, int, QString, QString, End, int> cases[] = {
         {"SKKMKART.DAT", -1, {}, "Nemohu otevřít tabulku Money \"/agenda/SKKMKART.DAT\"", End::Nothing, 0},
         {"SKSEZPOL.DAT", -1, {}, "Nemohu otevřít tabulku Money \"/agenda/rok/SKSEZPOL.DAT\"", End::Done, 1},
         {"VFAKTURY.DAT", -1, {}, "Nemohu otevřít tabulku Money \"/agenda/rok/VFAKTURY.DAT\"", End::Done, 1},
@@ -148,17 +136,17 @@ TEST_F(MoneyPhases, ATableThatCannotBeHadEndsItsPhase) {
     AddCard(1, "a");
     AddLine("S", 1);
     const auto tables = money.tables;
-    for (const auto& row : cases) {
+    for (const auto& [missing, objects, refusal, message, end, phases] : cases) {
         money.tables = tables;
-        if (row.missing != nullptr)
-            money.tables.erase(QString::fromUtf8(row.missing));
-        money.objects = row.objects;
-        money.refusal = row.refusal;
+        if (missing != nullptr)
+            money.tables.erase(QString::fromUtf8(missing));
+        money.objects = objects;
+        money.refusal = refusal;
         progress.lines.clear();
-        messages.Expect(row.message, Message::Icon::Error);
-        EXPECT_EQ(row.end, Run().end);
+        messages.Expect(message, Message::Icon::Error);
+        EXPECT_EQ(end, Run().end);
         const auto isPhase = [](const QString& line) { return line.startsWith("phase "); };
-        EXPECT_EQ(row.phases, std::count_if(progress.lines.begin(), progress.lines.end(), isPhase));
+        EXPECT_EQ(phases, std::count_if(progress.lines.begin(), progress.lines.end(), isPhase));
     }
 }
 

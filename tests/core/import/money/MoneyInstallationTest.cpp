@@ -101,23 +101,20 @@ DbfBytes Settings(const QString& section, const QString& key, const QString& val
 
 TEST_F(MoneyInstallation, ReadsNamesFromTablesWhereThereIsNoIniFile) {
     money.Install('c', "C:\\Data");
-    const struct {
-        const char* agenda;
-        DbfBytes table;
-        const char* row; // null: not listed
-    } cases[] = {
+    // The last field is null where the year is not listed.
+    const std::tuple<const char*, DbfBytes, const char*> cases[] = {
         {"Agenda.1", Settings("Údaje o firme", "Název", "Žlutý kůň"), "Žlutý kůň/2012"},
         {"Agenda.2", Settings("Údaje o firme", "Jméno", "x"), "<není>/2012"},
         {"Agenda.3", {{{"Section1", 'C', 30}, {"Value", 'C', 60}}, {}, {}}, nullptr},
     };
-    for (const auto& row : cases) {
+    for (const auto& [chosen, table, row] : cases) {
         QDir(money.Path("c:/Data")).removeRecursively();
-        const QString agenda = QStringLiteral("c:/Data/") + row.agenda;
-        money.WriteTable(agenda + "/AGENDA.DAT", row.table);
+        const QString agenda = QStringLiteral("c:/Data/") + chosen;
+        money.WriteTable(agenda + "/AGENDA.DAT", table);
         money.WriteTable(agenda + "/Rok.2012/Rok.dat", Settings("Global", "Účetní rok", "2012"));
-        EXPECT_EQ(row.row != nullptr ? Rows{row.row} : Rows(), List()) << row.agenda;
+        EXPECT_EQ(row != nullptr ? Rows{row} : Rows(), List()) << chosen;
         money.Write(agenda + "/AGENDA.DAT", "no table");
-        EXPECT_EQ(Rows(), List()) << row.agenda;
+        EXPECT_EQ(Rows(), List()) << chosen;
     }
 }
 
@@ -144,11 +141,7 @@ TEST_F(MoneyInstallation, TakesAFolderChosenByHand) {
     EXPECT_EQ(money.Path("c:/Elsewhere/Stará/"), installation.Years()[1].agendaFolder);
     EXPECT_EQ(money.Path("c:/Elsewhere/Stará/2011/"), installation.Years()[1].yearFolder);
 
-    const struct {
-        const char* folder;
-        QString message;
-        Message::Icon icon;
-    } refused[] = {
+    const std::tuple<const char*, QString, Message::Icon> refused[] = {
         {"c:/Data", "Adresář \"%1c:/Data/\" neobsahuje informace o účetním roce Money!", Message::Icon::Warning},
         {"c:/Data/Agenda.001/2013", "Adresář \"%1c:/Data/Agenda.001/2013/\" neobsahuje informace o účetním roce Money!",
          Message::Icon::Warning},
@@ -157,9 +150,9 @@ TEST_F(MoneyInstallation, TakesAFolderChosenByHand) {
          Message::Icon::Warning},
         {"c:/NoTable", "Nemohu otevřít tabulku Money \"%1c:/NoTable/Rok.dat\"", Message::Icon::Error},
     };
-    for (const auto& row : refused) {
-        messages.Expect(row.message.arg(money.Path({})), row.icon);
-        EXPECT_FALSE(installation.ChooseFolder(money.Path(QString::fromUtf8(row.folder)))) << row.folder;
+    for (const auto& [folder, message, icon] : refused) {
+        messages.Expect(message.arg(money.Path({})), icon);
+        EXPECT_FALSE(installation.ChooseFolder(money.Path(QString::fromUtf8(folder)))) << folder;
     }
     EXPECT_EQ(2u, installation.Years().size());
 }

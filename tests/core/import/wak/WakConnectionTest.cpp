@@ -50,10 +50,8 @@ TEST(OleDbString, HoldsTheValuesAsTheyStand) {
 }
 
 TEST(OleDbString, IsReadAsTheProviderReadsIt) {
-    const struct {
-        QString password;
-        const char* read; // server|database|user|password
-    } cases[] = {
+    // read: server|database|user|password
+    const std::pair<QString, const char*> cases[] = {
         {"", "s|d|u|"},
         {" a;b}c'=\\ ", "s|d|u| a;b}c'=\\ "},
         {"a\"\"b", "s|d|u|a\"b"},
@@ -62,11 +60,11 @@ TEST(OleDbString, IsReadAsTheProviderReadsIt) {
         {"\"\"", "s|d|u|\""},
         {"a\"; Initial Catalog=x; Data Source=\"other", "other|d|u|a"},
     };
-    for (const auto& c : cases) {
-        const auto login = ParseOleDbString(OleDbConnectionString({" s ", "d", "u", c.password, false}));
-        ASSERT_EQ(c.read != nullptr, login.has_value()) << c.password.toStdString();
+    for (const auto& [password, read] : cases) {
+        const auto login = ParseOleDbString(OleDbConnectionString({" s ", "d", "u", password, false}));
+        ASSERT_EQ(read != nullptr, login.has_value()) << password.toStdString();
         if (login) {
-            EXPECT_EQ(c.read, login->server + "|" + login->database + "|" + login->user + "|" + login->password);
+            EXPECT_EQ(read, login->server + "|" + login->database + "|" + login->user + "|" + login->password);
             EXPECT_FALSE(login->windows);
         }
     }
@@ -74,10 +72,8 @@ TEST(OleDbString, IsReadAsTheProviderReadsIt) {
 }
 
 TEST(OleDbString, TheServerIsReadInEveryForm) {
-    const struct {
-        const char* server;
-        const char* read; // host|instance|port
-    } cases[] = {
+    // read: host|instance|port
+    const std::pair<const char*, const char*> cases[] = {
         {" tcp:pc1 , 1500", "pc1||1500"},
         {"10.0.0.1\\WAK", "10.0.0.1|WAK|0"},
         {"(LOCAL)", "localhost||0"},
@@ -88,11 +84,11 @@ TEST(OleDbString, TheServerIsReadInEveryForm) {
         {"pc1,65536", nullptr},
         {"pc1,sql", nullptr},
     };
-    for (const auto& c : cases) {
-        const auto address = ParseServer(c.server);
-        ASSERT_EQ(c.read != nullptr, address.has_value()) << c.server;
+    for (const auto& [server, read] : cases) {
+        const auto address = ParseServer(server);
+        ASSERT_EQ(read != nullptr, address.has_value()) << server;
         if (address) {
-            EXPECT_EQ(c.read, address->host + "|" + address->instance + "|" + QString::number(address->port));
+            EXPECT_EQ(read, address->host + "|" + address->instance + "|" + QString::number(address->port));
         }
     }
 }
@@ -216,12 +212,7 @@ TEST_F(WakConnection, ALoginCanBeGivenUp) {
 
 TEST_F(WakConnection, RaisesWhatTheServerSays) {
     using Fault = TdsTable::Fault;
-    const struct {
-        Fault fault;
-        std::size_t after;
-        int number;
-        const char *text, *raised;
-    } cases[] = {
+    const std::tuple<Fault, std::size_t, int, const char*, const char*> cases[] = {
         {Fault::Error, 0, 208, "Invalid object name 'pol_mj'.", "80040E37 Invalid object name 'pol_mj'."},
         {Fault::Error, 0, 229, "The SELECT permission was denied.", "80040E09 The SELECT permission was denied."},
         {Fault::Error, 0, 1222, "Lock request time out period exceeded.",
@@ -235,14 +226,12 @@ TEST_F(WakConnection, RaisesWhatTheServerSays) {
     server.Start();
     ASSERT_TRUE(Connect());
     SqlServerRowsPtr rows;
-    for (const auto& c : cases) {
-        server.products.fault = c.fault;
-        server.products.faultAfter = c.after;
-        server.products.errorNumber = c.number;
-        server.products.errorText = c.text;
-        EXPECT_EQ(c.raised, Raised([&] {
-                      connection.OpenRecordset(rows, Query, SourceType::Text, {"nPol", "NazPol"});
-                  }));
+    for (const auto& [fault, after, number, text, raised] : cases) {
+        server.products.fault = fault;
+        server.products.faultAfter = after;
+        server.products.errorNumber = number;
+        server.products.errorText = text;
+        EXPECT_EQ(raised, Raised([&] { connection.OpenRecordset(rows, Query, SourceType::Text, {"nPol", "NazPol"}); }));
         EXPECT_TRUE(!rows || !rows->get_State());
     }
     EXPECT_EQ("80040E14 Incorrect syntax near 'DELETE'.", Raised([&] { connection.Execute("DELETE"); }));
@@ -271,9 +260,7 @@ TEST_F(WakConnection, SaysWhyItCannotBeOpened) {
     server.user = "jiří";
     server.password = "tajné;}heslo";
     server.Start();
-    const struct {
-        const char *database, *user, *password, *reason;
-    } cases[] = {
+    const std::tuple<const char*, const char*, const char*, const char*> cases[] = {
         {"účetnictví", "jiří", "tajné", "0x80040E4D. Login failed for user 'jiří'."},
         {"účetnictví", "sa", "tajné;}heslo", "0x80040E4D. Login failed for user 'sa'."},
         {"jiná", "jiří", "tajné;}heslo",
@@ -283,11 +270,11 @@ TEST_F(WakConnection, SaysWhyItCannotBeOpened) {
         {"účetnictví", "jiří", "tajné\"heslo",
          "0x80040E73. Formát inicializačního řetězce neodpovídá specifikaci OLE DB."},
     };
-    for (const auto& c : cases) {
-        messages.Expect(QString("Nemohu otevřít databázi '%1' na serveru '%2'\n\nChyba č.%3")
-                            .arg(c.database, server.Name(), c.reason),
-                        Message::Icon::Error);
-        EXPECT_FALSE(connection.Connect(server.Name(), c.database, c.user, c.password, false));
+    for (const auto& [database, user, password, reason] : cases) {
+        messages.Expect(
+            QString("Nemohu otevřít databázi '%1' na serveru '%2'\n\nChyba č.%3").arg(database, server.Name(), reason),
+            Message::Icon::Error);
+        EXPECT_FALSE(connection.Connect(server.Name(), database, user, password, false));
         EXPECT_FALSE(connection.IsOpen());
     }
     EXPECT_TRUE(connection.Connect(server.Name(), "účetnictví", "jiří", "tajné;}heslo", false));

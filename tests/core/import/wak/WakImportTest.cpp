@@ -169,12 +169,7 @@ TEST_F(WakImport, SaysWhatFailedAndKeepsWhatWasWritten) {
             s.documents.errorText = text;
         };
     };
-    const struct {
-        const char* name;
-        std::function<void(TdsServer&)> spoil;
-        const char *code, *text;
-        int products, documents;
-    } rows[] = {
+    const std::tuple<const char*, std::function<void(TdsServer&)>, const char*, const char*, int, int> rows[] = {
         {"no routine", error(0, 2812, "Could not find stored procedure 'DoklSkl_Pre'."), "80040E14",
          "Could not find stored procedure 'DoklSkl_Pre'.", 2, 0},
         {"locked", error(3, 1222, "Lock request time out period exceeded."), "80040E31",
@@ -189,19 +184,19 @@ TEST_F(WakImport, SaysWhatFailedAndKeepsWhatWasWritten) {
         {"no column", [](TdsServer& s) { s.products.columns[2].name = "KodPol"; }, "800A0CC1",
          "Položku nelze v kolekci nalézt: IdePol", 0, 0},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
+    for (const auto& [name, spoil, code, text, products, documents] : rows) {
+        SCOPED_TRACE(name);
         folder.Sql("DELETE FROM Product; DELETE FROM Move; DELETE FROM Move_Prod");
         TdsServer spoiled;
         Fill(spoiled);
-        row.spoil(spoiled);
+        spoil(spoiled);
         spoiled.Start();
         options.server = spoiled.Name();
-        ExpectError(row.code, row.text);
-        ExpectSummary("Během importu došlo k chybě!", row.products, row.documents);
+        ExpectError(code, text);
+        ExpectSummary("Během importu došlo k chybě!", products, documents);
         EXPECT_EQ(ImportResult::End::Failed, Run().end);
-        EXPECT_EQ(std::to_string(row.products), folder.Ask("SELECT COUNT(*) FROM Product"));
-        EXPECT_EQ(std::to_string(row.documents), folder.Ask("SELECT COUNT(*) FROM Move"));
+        EXPECT_EQ(std::to_string(products), folder.Ask("SELECT COUNT(*) FROM Product"));
+        EXPECT_EQ(std::to_string(documents), folder.Ask("SELECT COUNT(*) FROM Move"));
     }
 }
 

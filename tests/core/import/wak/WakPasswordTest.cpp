@@ -7,9 +7,7 @@
 #include <gtest/gtest.h>
 
 TEST(WakPassword, IsHiddenAndComesBack) {
-    const struct {
-        QString password, stored, back;
-    } cases[] = {
+    const std::tuple<QString, QString, QString> cases[] = {
         {"", "", ""},
         // 'A' is 41; its halves swapped 14; with the key's 5A it is 4E, the low half of the first number.
         {"A", "134EE2C79B08F14420 6D3EB807915FCCA972841D", "A"},
@@ -18,15 +16,15 @@ TEST(WakPassword, IsHiddenAndComesBack) {
         {"12345678901234567890ABCDE", "", "12345678901234567890"},
         {"α", "", "?"},
     };
-    for (const auto& c : cases) {
-        const QString stored = ScrambleWakPassword(c.password);
-        if (!c.stored.isEmpty() || c.password.isEmpty()) {
-            EXPECT_EQ(QString(c.stored).remove(u' '), stored) << c.password.toStdString();
+    for (const auto& [password, scrambled, back] : cases) {
+        const QString stored = ScrambleWakPassword(password);
+        if (!scrambled.isEmpty() || password.isEmpty()) {
+            EXPECT_EQ(QString(scrambled).remove(u' '), stored) << password.toStdString();
         } else {
             EXPECT_EQ(40, stored.size());
         }
-        EXPECT_EQ(c.back, UnscrambleWakPassword(stored)) << c.password.toStdString();
-        EXPECT_EQ(c.back, UnscrambleWakPassword(stored.toLower())) << c.password.toStdString();
+        EXPECT_EQ(back, UnscrambleWakPassword(stored)) << password.toStdString();
+        EXPECT_EQ(back, UnscrambleWakPassword(stored.toLower())) << password.toStdString();
     }
 }
 

@@ -140,17 +140,14 @@ TEST_F(OfficeSpreadsheet, WhatIsWrittenIsWhatTheSavedFileHolds) {
                                             "http://a.cz/",
                                             "Žluťoučký \"s.r.o.\" & <synové>",
                                             "€ – 𝄞"};
-    static constexpr struct {
-        std::int64_t count;
-        const char* shown;
-    } amounts[] = {{1, "0.0001"},
-                   {-1, "-0.0001"},
-                   {12345, "1.2345"},
-                   {0, "0"},
-                   {-987654, "-98.7654"},
-                   {71, "0.0071"},
-                   {5368709119999, "536870911.9999"},
-                   {99999999999999, "9999999999.9999"}};
+    const std::pair<std::int64_t, const char*> amounts[] = {{1, "0.0001"},
+                                                            {-1, "-0.0001"},
+                                                            {12345, "1.2345"},
+                                                            {0, "0"},
+                                                            {-987654, "-98.7654"},
+                                                            {71, "0.0071"},
+                                                            {5368709119999, "536870911.9999"},
+                                                            {99999999999999, "9999999999.9999"}};
     const QString path = Workbook();
     auto office = LibreOfficeFactory()();
     ASSERT_TRUE(office);
@@ -161,8 +158,8 @@ TEST_F(OfficeSpreadsheet, WhatIsWrittenIsWhatTheSavedFileHolds) {
     for (const char* text : texts) // A1 is formatted as text, A2 held a number, A3 a formula
         sheet->SetText(QString("A%1:A%1").arg(++row), QString::fromUtf8(text));
     row = 0;
-    for (const auto& amount : amounts)
-        sheet->SetCurrency(QString("C%1:C%1").arg(++row), Currency::FromCount(amount.count));
+    for (const auto& [count, shown] : amounts)
+        sheet->SetCurrency(QString("C%1:C%1").arg(++row), Currency::FromCount(count));
     sheet->SetInteger("D1:D1", -3);
     sheet->SetInteger("D2:D2", 7);
     sheet->SetText("D2:D2", "");
@@ -177,8 +174,8 @@ TEST_F(OfficeSpreadsheet, WhatIsWrittenIsWhatTheSavedFileHolds) {
     for (const char* text : texts)
         EXPECT_EQ(CellOf(saved, QString("A%1").arg(++row)), std::string("text ") + text);
     row = 0;
-    for (const auto& amount : amounts)
-        EXPECT_EQ(CellOf(saved, QString("C%1").arg(++row)), std::string("number ") + amount.shown);
+    for (const auto& [count, shown] : amounts)
+        EXPECT_EQ(CellOf(saved, QString("C%1").arg(++row)), std::string("number ") + shown);
     EXPECT_EQ(CellOf(saved, "D1"), "number -3");
     EXPECT_EQ(CellOf(saved, "D2"), "empty");
     EXPECT_EQ(CellOf(saved, "D3"), "empty");
@@ -227,11 +224,7 @@ TEST_F(OfficeSpreadsheet, WhatCannotBeDoneRaisesAndTheOfficeGoesOn) {
         WriteFile(ReportFolder() + "/jiný.XLS", content);
         office->Open(ReportFolder() + "/jiný.XLS");
     };
-    const struct {
-        const char* what;
-        std::uint32_t code;
-        std::function<void()> act;
-    } cases[] = {
+    const std::tuple<const char*, std::uint32_t, std::function<void()>> cases[] = {
         {"missing sheet", badIndex, [&] { workbook->Worksheet("3-1"); }},
         {"two cells", badIndex, [&] { sheet->SetText("A1:B1", "x"); }},
         {"column that the format does not hold", badIndex, [&] { sheet->SetInteger("IW1:IW1", 1); }},
@@ -262,8 +255,8 @@ TEST_F(OfficeSpreadsheet, WhatCannotBeDoneRaisesAndTheOfficeGoesOn) {
         {"saving a closed workbook", ResultCode::ObjectClosed, [&] { workbook->Save(); }},
         {"cell of a closed workbook", ResultCode::Fail, [&] { sheet->SetText("A1", "x"); }},
     };
-    for (const auto& row : cases)
-        EXPECT_EQ(CodeOf(row.act), row.code) << row.what;
+    for (const auto& [what, code, act] : cases)
+        EXPECT_EQ(CodeOf(act), code) << what;
     EXPECT_TRUE(ReportFiles().filter(".~lock").isEmpty());
     EXPECT_EQ(ReportFiles().filter("výkaz").size(), 1) << "a half-written file was left";
 }
@@ -271,18 +264,13 @@ TEST_F(OfficeSpreadsheet, WhatCannotBeDoneRaisesAndTheOfficeGoesOn) {
 TEST_F(OfficeSpreadsheet, AKilledOrHangingOfficeRaisesAndLeavesTheFileWhole) {
     const QString path = Workbook();
     const QByteArray before = FileBytes(path);
-    const struct {
-        const char* what;
-        int signal;
-        const char* program;
-        std::uint32_t code;
-        bool atSave;
-    } cases[] = {{"killed while writing", SIGKILL, "soffice.bin", serverDied, false},
-                 {"killed before saving", SIGKILL, "soffice.bin", serverDied, true},
-                 {"hanging while writing", SIGSTOP, "", timedOut, false},
-                 {"hanging while saving", SIGSTOP, "", timedOut, true}};
-    for (const auto& row : cases) {
-        SCOPED_TRACE(row.what);
+    const std::tuple<const char*, int, const char*, std::uint32_t, bool> cases[] = {
+        {"killed while writing", SIGKILL, "soffice.bin", serverDied, false},
+        {"killed before saving", SIGKILL, "soffice.bin", serverDied, true},
+        {"hanging while writing", SIGSTOP, "", timedOut, false},
+        {"hanging while saving", SIGSTOP, "", timedOut, true}};
+    for (const auto& [what, signal, program, code, atSave] : cases) {
+        SCOPED_TRACE(what);
         OfficeLimits limits;
         limits.call = 3s; // ample for a call on a busy machine
         auto office = LibreOfficeFactory(limits)();
@@ -293,12 +281,12 @@ TEST_F(OfficeSpreadsheet, AKilledOrHangingOfficeRaisesAndLeavesTheFileWhole) {
         const auto processes = OfficeProcesses();
         EXPECT_GE(processes.size(), 2U);
         const auto start = std::chrono::steady_clock::now();
-        SignalOffice(row.signal, row.program);
-        EXPECT_EQ(CodeOf([&] { row.atSave ? workbook->Save() : sheet->SetInteger("A2:A2", 1); }), row.code);
+        SignalOffice(signal, program);
+        EXPECT_EQ(CodeOf([&] { atSave ? workbook->Save() : sheet->SetInteger("A2:A2", 1); }), code);
         EXPECT_LT(std::chrono::steady_clock::now() - start, 8s);
         ExpectNothingLeft(processes);
-        EXPECT_EQ(CodeOf([&] { workbook->Save(); }), row.code) << "later calls must raise too";
-        EXPECT_EQ(CodeOf([&] { workbook->Close(); }), row.code);
+        EXPECT_EQ(CodeOf([&] { workbook->Save(); }), code) << "later calls must raise too";
+        EXPECT_EQ(CodeOf([&] { workbook->Close(); }), code);
         office->Quit();
         EXPECT_EQ(FileBytes(path), before);
         EXPECT_EQ(ReportFiles(), QStringList{"výkaz.XLS"});
@@ -320,22 +308,20 @@ TEST_F(OfficeSpreadsheet, AnOfficeThatHangsAtItsEndIsEnded) {
 
 TEST_F(OfficeSpreadsheet, AProgramThatIsNoOfficeAnswersNull) {
     const QString script = m_root + "/soffice";
-    const struct {
-        const char* what;
-        const char* script; // null: the program does not exist
-    } cases[] = {
+    // The office is null where the program does not exist.
+    const std::pair<const char*, const char*> cases[] = {
         {"missing", nullptr},
         {"not executable", ""},
         {"ends at once", "#!/bin/sh\nexit 81\n"},
         {"never answers", "#!/bin/sh\nsleep 1000\n"},
         {"never answers and shuns its end", "#!/bin/sh\ntrap '' TERM HUP INT\nsleep 1000 &\nsetsid sleep 1000\n"}};
     qputenv("KUVEL_SOFFICE", QFile::encodeName(script));
-    for (const auto& row : cases) {
-        SCOPED_TRACE(row.what);
+    for (const auto& [what, office] : cases) {
+        SCOPED_TRACE(what);
         QFile::remove(script);
-        if (row.script) {
-            WriteFile(script, row.script);
-            QFile(script).setPermissions(*row.script ? QFile::ReadOwner | QFile::ExeOwner : QFile::ReadOwner);
+        if (office) {
+            WriteFile(script, office);
+            QFile(script).setPermissions(*office ? QFile::ReadOwner | QFile::ExeOwner : QFile::ReadOwner);
         }
         OfficeLimits limits;
         limits.start = 500ms;

@@ -26,10 +26,8 @@ void FillNames(const StoreFolder& folder, const std::vector<std::string>& names)
 
 TEST(DialectDays, CountDaysAndNotHours) {
     StoreFolder folder;
-    const struct {
-        const char* stored;
-        const char* met; // which of the conditions below
-    } dates[] = {
+    // Each with the conditions below that it meets.
+    const std::pair<const char*, const char*> dates[] = {
         {"'2012-03-31 23:59:59'", ".xx.xx."},
         {"'2012-03-31'", ".xx.xx."},
         {"'2012-04-01'", "x.xx.x."},
@@ -53,9 +51,9 @@ TEST(DialectDays, CountDaysAndNotHours) {
         "DATEDIFF(\"d\", #4/1/2012#, move_date)<>1",
         "DATEDIFF(\"d\", #4/1/2012#, move_date)>0",
     };
-    for (const auto& date : dates) {
+    for (const auto& [stored, expected] : dates) {
         folder.Sql(
-            (std::string("BEGIN; DELETE FROM Move; INSERT INTO Move (move_date) VALUES (") + date.stored + "); COMMIT")
+            (std::string("BEGIN; DELETE FROM Move; INSERT INTO Move (move_date) VALUES (") + stored + "); COMMIT")
                 .c_str());
         const auto meets = [&](const std::string& condition) {
             return !folder.store.Query("SELECT * FROM Move WHERE " + condition)->get_EOF();
@@ -67,9 +65,9 @@ TEST(DialectDays, CountDaysAndNotHours) {
             opposite += meets("NOT (" + condition + ")") ? '.' : 'x';
         }
         // What cannot be read meets neither a condition nor its opposite.
-        const bool readable = std::string(date.met) != "none";
-        EXPECT_EQ(readable ? date.met : ".......", met) << date.stored;
-        EXPECT_EQ(readable ? date.met : "xxxxxxx", opposite) << date.stored;
+        const bool readable = std::string(expected) != "none";
+        EXPECT_EQ(readable ? expected : ".......", met) << stored;
+        EXPECT_EQ(readable ? expected : "xxxxxxx", opposite) << stored;
     }
 }
 
@@ -113,11 +111,8 @@ TEST(DialectText, IsSortedAsCzechIs) {
 }
 
 TEST(DialectText, IsComparedWithoutCaseButWithAccents) {
-    const struct {
-        const char* stored;
-        const char* condition; // of cover_name
-        bool met;
-    } cases[] = {
+    // condition: of cover_name
+    const std::tuple<const char*, const char*, bool> cases[] = {
         {"Dřevo", "= 'DŘEVO'", true},
         {"Dřevo", "= 'drevo'", false},
         {"dřevo", "<> 'DŘEVO'", false},
@@ -142,10 +137,10 @@ TEST(DialectText, IsComparedWithoutCaseButWithAccents) {
         {"😀x", "LIKE '_x'", true},
     };
     StoreFolder folder;
-    for (const auto& c : cases) {
-        FillNames(folder, {c.stored});
-        const std::string sql = std::string("SELECT * FROM Cover WHERE cover_name ") + c.condition;
-        EXPECT_EQ(c.met, !folder.store.Query(sql)->get_EOF()) << c.stored << " " << c.condition;
+    for (const auto& [expected, condition, met] : cases) {
+        FillNames(folder, {expected});
+        const std::string sql = std::string("SELECT * FROM Cover WHERE cover_name ") + condition;
+        EXPECT_EQ(met, !folder.store.Query(sql)->get_EOF()) << expected << " " << condition;
     }
     folder.Sql("UPDATE Cover SET cover_name = NULL");
     for (const char* condition : {"= ''", "<> 'a'", "LIKE '%'", "NOT LIKE 'a'", "< 'a'"})
@@ -178,10 +173,8 @@ TEST(DialectNumbers, BesideACurrencyAreWholeUnits) {
 }
 
 TEST(DialectNumbers, AreSetExactlyOrNotAtAll) {
-    const struct {
-        const char* value;
-        const char* stored; // "!" for a refusal
-    } cases[] = {
+    // expected: "!" for a refusal
+    const std::pair<const char*, const char*> cases[] = {
         {"-0.5", "-5000"},
         {"- -7", "70000"},
         {"0.00005", "!"},
@@ -189,9 +182,9 @@ TEST(DialectNumbers, AreSetExactlyOrNotAtAll) {
         {"922337203685477.5808", "!"},
         {"cover_weight*3", "37035"},
     };
-    for (const auto& c : cases) {
+    for (const auto& [value, expected] : cases) {
         SampleFolder folder;
-        const std::string sql = std::string("UPDATE Cover SET cover_weight = ") + c.value + " WHERE cover_id = 2";
+        const std::string sql = std::string("UPDATE Cover SET cover_weight = ") + value + " WHERE cover_id = 2";
         std::string stored;
         try {
             folder.store.ExecuteSQL(sql);
@@ -201,7 +194,7 @@ TEST(DialectNumbers, AreSetExactlyOrNotAtAll) {
         }
         folder.store.CloseDatabase();
         const std::string now = folder.Ask("SELECT cover_weight FROM Cover WHERE cover_id = 2");
-        EXPECT_EQ(c.stored, stored.empty() ? now : stored) << sql;
+        EXPECT_EQ(expected, stored.empty() ? now : stored) << sql;
         if (stored == "!") {
             EXPECT_EQ("12345", now) << sql;
         }
@@ -227,10 +220,8 @@ std::string Product(const StoreFolder& folder, std::int64_t a, std::int64_t b, c
 TEST(DialectProduct, IsExactAndTiesGoToEven) {
     constexpr std::int64_t Most = std::numeric_limits<std::int64_t>::max();
     constexpr std::int64_t Least = std::numeric_limits<std::int64_t>::min();
-    const struct {
-        std::int64_t a, b;
-        const char* product; // "!" for an error
-    } cases[] = {
+    // product: "!" for an error
+    const std::tuple<std::int64_t, std::int64_t, const char*> cases[] = {
         {10000, 10000, "10000"},
         {5000, 1, "0"},  // half of the last place: to even, down
         {15000, 1, "2"}, // to even, up
@@ -251,17 +242,15 @@ TEST(DialectProduct, IsExactAndTiesGoToEven) {
     };
     StoreFolder folder;
     folder.Sql("INSERT INTO Prod_Cover (cp_id) VALUES (1)");
-    for (const auto& c : cases) {
+    for (const auto& [a, b, product] : cases) {
         for (const char* item : {"cp_qtycover*cp_qtyprod", "Sum(cp_qtycover*cp_qtyprod)"})
-            EXPECT_EQ(c.product, Product(folder, c.a, c.b, item)) << c.a << " " << c.b << " " << item;
+            EXPECT_EQ(product, Product(folder, a, b, item)) << a << " " << b << " " << item;
     }
 }
 
 TEST(DialectTotals, AreExactOrAnError) {
-    const struct {
-        const char* rows; // cp_qtycover, cp_qtyprod
-        const char *sum, *sumOfProducts;
-    } cases[] = {
+    // rows: cp_qtycover, cp_qtyprod
+    const std::tuple<const char*, const char*, const char*> cases[] = {
         {"", "null", "null"},
         {"(NULL, 10000), (NULL, NULL)", "null", "null"},
         {"(NULL, 10000), (20000, 10000)", "2,0000", "2,0000"},
@@ -273,10 +262,10 @@ TEST(DialectTotals, AreExactOrAnError) {
         {"(-9223372036854775808, 10000), (-1, 10000)", "!", "!"},
         {"(9223372036854775807, 20000), (-9223372036854775807, 20000)", "0,0000", "!"},
     };
-    for (const auto& c : cases) {
+    for (const auto& [rows, sum, sumOfProducts] : cases) {
         StoreFolder folder;
-        if (*c.rows != 0)
-            folder.Sql((std::string("INSERT INTO Prod_Cover (cp_qtycover, cp_qtyprod) VALUES ") + c.rows).c_str());
+        if (*rows != 0)
+            folder.Sql((std::string("INSERT INTO Prod_Cover (cp_qtycover, cp_qtyprod) VALUES ") + rows).c_str());
         const auto total = [&](const char* item) -> std::string {
             try {
                 return Rows(folder.store, std::string("SELECT Sum(") + item + ") AS s FROM Prod_Cover", "s");
@@ -284,10 +273,10 @@ TEST(DialectTotals, AreExactOrAnError) {
                 return "!";
             }
         };
-        EXPECT_EQ(c.sumOfProducts, total("cp_qtycover*cp_qtyprod")) << c.rows;
+        EXPECT_EQ(sumOfProducts, total("cp_qtycover*cp_qtyprod")) << rows;
         // Whether the engine minds a sum that overflows on its way is its own affair.
-        if (std::string(c.sum) != "!" || std::string(c.sumOfProducts) == "!") {
-            EXPECT_EQ(c.sum, total("cp_qtycover")) << c.rows;
+        if (std::string(sum) != "!" || std::string(sumOfProducts) == "!") {
+            EXPECT_EQ(sum, total("cp_qtycover")) << rows;
         }
     }
 }
@@ -305,10 +294,8 @@ TEST(DialectTotals, StandInAnyExpression) {
 
 TEST(DialectPlan, AnIndexServesWhatGrowsLarge) {
     SampleFolder folder;
-    const struct {
-        const char* sql;
-        const char* used; // in the plan of the engine
-    } cases[] = {
+    // used: in the plan of the engine
+    const std::pair<const char*, const char*> cases[] = {
         {"SELECT Cover.cover_mat, Sum(Move_Cover.mvcover_qty*Cover.cover_weight) AS SumWeight FROM (Move INNER JOIN "
          "Move_Cover ON Move.move_id = Move_Cover.move_id) INNER JOIN Cover ON Move_Cover.cover_id = Cover.cover_id "
          "WHERE DATEDIFF(\"d\", #4/1/2012#, move_date)>=0 AND DATEDIFF(\"d\", move_date, #6/30/2012#)>=0 AND "
@@ -334,12 +321,12 @@ TEST(DialectPlan, AnIndexServesWhatGrowsLarge) {
          "(Move_Prod.prod_id=1) ",
          "Move_Prod_prod_id (prod_id=?)"},
     };
-    for (const auto& c : cases) {
-        const CEngine::PreparedPtr prepared = folder.store.Engine().Prepare(c.sql);
+    for (const auto& [sql, used] : cases) {
+        const CEngine::PreparedPtr prepared = folder.store.Engine().Prepare(sql);
         sqlite::Statement plan(folder.store.Engine().Handle(), "EXPLAIN QUERY PLAN " + prepared->translation.sql);
         std::string text;
         while (plan.Step())
             text += std::string(plan.Text(3)) + "\n";
-        EXPECT_NE(std::string::npos, text.find(c.used)) << c.sql << "\n" << prepared->translation.sql << "\n" << text;
+        EXPECT_NE(std::string::npos, text.find(used)) << sql << "\n" << prepared->translation.sql << "\n" << text;
     }
 }

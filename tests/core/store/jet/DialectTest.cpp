@@ -6,9 +6,7 @@
 #include <gtest/gtest.h>
 
 TEST(Dialect, EachQueryGivesItsRows) {
-    const struct {
-        const char *sql, *columns, *rows;
-    } cases[] = {
+    const std::tuple<const char*, const char*, const char*> cases[] = {
         // The packaging of an issued product.
         {"SELECT Move.move_date, Move_Prod.* FROM Move INNER JOIN Move_Prod ON Move.move_id = Move_Prod.move_id "
          "WHERE (Move_Prod.prod_id=1) ",
@@ -39,14 +37,12 @@ TEST(Dialect, EachQueryGivesItsRows) {
          "totWeight", "null"},
     };
     SampleFolder folder;
-    for (const auto& c : cases)
-        EXPECT_EQ(c.rows, Rows(folder.store, c.sql, c.columns)) << c.sql;
+    for (const auto& [sql, columns, rows] : cases)
+        EXPECT_EQ(rows, Rows(folder.store, sql, columns)) << sql;
 }
 
 TEST(Dialect, ListsAreSortedBothWays) {
-    const struct {
-        const char *sql, *key, *ascending, *descending;
-    } cases[] = {
+    const std::tuple<const char*, const char*, const char*, const char*> cases[] = {
         {"SELECT * FROM Cover WHERE (deleted = FALSE) ORDER BY cover_name", "cover_id", "1 2 3 4 5 6", "6 5 4 3 2 1"},
         {"SELECT * FROM Cover WHERE (deleted = FALSE) ORDER BY cover_weight", "cover_id", "6 4 1 2 3 5", "5 3 2 1 4 6"},
         {"SELECT * FROM Cover WHERE (deleted = FALSE) ORDER BY cover_reusable", "cover_id", "2 4 1 3 5 6",
@@ -63,9 +59,9 @@ TEST(Dialect, ListsAreSortedBothWays) {
          "mvcover_id", "2 9 8 1 7 3", "3 1 7 8 2 9"},
     };
     SampleFolder folder;
-    for (const auto& c : cases) {
-        EXPECT_EQ(c.ascending, Rows(folder.store, c.sql, c.key)) << c.sql;
-        EXPECT_EQ(c.descending, Rows(folder.store, std::string(c.sql) + " DESC", c.key)) << c.sql << " DESC";
+    for (const auto& [sql, key, ascending, descending] : cases) {
+        EXPECT_EQ(ascending, Rows(folder.store, sql, key)) << sql;
+        EXPECT_EQ(descending, Rows(folder.store, std::string(sql) + " DESC", key)) << sql << " DESC";
     }
 }
 
@@ -85,10 +81,8 @@ TEST(Dialect, ACommandChangesItsRowsAlone) {
 
 TEST(Dialect, ATypedTextGoesInAsItStands) {
     SampleFolder folder;
-    const struct {
-        const char* typed;
-        const char* keys; // "!" for a text that breaks the statement
-    } cases[] = {
+    // expected: "!" for a text that breaks the statement
+    const std::pair<const char*, const char*> cases[] = {
         {"d''Or", "5"}, // the user doubles it, nothing else does
         {"d'Or", "!"},
         {"' OR 'a'='a", "1 2 3 4 5 6 7"},
@@ -97,9 +91,9 @@ TEST(Dialect, ATypedTextGoesInAsItStands) {
         {"%li", ""},
         {"", "3"},
     };
-    for (const auto& c : cases) {
+    for (const auto& [typed, expected] : cases) {
         const std::string sql =
-            SqlText("SELECT * FROM Cover WHERE (cover_note = '%s') ORDER BY cover_id", std::string(c.typed));
+            SqlText("SELECT * FROM Cover WHERE (cover_note = '%s') ORDER BY cover_id", std::string(typed));
         std::string keys;
         try {
             keys = Rows(folder.store, sql, "cover_id");
@@ -107,7 +101,7 @@ TEST(Dialect, ATypedTextGoesInAsItStands) {
             keys = "!";
             EXPECT_EQ(sql, error.Text());
         }
-        EXPECT_EQ(c.keys, keys) << sql;
+        EXPECT_EQ(expected, keys) << sql;
     }
     EXPECT_EQ("7", folder.Ask("SELECT count(*) FROM Cover"));
 }

@@ -101,23 +101,18 @@ TEST_F(CompCoverRegisterTest, OffersTheMenuOfTheComposition) {
 }
 
 TEST_F(CompCoverRegisterTest, FailuresWhileCopyingLeaveWhatWasWritten) {
-    const struct {
-        const char* what;
-        const char* fault;
-        const char* items;
-        const char* composites;
-    } cases[] = {
+    const std::tuple<const char*, const char*, const char*, const char*> cases[] = {
         {"the old items", "DELETE ON CompCover_Item", StoredItems, "1|Jiná|dvě 2|Balík|"},
         {"the second item", "INSERT ON CompCover_Item WHEN NEW.cover_id = 1",
          "2|3|10000|10000|1|7|8|2|0|2 1|2|30000|10000|0|5000|99000|2|0|2", "1|Jiná|dvě 2|Balík|"},
     };
-    for (const auto& each : cases) {
-        SCOPED_TRACE(each.what);
-        Fault(each.fault);
+    for (const auto& [what, fault, items, composites] : cases) {
+        SCOPED_TRACE(what);
+        Fault(fault);
         List("composites").SelectRow(List("composites").CellText(0, 0) == Czech("Balík") ? 1 : 0);
         ExpectError([&] { Do(ID_RECORD_EDIT, {Typed("name", "Jiná"), Clicked("ok")}); });
-        EXPECT_EQ(each.items, folder.AskAll(AllItems));
-        EXPECT_EQ(each.composites, folder.AskAll(Composites));
+        EXPECT_EQ(items, folder.AskAll(AllItems));
+        EXPECT_EQ(composites, folder.AskAll(Composites));
         EXPECT_EQ(1, List("composites").SelectedId());
         folder.Sql("DROP TRIGGER fault");
     }

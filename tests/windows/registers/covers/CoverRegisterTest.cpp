@@ -42,24 +42,20 @@ TEST_F(CoverRegisterTest, ChecksInOrderAndPutsTheFocusOnTheFault) {
 }
 
 TEST_F(CoverRegisterTest, LinksMaterialAndStatisticalKind) {
-    const struct {
-        const char* combo;
-        int row;
-        int material;
-        int stat;
-    } cases[] = {{"material", 7, 6, 3}, {"stat", 1, 0, 1}, {"stat", 2, 0, 2},
-                 {"stat", 3, 6, 3},     {"stat", 0, 5, 0}, {"material", 1, 29, 0}};
+    const std::tuple<const char*, int, int, int> cases[] = {{"material", 7, 6, 3}, {"stat", 1, 0, 1},
+                                                            {"stat", 2, 0, 2},     {"stat", 3, 6, 3},
+                                                            {"stat", 0, 5, 0},     {"material", 1, 29, 0}};
     // The rows of the material list: wood 0, textile 1, then the others, one below their code.
     Do(ID_RECORD_ADD, {[&](QWidget& dialog) {
                            auto& material = Find<QComboBox>(dialog, "material");
                            EXPECT_EQ("textil", material.itemText(1).toStdString());
                            EXPECT_EQ(30, material.count());
-                           for (const auto& each : cases) {
+                           for (const auto& [combo, row, picked, stat] : cases) {
                                material.setCurrentIndex(6);
                                Pick(dialog, "stat", 0);
-                               Pick(dialog, each.combo, each.row);
-                               EXPECT_EQ(each.material, material.currentData().toInt()) << each.row;
-                               EXPECT_EQ(each.stat, Find<QComboBox>(dialog, "stat").currentData().toInt()) << each.row;
+                               Pick(dialog, combo, row);
+                               EXPECT_EQ(picked, material.currentData().toInt()) << row;
+                               EXPECT_EQ(stat, Find<QComboBox>(dialog, "stat").currentData().toInt()) << row;
                            }
                        },
                        Clicked("cancel")});
@@ -67,13 +63,8 @@ TEST_F(CoverRegisterTest, LinksMaterialAndStatisticalKind) {
 
 TEST_F(CoverRegisterTest, AChangedTripleGoesWhereTheOptionsSay) {
     const Act payment = Picked("payment", 0);
-    const struct {
-        const char* what;
-        PropagationOptions options;
-        Act change;
-        const char* rows; // composites, packaging, issues
-        bool told;
-    } cases[] = {
+    // rows: composites, packaging, issues
+    const std::tuple<const char*, PropagationOptions, Act, const char*, bool> cases[] = {
         {"note only", {}, Typed("note", "jiná"), "3|3|3 3|3|3 3|3|3", false},
         {"weight", {}, Typed("weight", "3"), "3|3|3 3|3|3 3|3|3", false},
         {"all", {}, payment, "1|1|0 1|1|0 1|1|0", true},
@@ -87,18 +78,18 @@ TEST_F(CoverRegisterTest, AChangedTripleGoesWhereTheOptionsSay) {
     const char* const triples = "SELECT cover_type, cover_org, cover_pay FROM CompCover_Item WHERE cover_id = 1 UNION "
                                 "ALL SELECT cover_type, cover_org, cover_pay FROM Prod_Cover UNION ALL SELECT "
                                 "cover_type, cover_org, cover_pay FROM Move_Cover";
-    for (const auto& each : cases) {
-        SCOPED_TRACE(each.what);
+    for (const auto& [what, options, change, rows, told] : cases) {
+        SCOPED_TRACE(what);
         folder.Sql("UPDATE Cover SET cover_type = 1, cover_org = 1, cover_pay = 1, cover_stat = 0 WHERE cover_id = 1;"
                    "UPDATE CompCover_Item SET cover_type = 3, cover_org = 3, cover_pay = 3;"
                    "UPDATE Prod_Cover SET cover_type = 3, cover_org = 3, cover_pay = 3;"
                    "UPDATE Move_Cover SET cover_type = 3, cover_org = 3, cover_pay = 3");
         Execute(ID_RECORD_REFRESH);
-        *Options() = each.options;
-        Do(ID_RECORD_EDIT, {each.change, Clicked("ok")});
-        EXPECT_EQ(each.rows, folder.AskAll(triples));
+        *Options() = options;
+        Do(ID_RECORD_EDIT, {change, Clicked("ok")});
+        EXPECT_EQ(rows, folder.AskAll(triples));
         EXPECT_EQ("3", folder.Ask("SELECT cover_type FROM CompCover_Item WHERE cover_id = 3"));
-        ExpectTold(each.told ? 1 : 0);
+        ExpectTold(told ? 1 : 0);
     }
     EXPECT_EQ(1, List("covers").SelectedId());
     *Options() = {};
@@ -139,10 +130,8 @@ TEST_F(CoverRegisterTest, AddsAndEditsADiscard) {
 }
 
 TEST_F(CoverRegisterTest, FiltersByWhatIsTicked) {
-    const struct {
-        std::vector<Act> acts; // on what the filter before left
-        const char* names;
-    } cases[] = {
+    // acts: on what the filter before left
+    const std::pair<std::vector<Act>, const char*> cases[] = {
         {{Clicked("byName"), Typed("name", "folie"), Clicked("namePart")}, "PE folie 20 µm"},
         {{Shows("name", "folie"), Shows("namePart", "ano"), Clicked("namePart")}, ""},
         {{Clicked("byName"), Clicked("byWeight"), Typed("weightFrom", "0,2"), Typed("weightTo", "1")}, "Fólie"},
@@ -157,9 +146,9 @@ TEST_F(CoverRegisterTest, FiltersByWhatIsTicked) {
          ""},
         {{Typed("name", "ól")}, "Fólie"}, // all seven
     };
-    for (const auto& each : cases) {
-        Do(ID_RECORD_FILTER, {InTurn(each.acts), Clicked("ok")});
-        EXPECT_EQ(each.names, Names(List("covers")));
+    for (const auto& [acts, names] : cases) {
+        Do(ID_RECORD_FILTER, {InTurn(acts), Clicked("ok")});
+        EXPECT_EQ(names, Names(List("covers")));
     }
 }
 

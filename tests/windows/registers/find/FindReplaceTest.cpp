@@ -114,13 +114,7 @@ protected:
 };
 
 TEST_F(FindReplace, EachRegisterOffersItsAreasAndChoosesByASortedColumn) {
-    const struct {
-        Command show;
-        const char* sorted;
-        int column;
-        const char* areas;
-        const char* chosen;
-    } cases[] = {
+    const std::tuple<Command, const char*, int, const char*, const char*> cases[] = {
         {ID_SHOW_COVERS, "covers", 0, "Název|Materiál|Opakovaně používaný|Typ|Původ|Platba", "Název"},
         {ID_SHOW_COVERS, "covers", 1, nullptr, "Materiál"},
         {ID_SHOW_COVERS, "covers", 2, nullptr, ""},
@@ -140,44 +134,40 @@ TEST_F(FindReplace, EachRegisterOffersItsAreasAndChoosesByASortedColumn) {
         {ID_SHOW_ISSUES, "issuedCovers", 3, nullptr, "Typ"},
     };
     frame->resize(1400, 600);
-    for (const auto& c : cases) {
-        SCOPED_TRACE(std::string(c.sorted) + std::to_string(c.column));
-        frame->RunCommand(c.show);
-        RecordList& sorted = List(c.sorted);
-        if (sorted.SortColumn() != c.column)
-            ClickHeader(sorted, c.column);
-        ASSERT_EQ(c.column, sorted.SortColumn());
-        Open(c.show, Qt::Key_F);
-        EXPECT_EQ(c.chosen, Combo("area").currentText().toStdString());
+    for (const auto& [show, list, column, areas, chosen] : cases) {
+        SCOPED_TRACE(std::string(list) + std::to_string(column));
+        frame->RunCommand(show);
+        RecordList& sorted = List(list);
+        if (sorted.SortColumn() != column)
+            ClickHeader(sorted, column);
+        ASSERT_EQ(column, sorted.SortColumn());
+        Open(show, Qt::Key_F);
+        EXPECT_EQ(chosen, Combo("area").currentText().toStdString());
         EXPECT_EQ("find", Focus(Window()));
-        if (c.areas == nullptr)
+        if (areas == nullptr)
             continue;
-        EXPECT_EQ(c.areas, Items("area"));
+        EXPECT_EQ(areas, Items("area"));
     }
 }
 
 TEST_F(FindReplace, TheValuesFollowTheArea) {
-    const struct {
-        Command show;
-        const char* area;
-        const char* values;
-    } cases[] = {
+    const std::tuple<Command, const char*, const char*> cases[] = {
         {ID_SHOW_COVERS, "Název", ""},
         {ID_SHOW_COVERS, "Platba", "neplacený|předplacený|zpoplatněný"},
         {ID_SHOW_COVERS, "Opakovaně používaný", "ano|ne"},
         {ID_SHOW_COVERS, "Typ", "prodejní|průmyslový|přepravní|skupinový"},
         {ID_SHOW_ISSUES, "Typ", "dodací list|faktura|prodejka|výdejka"},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.area);
-        Open(c.show);
+    for (const auto& [show, expected, values] : cases) {
+        SCOPED_TRACE(expected);
+        Open(show);
         Enter("find", "old");
         Enter("replaceWith", "older");
-        const int area = Combo("area").findText(Czech(c.area));
+        const int area = Combo("area").findText(Czech(expected));
         Pick(Window(), "area", area == 0 ? 1 : 0);
         Pick(Window(), "area", area);
         for (const char* combo : {"find", "replaceWith"}) {
-            EXPECT_EQ(c.values, Items(combo));
+            EXPECT_EQ(values, Items(combo));
             EXPECT_EQ("", Combo(combo).currentText().toStdString());
         }
     }
@@ -187,14 +177,8 @@ TEST_F(FindReplace, TheValuesFollowTheArea) {
 }
 
 TEST_F(FindReplace, RefusesInOrderAndPutsTheFocusOnTheFault) {
-    const struct {
-        const char* area; // null for none
-        const char* find;
-        const char* replaceWith;
-        const char* button;
-        const char* warning;
-        const char* focus;
-    } cases[] = {
+    // expected: null for none
+    const std::tuple<const char*, const char*, const char*, const char*, const char*, const char*> cases[] = {
         {"Název", "", "", "findNext", "Není zadána výchozí hodnota!", "find"},
         {nullptr, "x", "x", "replaceAll", "Nová hodnota je stejná jako stará hodnota!", "replaceWith"},
         {nullptr, "x", "", "findNext", "Vyberte oblast hledání!", "area"},
@@ -203,13 +187,13 @@ TEST_F(FindReplace, RefusesInOrderAndPutsTheFocusOnTheFault) {
         {"Opakovaně používaný", "ano", "?", "replaceAll", "Není vybrána nová hodnota!", "replaceWith"},
     };
     const std::string stored = folder.AskAll(StoredCovers);
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.warning + std::string(" ") + c.button);
+    for (const auto& [expected, find, replaceWith, button, warning, focus] : cases) {
+        SCOPED_TRACE(warning + std::string(" ") + button);
         Open();
-        FillIn(c.area, c.find, false, c.replaceWith);
-        messages.Expect(Czech(c.warning), Message::Icon::Warning);
-        EXPECT_EQ("0", Press(Covers(), c.button));
-        EXPECT_EQ(c.focus, Focus(Window()));
+        FillIn(expected, find, false, replaceWith);
+        messages.Expect(Czech(warning), Message::Icon::Warning);
+        EXPECT_EQ("0", Press(Covers(), button));
+        EXPECT_EQ(focus, Focus(Window()));
         EXPECT_TRUE(Window().isVisible());
     }
     EXPECT_EQ(stored, folder.AskAll(StoredCovers));
@@ -217,90 +201,72 @@ TEST_F(FindReplace, RefusesInOrderAndPutsTheFocusOnTheFault) {
 
 // Rows: 0 abcab, 1 BOX 50_, 2 Box 50%, 3 d'Or, 4 Žlutý box.
 TEST_F(FindReplace, FindsTheNextMatchAndBeginsAgainAfterTheLastRow) {
-    const struct {
-        const char* area;
-        const char* find;
-        bool partial;
-        int from; // −1 for no row selected
-        const char* rows;
-    } cases[] = {
+    // from: −1 for no row selected
+    const std::tuple<const char*, const char*, bool, int, const char*> cases[] = {
         {"Název", "box", false, 0, "! !"},          {"Název", "box", true, 0, "1 2 4 1"},
         {"Název", "50%", true, -1, "1 2 ! 1"}, // a wild card at the end
         {"Název", "x_5", true, -1, "1 2 !"},   // any letter
         {"Název", "zluty", true, -1, "!"},     // accents count
         {"Materiál", "papír", false, 0, "1 4 0 1"}, {"Opakovaně používaný", "ano", false, -1, "2 4 2"},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.find);
-        Select(c.from);
+    for (const auto& [expected, find, partial, from, rows] : cases) {
+        SCOPED_TRACE(find);
+        Select(from);
         Open(ID_SHOW_COVERS, Qt::Key_F);
-        FillIn(c.area, c.find, c.partial);
-        for (const QString& row : QString::fromLatin1(c.rows).split(u' '))
+        FillIn(expected, find, partial);
+        for (const QString& row : QString::fromLatin1(rows).split(u' '))
             EXPECT_EQ(row.toStdString(), Press(Covers(), "findNext"));
         EXPECT_EQ(beeps > 0 && Covers().SelectedRow() < 0, Covers().FocusedRow() < 0);
     }
 }
 
 TEST_F(FindReplace, ReplacesInTheRowsThatMatch) {
-    const struct {
-        const char* what;
-        const char* area;
-        const char* find;
-        const char* replaceWith;
-        bool partial;
-        int from;
-        const char* presses;
-        const char* result;
-        const char* stored;
-    } cases[] = {
-        {"part", "Název", "ab", "x", true, 0, "replace", "!", "xcx|BOX 50_|Box 50%|d'Or|Žlutý box"},
-        {"part in its own case", "Název", "box", "bedna", true, -1, "replaceAll", "!",
-         "abcab|BOX 50_|Box 50%|d'Or|Žlutý bedna"},
-        {"whole", "Název", "box 50%", "Bedna", false, -1, "replaceAll", "!", "abcab|BOX 50_|Bedna|d'Or|Žlutý box"},
-        {"wild card", "Název", "50%", "60", true, 2, "replace replace", "! 1", "abcab|BOX 50_|Box 60|d'Or|Žlutý box"},
-        {"apostrophe", "Název", "Box 50%", "o'neill", false, 2, "replace", "!", "abcab|BOX 50_|o'neill|d'Or|Žlutý box"},
-        {"still matching", "Název", "b", "bb", true, 0, "replaceAll", "!", "abbcabb|BOX 50_|Box 50%|d'Or|Žlutý bbox"},
-        {"row that does not match", "Název", "box", "x", true, 0, "replace replace replace replace", "1 2 4 1",
-         "abcab|BOX 50_|Box 50%|d'Or|Žlutý x"},
-        {"no row", "Název", "abcab", "x", false, -1, "replace replace", "0 !", "x|BOX 50_|Box 50%|d'Or|Žlutý box"},
-        {"code", "Materiál", "papír", "vlnitá lepenka", true, 0, "replaceAll", "!", "27|27|26|0|27"},
-        {"no to yes", "Opakovaně používaný", "ne", "ano", false, 0, "replace", "1", "1|0|1|0|1"},
-    };
+    const std::tuple<const char*, const char*, const char*, const char*, bool, int, const char*, const char*,
+                     const char*>
+        cases[] = {
+            {"part", "Název", "ab", "x", true, 0, "replace", "!", "xcx|BOX 50_|Box 50%|d'Or|Žlutý box"},
+            {"part in its own case", "Název", "box", "bedna", true, -1, "replaceAll", "!",
+             "abcab|BOX 50_|Box 50%|d'Or|Žlutý bedna"},
+            {"whole", "Název", "box 50%", "Bedna", false, -1, "replaceAll", "!", "abcab|BOX 50_|Bedna|d'Or|Žlutý box"},
+            {"wild card", "Název", "50%", "60", true, 2, "replace replace", "! 1",
+             "abcab|BOX 50_|Box 60|d'Or|Žlutý box"},
+            {"apostrophe", "Název", "Box 50%", "o'neill", false, 2, "replace", "!",
+             "abcab|BOX 50_|o'neill|d'Or|Žlutý box"},
+            {"still matching", "Název", "b", "bb", true, 0, "replaceAll", "!",
+             "abbcabb|BOX 50_|Box 50%|d'Or|Žlutý bbox"},
+            {"row that does not match", "Název", "box", "x", true, 0, "replace replace replace replace", "1 2 4 1",
+             "abcab|BOX 50_|Box 50%|d'Or|Žlutý x"},
+            {"no row", "Název", "abcab", "x", false, -1, "replace replace", "0 !", "x|BOX 50_|Box 50%|d'Or|Žlutý box"},
+            {"code", "Materiál", "papír", "vlnitá lepenka", true, 0, "replaceAll", "!", "27|27|26|0|27"},
+            {"no to yes", "Opakovaně používaný", "ne", "ano", false, 0, "replace", "1", "1|0|1|0|1"},
+        };
     folder.Sql("CREATE TABLE Kept AS SELECT * FROM Cover");
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.what);
+    for (const auto& [what, expected, find, replaceWith, partial, from, presses, result, stored] : cases) {
+        SCOPED_TRACE(what);
         folder.Sql("DELETE FROM Cover; INSERT INTO Cover SELECT * FROM Kept");
         frame->RunCommand(ID_RECORD_REFRESH);
         ASSERT_EQ("abcab, BOX 50_, Box 50%, d'Or, Žlutý box", Names(Covers()));
-        Select(c.from);
+        Select(from);
         Open();
-        FillIn(c.area, c.find, c.partial, c.replaceWith);
+        FillIn(expected, find, partial, replaceWith);
         QStringList results;
-        for (const QString& button : QString::fromLatin1(c.presses).split(u' '))
+        for (const QString& button : QString::fromLatin1(presses).split(u' '))
             results.append(QString::fromStdString(Press(Covers(), button.toLatin1().constData())));
-        EXPECT_EQ(c.result, results.join(u' ').toStdString());
+        EXPECT_EQ(result, results.join(u' ').toStdString());
         const char* const columns[] = {"cover_name", "cover_mat", "cover_reusable"};
-        EXPECT_EQ(c.stored, folder.AskAll(SqlText("SELECT group_concat(%s, '|') FROM Cover WHERE cover_id < 6",
-                                                  columns[Combo("area").currentIndex()])
-                                              .c_str()));
+        EXPECT_EQ(stored, folder.AskAll(SqlText("SELECT group_concat(%s, '|') FROM Cover WHERE cover_id < 6",
+                                                columns[Combo("area").currentIndex()])
+                                            .c_str()));
         EXPECT_EQ("Žlutý Box", folder.AskAll("SELECT cover_name FROM Cover WHERE deleted")) << "not in the list";
         if (Combo("area").currentIndex() == 0) {
-            EXPECT_EQ(Czech(c.stored).replace(u'|', QStringLiteral(", ")).toStdString(), Names(Covers()))
+            EXPECT_EQ(Czech(stored).replace(u'|', QStringLiteral(", ")).toStdString(), Names(Covers()))
                 << "in the old order";
         }
     }
 }
 
 TEST_F(FindReplace, EachRegisterIsTheTargetOfTheWindowItOpenedLast) {
-    const struct {
-        Command show;
-        const char* list;
-        const char* area;
-        const char* find;
-        const char* replaceWith;
-        const char* ask;
-        const char* stored;
-    } cases[] = {
+    const std::tuple<Command, const char*, const char*, const char*, const char*, const char*, const char*> cases[] = {
         {ID_SHOW_COMPOSITES, "composites", "Poznámka", "b", "c", "SELECT ccover_note FROM CompCover", "a c"},
         {ID_SHOW_PRODUCTS, "products", "Jednotka", "ks", "kg", "SELECT prod_unit FROM Product", "kg kg"},
         {ID_SHOW_ISSUES, "issues", "Číslo dokumentu", "d-1", "D-9", "SELECT move_num FROM Move ORDER BY move_id",
@@ -309,14 +275,14 @@ TEST_F(FindReplace, EachRegisterIsTheTargetOfTheWindowItOpenedLast) {
         {ID_SHOW_ISSUES, "issues", "Export", "ne", "ano", "SELECT move_export FROM Move", "1 1"},
         {ID_SHOW_COVERS, "covers", "Typ", "skupinový", "prodejní", "SELECT cover_type FROM Cover", "0 2 2 2 3 3"},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.area);
-        Open(c.show);
-        FillIn(c.area, c.find, false, c.replaceWith);
+    for (const auto& [show, list, expected, find, replaceWith, ask, stored] : cases) {
+        SCOPED_TRACE(expected);
+        Open(show);
+        FillIn(expected, find, false, replaceWith);
         // Switching to another register does not make that one the target.
-        frame->RunCommand(c.show == ID_SHOW_PRODUCTS ? ID_SHOW_COVERS : ID_SHOW_PRODUCTS);
-        EXPECT_EQ("!", Press(List(c.list), "replaceAll"));
-        EXPECT_EQ(c.stored, folder.AskAll(c.ask));
+        frame->RunCommand(show == ID_SHOW_PRODUCTS ? ID_SHOW_COVERS : ID_SHOW_PRODUCTS);
+        EXPECT_EQ("!", Press(List(list), "replaceAll"));
+        EXPECT_EQ(stored, folder.AskAll(ask));
     }
     EXPECT_EQ(1, frame->findChildren<QDialog*>(QStringLiteral("findReplaceDlg")).size());
 }

@@ -59,10 +59,8 @@ TEST_F(IssueRegisterTest, EditingAnIssueStoresAllFourAndKeepsItsCovers) {
 }
 
 TEST_F(IssueRegisterTest, FiltersByWhatIsTicked) {
-    const struct {
-        std::vector<Act> acts; // on what the filter before left
-        const char* names;
-    } cases[] = {
+    // acts: on what the filter before left
+    const std::pair<std::vector<Act>, const char*> cases[] = {
         {{ShowsEnabled({"num", "numPart", "dateFrom", "dateTo", "exported"}, false), Clicked("byNum"),
           ShowsEnabled({"num", "numPart"}, true), ShowsEnabled({"dateFrom", "exported"}, false), Typed("num", "d-")},
          ""},
@@ -78,9 +76,9 @@ TEST_F(IssueRegisterTest, FiltersByWhatIsTicked) {
         {{Clicked("byExport")}, ""},
         {{Clicked("exported")}, "D-2"}, // all three
     };
-    for (const auto& each : cases) {
-        Do(ID_RECORD_FILTER, {InTurn(each.acts), Clicked("ok")});
-        EXPECT_EQ(each.names, Names(List("issues")));
+    for (const auto& [acts, names] : cases) {
+        Do(ID_RECORD_FILTER, {InTurn(acts), Clicked("ok")});
+        EXPECT_EQ(names, Names(List("issues")));
     }
 }
 

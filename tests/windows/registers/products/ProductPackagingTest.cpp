@@ -65,13 +65,7 @@ TEST_F(ProductPackagingTest, AddsTheItemsOfACompositeUnchanged) {
 
 TEST_F(ProductPackagingTest, ChangesARow) {
     const Act range = Clicked("useRange");
-    const struct {
-        const char* what;
-        int row;
-        Act change;
-        const char* stored;
-        bool changed;
-    } cases[] = {
+    const std::tuple<const char*, int, Act, const char*, bool> cases[] = {
         {"nothing", 0, InTurn({}), "20000|10000|1|30000|90000|2|0|1", false},
         {"the same again", 0, Typed("covers", "2,00"), "20000|10000|1|30000|90000|2|0|1", false},
         {"covers", 0, Typed("covers", "2,0001"), "20001|10000|1|30000|90000|2|0|1", true},
@@ -86,23 +80,23 @@ TEST_F(ProductPackagingTest, ChangesARow) {
         {"any quantity leaves the range that was stored", 1, InTurn({Typed("useFrom", "7"), Clicked("useAlways")}),
          "10000|100000|1|10000|1000000|1|1|2", true},
     };
-    for (const auto& each : cases) {
-        SCOPED_TRACE(each.what);
+    for (const auto& [what, row, change, stored, changed] : cases) {
+        SCOPED_TRACE(what);
         UseFirstRow("cp_qtycover = 20000, cp_qtyprod = 10000, cp_usealways = 1, cp_usefrom = 30000, cp_useto = 90000, "
                     "cover_type = 2, cover_org = 0, cover_pay = 1");
         folder.Sql("UPDATE Prod_Cover SET cp_usealways = 0, cp_usefrom = 10000, cp_useto = 1000000 WHERE cp_id = 2");
         PackIssuesByHand();
         Execute(ID_RECORD_REFRESH);
-        ClickRow(List("packaging"), each.row);
-        Do(ID_SUBDETAIL_EDIT, {Shows("finish", "OK"), each.change, Clicked("finish")});
-        EXPECT_EQ(each.stored,
+        ClickRow(List("packaging"), row);
+        Do(ID_SUBDETAIL_EDIT, {Shows("finish", "OK"), change, Clicked("finish")});
+        EXPECT_EQ(stored,
                   folder.AskAll(("SELECT cp_qtycover, cp_qtyprod, cp_usealways, cp_usefrom, cp_useto, cover_type, "
                                  "cover_org, cover_pay FROM Prod_Cover WHERE cp_id = " +
-                                 std::to_string(each.row + 1))
+                                 std::to_string(row + 1))
                                     .c_str()));
-        EXPECT_EQ(!each.changed, Issued() == ByHand) << Issued();
+        EXPECT_EQ(!changed, Issued() == ByHand) << Issued();
         EXPECT_EQ(0, List("packaging").SelectedRow());
-        ExpectTold(each.changed ? 1 : 0);
+        ExpectTold(changed ? 1 : 0);
     }
     Do(ID_SUBDETAIL_EDIT, {Typed("covers", "3"), range, Clicked("finish")});
     EXPECT_EQ("Fólie|0,75|1,00|0,00|1000,00|prodejní|dovezený do ČR|zpoplatněný",
@@ -131,24 +125,17 @@ TEST_F(ProductPackagingTest, ChecksTheValuesInOrderAndPutsTheFocusOnTheFault) {
 }
 
 TEST_F(ProductPackagingTest, NumberAndWeightFollowEachOtherWithoutAnEcho) {
-    const struct {
-        int pieceWeight; // ten-thousandths of a kilogram
-        const char* edit;
-        const char* typed;
-        const char* other;
-        const char* shown;
-    } cases[] = {
+    // pieceWeight: ten-thousandths of a kilogram
+    const std::tuple<int, const char*, const char*, const char*, const char*> cases[] = {
         {3000, "covers", "3", "weight", "0,9"}, {3000, "weight", "1", "covers", "3,3333"},
         {3000, "weight", "", "covers", "0"},    {3000, "covers", "-2", "weight", "-0,6"},
         {1, "weight", "0,5", "covers", "5000"}, {1, "covers", "0,9999", "weight", "0"},
         {0, "covers", "3", "weight", "0"},      {0, "weight", "3", "covers", "2"},
     };
-    for (const auto& each : cases) {
-        SCOPED_TRACE(std::string(each.edit) + " " + each.typed);
-        folder.Sql(
-            ("UPDATE Cover SET cover_weight = " + std::to_string(each.pieceWeight) + " WHERE cover_id = 1").c_str());
-        Do(ID_SUBDETAIL_EDIT, {Typed(each.edit, each.typed), Shows(each.other, each.shown),
-                               Shows(each.edit, each.typed), Clicked("cancel")});
+    for (const auto& [pieceWeight, edit, typed, other, shown] : cases) {
+        SCOPED_TRACE(std::string(edit) + " " + typed);
+        folder.Sql(("UPDATE Cover SET cover_weight = " + std::to_string(pieceWeight) + " WHERE cover_id = 1").c_str());
+        Do(ID_SUBDETAIL_EDIT, {Typed(edit, typed), Shows(other, shown), Shows(edit, typed), Clicked("cancel")});
     }
 }
 

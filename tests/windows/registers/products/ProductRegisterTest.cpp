@@ -53,12 +53,8 @@ TEST_F(ProductRegisterTest, EditsTheFocusedProduct) {
 
 TEST_F(ProductRegisterTest, FiltersByWhatIsTicked) {
     folder.Sql("INSERT INTO Product (prod_name, prod_katalog, prod_unit) VALUES ('Černý čaj ', 'XC-10', 'KS')");
-    const struct {
-        const char* what;
-        std::vector<Act> acts; // on what the filter before left
-        const char* names;
-        bool latched;
-    } cases[] = {
+    // acts: on what the filter before left
+    const std::tuple<const char*, std::vector<Act>, const char*, bool> cases[] = {
         {"nothing", {Shows("criterion", "všechny produkty")}, "Čaj, Černý čaj , Chléb, Káva", false},
         {"name", {Clicked("byName"), Typed("name", "čaj")}, "Čaj", true},
         {"part of the name", {Clicked("namePart"), Typed("name", "ČAJ")}, "Čaj, Černý čaj ", true},
@@ -78,11 +74,11 @@ TEST_F(ProductRegisterTest, FiltersByWhatIsTicked) {
          "Chléb",
          true},
     };
-    for (const auto& each : cases) {
-        SCOPED_TRACE(each.what);
-        Do(ID_RECORD_FILTER, {InTurn(each.acts), Clicked("ok")});
-        EXPECT_EQ(each.names, ProductNames());
-        EXPECT_EQ(each.latched, FilterIsLatched());
+    for (const auto& [what, acts, names, latched] : cases) {
+        SCOPED_TRACE(what);
+        Do(ID_RECORD_FILTER, {InTurn(acts), Clicked("ok")});
+        EXPECT_EQ(names, ProductNames());
+        EXPECT_EQ(latched, FilterIsLatched());
     }
     EXPECT_EQ(3, List("products").SelectedId());
     DoRefused(ID_RECORD_FILTER, "ok",

@@ -43,46 +43,37 @@ TEST_F(ValidityDateTest, ASecondDateOfOneDayIsRefusedWhateverItsTime) {
 
 TEST_F(ValidityDateTest, ChangesADate) {
     // The definition of January holds no more than a label.
-    const struct {
-        const char* what;
-        QDate day;
-        const char* stored; // of the second date
-        const char* issued;
-        std::size_t told;
-    } cases[] = {
+    // stored: of the second date
+    const std::tuple<const char*, QDate, const char*, const char*, std::size_t> cases[] = {
         {"the same", {2012, 6, 1}, "2012-06-01_08:00:00", ByHand, 0},
         {"another day keeps the time", {2012, 6, 2}, "2012-06-02_08:00:00", Computed, 1},
         {"after all issues", {2012, 7, 3}, "2012-07-03_08:00:00", "1|3|250000 2|3|50000 3|3|770000", 1},
         {"the day of the other date", {2012, 1, 1}, "2012-01-01_08:00:00", Computed, 1},
     };
-    for (const auto& each : cases) {
-        SCOPED_TRACE(each.what);
+    for (const auto& [what, day, stored, issued, told] : cases) {
+        SCOPED_TRACE(what);
         folder.Sql("UPDATE Prod_CoverDT SET dt_from = '2012-06-01 08:00:00' WHERE dt_id = 2");
         PackIssuesByHand();
         Execute(ID_RECORD_REFRESH);
-        Do(ID_DETAIL_EDIT, {Shows("date", "01.06.2012"), Dated("date", each.day), Clicked("ok")});
-        EXPECT_EQ(each.stored, folder.AskAll("SELECT replace(dt_from, ' ', '_') FROM Prod_CoverDT WHERE dt_id = 2"));
+        Do(ID_DETAIL_EDIT, {Shows("date", "01.06.2012"), Dated("date", day), Clicked("ok")});
+        EXPECT_EQ(stored, folder.AskAll("SELECT replace(dt_from, ' ', '_') FROM Prod_CoverDT WHERE dt_id = 2"));
         EXPECT_EQ(2, List("dates").SelectedId());
-        ExpectIssued(each.issued, each.told);
+        ExpectIssued(issued, told);
     }
 }
 
 TEST_F(ValidityDateTest, DeletingDatesComputesTheIssuesAnew) {
-    const struct {
-        const char* date;
-        const char* dates;
-        const char* issued;
-    } cases[] = {
+    const std::tuple<const char*, const char*, const char*> cases[] = {
         {"01.06.2012", "01.01.2012", "1|3|250000 2|3|50000 3|3|770000"},
         {"01.01.2012", "", "3|3|770000"}, // without a definition nothing goes out
     };
-    for (const auto& each : cases) {
+    for (const auto& [date, dates, issued] : cases) {
         messages.ExpectQuestion(
-            QStringLiteral("Opravdu si přejete odstranit ze seznamu platnost\n\"%1\" ?").arg(QLatin1String(each.date)),
+            QStringLiteral("Opravdu si přejete odstranit ze seznamu platnost\n\"%1\" ?").arg(QLatin1String(date)),
             Message::Answer::Yes);
         Execute(ID_DETAIL_DELETE);
-        EXPECT_EQ(each.dates, Names(List("dates")));
-        ExpectIssued(each.issued, 1);
+        EXPECT_EQ(dates, Names(List("dates")));
+        ExpectIssued(issued, 1);
     }
     EXPECT_EQ("", Rows(List("packaging")));
 }

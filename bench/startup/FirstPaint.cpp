@@ -1,5 +1,3 @@
-#pragma once
-
 #include <QApplication>
 #include <QEvent>
 #include <QTimer>
@@ -7,10 +5,12 @@
 
 #include <unistd.h>
 
+namespace {
+
 /// Ends the process as soon as a window has been painted, whatever is in it, so that a start can be timed from outside.
 class FirstPaint : public QObject {
 public:
-    FirstPaint() { qApp->installEventFilter(this); }
+    explicit FirstPaint(QObject* parent) : QObject(parent) {}
 
     bool eventFilter(QObject* object, QEvent* event) override {
         // The window's own paint event comes first; the turn after it, all that is in the window has been painted.
@@ -19,3 +19,12 @@ public:
         return false;
     }
 };
+
+void Watch() {
+    qApp->installEventFilter(new FirstPaint(qApp));
+}
+
+} // namespace
+
+/// Linked beside any main, it comes into being with the application.
+Q_COREAPP_STARTUP_FUNCTION(Watch)
