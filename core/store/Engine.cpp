@@ -173,6 +173,7 @@ CEngine::PreparedPtr CEngine::Keep(const std::string& key, jet::Translation tran
         prepared->row = sqlite::Statement(Handle(), prepared->translation.rowSql, true);
     if (!prepared->translation.aheadSql.empty())
         prepared->ahead = sqlite::Statement(Handle(), prepared->translation.aheadSql, true);
+    prepared->literals = m_literals.size();
     prepared->changes = &m_changes[prepared->translation.table];
     if (m_prepared.size() >= MostPrepared)
         std::erase_if(m_prepared, [](const auto& entry) { return entry.second.use_count() == 1; });
@@ -234,6 +235,8 @@ std::shared_ptr<sqlite::Statement> CEngine::PrepareOwn(const std::string& sql) {
 }
 
 void CEngine::Bind(Prepared& prepared, std::string_view sql) {
+    if (m_literals.size() != prepared.literals)
+        jet::RaiseSyntax(sql, "jiný počet hodnot");
     // Inside a group a keyset reads its first rows with its keys.
     sqlite::Statement& statement = InTransaction() && prepared.ahead ? prepared.ahead : prepared.statement;
     int index = 0;

@@ -34,6 +34,8 @@ public:
         sqlite::Statement statement;
         sqlite::Statement row;
         sqlite::Statement ahead;
+        /// How many literals its text has; every text of its shape has as many.
+        std::size_t literals = 0;
         /// Counts this program's changes of `translation.table`.
         std::uint64_t* changes = nullptr;
     };

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 
 namespace jet {
 
@@ -28,6 +29,21 @@ constexpr std::array<std::uint8_t, 256> Classes = MakeClasses();
 
 CharClass ClassOf(char c) {
     return static_cast<CharClass>(Classes[static_cast<unsigned char>(c)]);
+}
+
+/// A literal stands for all of its kind. Plain texts are apart from others: they are compared by the engine's own rule,
+/// which an index can serve.
+char ShapeOfLiteral(const Token& token) {
+    switch (token.kind) {
+    case TokenKind::Integer:
+        return '0';
+    case TokenKind::Decimal:
+        return '1';
+    case TokenKind::Date:
+        return '#';
+    default:
+        return IsAscii(token.text) ? '\'' : '`';
+    }
 }
 
 } // namespace
@@ -122,30 +138,18 @@ void Shape(std::string_view sql, std::string& shape, std::vector<Literal>& liter
     literals.clear();
     Lexer lexer(sql);
     for (Token token = lexer.Next(); token.kind != TokenKind::End; token = lexer.Next()) {
-        switch (token.kind) {
-        case TokenKind::Integer:
-            shape += '0';
-            break;
-        case TokenKind::Decimal:
-            shape += '1';
-            break;
-        case TokenKind::Date:
-            shape += '#';
-            break;
-        case TokenKind::Text:
-            // Plain texts are compared by the engine's own rule, which an index can serve.
-            shape += IsAscii(token.text) ? '\'' : '`';
-            break;
-        case TokenKind::Quoted:
-            shape += '"';
-            [[fallthrough]];
-        default:
-            shape += token.text;
-            break;
-        }
-        shape += ' ';
-        if (token.literal >= 0)
+        if (token.literal >= 0) {
+            shape += ShapeOfLiteral(token);
             literals.push_back({token.kind, token.text});
+            continue;
+        }
+        // Kind and length first, so that no character of a token can be read as the end of it.
+        char head[1 + sizeof(std::uint32_t)];
+        const auto size = static_cast<std::uint32_t>(token.text.size());
+        head[0] = token.kind == TokenKind::Name ? 'n' : token.kind == TokenKind::Quoted ? '"' : 's';
+        std::memcpy(head + 1, &size, sizeof size);
+        shape.append(head, sizeof head);
+        shape += token.text;
     }
 }
 

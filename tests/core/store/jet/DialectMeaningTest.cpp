@@ -71,6 +71,43 @@ TEST(DialectDays, CountDaysAndNotHours) {
     }
 }
 
+TEST(DialectDays, SortAndCompareAsMoments) {
+    StoreFolder folder;
+    folder.Sql("INSERT INTO Move (move_id, move_date) VALUES (1, '2010-06-28 00:00:00'), (2, '2010-06-28'), "
+               "(3, '2010-06-27 23:59:59'), (4, '2010-06-28 00:00:01'), (5, '2010-06-28 00:00:00'), (6, '2010-06-29'), "
+               "(7, NULL)");
+    const std::pair<const char*, const char*> cases[] = {
+        {"SELECT * FROM Move ORDER BY move_date", "7 3 1 2 5 4 6"},
+        {"SELECT * FROM Move ORDER BY move_date DESC", "6 4 1 2 5 3 7"},
+        {"SELECT * FROM Move WHERE move_date = #6/28/2010#", "1 2 5"},
+        {"SELECT * FROM Move WHERE move_date < #6/28/2010#", "3"},
+        {"SELECT * FROM Move WHERE move_date <= #6/28/2010#", "1 2 3 5"},
+        {"SELECT * FROM Move WHERE move_date > #6/28/2010#", "4 6"},
+        {"SELECT * FROM Move WHERE move_date <> #6/28/2010#", "3 4 6"},
+    };
+    for (const auto& [sql, keys] : cases)
+        EXPECT_EQ(keys, Rows(folder.store, sql, "move_id")) << sql;
+}
+
+/// As another tool may have stored it.
+TEST(DialectBooleans, AreTrueWhenTheyAreNotNought) {
+    StoreFolder folder;
+    folder.Sql("INSERT INTO Cover (cover_id, deleted, cover_reusable) VALUES (1, 0, 0), (2, 1, 0), (3, -1, 1), "
+               "(4, 2, -1), (5, NULL, 1)");
+    const std::pair<const char*, const char*> cases[] = {
+        {"SELECT * FROM Cover WHERE deleted = TRUE", "2 3 4"},
+        {"SELECT * FROM Cover WHERE deleted <> FALSE", "2 3 4"},
+        {"SELECT * FROM Cover WHERE deleted = FALSE", "1"},
+        {"SELECT * FROM Cover WHERE NOT deleted", "1"},
+        {"SELECT * FROM Cover WHERE deleted AND cover_reusable", "3 4"},
+        {"SELECT * FROM Cover WHERE deleted = cover_reusable", "1 3 4"},
+        {"SELECT * FROM Cover ORDER BY deleted", "5 2 3 4 1"},
+    };
+    for (const auto& [sql, keys] : cases)
+        EXPECT_EQ(keys, Rows(folder.store, sql, "cover_id")) << sql;
+    EXPECT_EQ(3, folder.store.Query("SELECT deleted, Count(*) AS n FROM Cover GROUP BY deleted")->get_RecordCount());
+}
+
 TEST(DialectDays, ReachTheEndsOfTheCalendar) {
     StoreFolder folder;
     folder.Sql("INSERT INTO Move (move_date) VALUES ('0001-01-01 00:00:00'), ('2012-07-02 10:00:00'), "

@@ -143,8 +143,10 @@ TEST(DialectRefusal, ACommandIsNoQueryAndAQueryNoCommand) {
 TEST(DialectRefusal, OfACriterionLeavesTheRecordsetWhereItWas) {
     SampleFolder folder;
     const RecordsetPtr list = folder.store.Query("SELECT * FROM Cover ORDER BY cover_id");
-    for (const char* criterion : {"", "cover_name = 'd'Or'", "cover_id = 1;", "prod_id = 1", "cover_id",
-                                  "TRUE ORDER BY cover_id", "Count(*) = 7"}) {
+    for (const char* criterion :
+         {"", "cover_name = 'd'Or'", "cover_id = 1;", "prod_id = 1", "cover_id", "TRUE ORDER BY cover_id",
+          "Count(*) = 7", "TRUE", "1 = 1", "NOT cover_id = 4", "cover_name LIKE 'x' OR cover_name LIKE '%'",
+          "cover_id = 4 AND cover_id = 4", "cover_id IN (SELECT id FROM TmpID)"}) {
         list->MoveFirst();
         list->Move(2);
         try {
@@ -165,6 +167,16 @@ TEST(DialectRefusal, WhatIsKeptPreparedAnswersToNoOtherText) {
         EXPECT_THROW(folder.store.Query(sql), ComError) << sql;
         EXPECT_THROW(folder.store.ExecuteSQL(sql), ComError) << sql;
     }
+}
+
+TEST(DialectRefusal, ATextIsNeverTakenForAnotherWithFewerLiterals) {
+    SampleFolder folder;
+    const char* const good = "SELECT * FROM Move WHERE DATEDIFF(\"d\", move_date, #1/1/2012#)>=3000";
+    // Inside the quotes stand the very tokens that follow the other text's quotes.
+    const char* const twin = "SELECT * FROM Move WHERE DATEDIFF(\"d , move_date , #\")>=3000";
+    EXPECT_TRUE(folder.store.Query(good)->get_EOF());
+    EXPECT_THROW(folder.store.Query(twin), ComError);
+    EXPECT_TRUE(folder.store.Query(good)->get_EOF());
 }
 
 TEST(DialectRefusal, WhatOnlyLooksForeignIsAllowed) {
