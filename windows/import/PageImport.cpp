@@ -15,11 +15,3 @@ void BindImportOptions(const ImportControls& controls, ImportOptions& options) {
                 options.existing = static_cast<ExistingRecords>(i);
         });
 }
-
-bool RunImportPages(QWidget* parent, CWizardPage& source, CWizardPage& parameters) {
-    CWizardSheet sheet(parent);
-    sheet.setObjectName(QStringLiteral("importWizard"));
-    sheet.AddPage(source);
-    sheet.AddPage(parameters);
-    return sheet.Run();
-}

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "core/import/ImportOptions.h"
-#include "windows/widgets/WizardSheet.h"
 
 #include <array>
 
@@ -18,6 +17,3 @@ struct ImportControls {
 
 /// Shows the options; from then on they follow the controls.
 void BindImportOptions(const ImportControls& controls, ImportOptions& options);
-
-/// Runs the page of the source and the page of the parameters as a wizard. True when it was finished.
-bool RunImportPages(QWidget* parent, CWizardPage& source, CWizardPage& parameters);

@@ -1,24 +1,17 @@
 #pragma once
 
+#include "windows/import/ImportWizard.h"
 #include "windows/import/PageImpWAK.h"
 #include "windows/import/PageImpWAKParam.h"
 
-/// The wizard of the WAK INTRA import. Its settings are read when it is made and stored when it goes, however it was
-/// closed.
-class CWakWizard {
+/// The wizard of the WAK INTRA import.
+class CWakWizard : public CImportWizard<WakOptions> {
 public:
-    CWakWizard();
-    ~CWakWizard();
-    CWakWizard(const CWakWizard&) = delete;
-    CWakWizard& operator=(const CWakWizard&) = delete;
-
     /// True when it was finished.
-    bool Run(QWidget* parent);
-    const WakOptions& Options() const { return m_options; }
+    bool Run(QWidget* parent) { return RunPages(parent, m_connection, m_parameters); }
     const WakDateRange& Range() const { return m_parameters.Range(); }
 
 private:
-    WakOptions m_options;
-    CPageImpWAK m_connection;
-    CPageImpWAKParam m_parameters;
+    CPageImpWAK m_connection{Options()};
+    CPageImpWAKParam m_parameters{Options()};
 };

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "core/base/Messages.h"
+#include "windows/widgets/WizardSheet.h"
+
+/// What the wizards of the imports share: two pages, and settings that are read when the wizard is made and stored when
+/// it goes, however it was closed; so it must live as long as the import, which may change them too.
+template <typename OptionsOf>
+class CImportWizard {
+public:
+    CImportWizard(const CImportWizard&) = delete;
+    CImportWizard& operator=(const CImportWizard&) = delete;
+
+    OptionsOf& Options() { return m_options; }
+
+protected:
+    CImportWizard() { m_options.Read(); }
+    ~CImportWizard() { ShowSettingsError(m_options.Write()); }
+
+    /// True when it was finished.
+    static bool RunPages(QWidget* parent, CWizardPage& source, CWizardPage& parameters) {
+        CWizardSheet sheet(parent);
+        sheet.setObjectName(QStringLiteral("importWizard"));
+        sheet.AddPage(source);
+        sheet.AddPage(parameters);
+        return sheet.Run();
+    }
+
+private:
+    OptionsOf m_options;
+};
