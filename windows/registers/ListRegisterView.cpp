@@ -264,21 +264,25 @@ void ListRegisterView::EditFilter(const std::function<bool()>& ask) {
     Button(Command::ID_RECORD_FILTER).SetLatched(FilterActive());
 }
 
-bool ListRegisterView::EditDetailRow(RecordList& list, const DetailTexts& texts, const Ask& ask, const Write& write,
-                                     const After& after) {
+int ListRegisterView::RowToChange(const RecordList& list, const char* nothingSelected) {
     if (!list.isEnabled())
-        return false;
+        return -1;
     const int row = list.SelectedRow();
-    if (row < 0) {
-        ShowWarning(QString::fromUtf8(texts.nothingSelected));
+    if (row < 0)
+        ShowWarning(QString::fromUtf8(nothingSelected));
+    return row;
+}
+
+bool ListRegisterView::EditDetailRow(const DetailEdit& edit) {
+    const int row = RowToChange(edit.list, edit.nothingSelected);
+    if (row < 0)
         return false;
-    }
     bool written = false;
     Guarded([&] {
-        const std::int32_t id = list.Id(row);
-        const RecordsetPtr record = Store().Query(SqlText(texts.select, id));
+        const std::int32_t id = edit.list.Id(row);
+        const RecordsetPtr record = Store().Query(SqlText(edit.select, id));
         bool found = record->get_RecordCount() > 0;
-        if (found && !ask(*record))
+        if (found && !edit.ask(*record))
             return;
         if (found) {
             InOneEdit(Store(), [&] {
@@ -286,37 +290,32 @@ bool ListRegisterView::EditDetailRow(RecordList& list, const DetailTexts& texts,
                 found = record->get_RecordCount() > 0;
                 if (!found)
                     return;
-                write(*record);
+                edit.write(*record);
                 record->Update();
                 written = true;
-                if (after)
-                    after(id);
+                if (edit.after)
+                    edit.after(id);
             });
         }
         if (!found)
-            RemoveVanishedRow(list, row);
+            RemoveVanishedRow(edit.list, row);
     });
     return written;
 }
 
-bool ListRegisterView::DeleteDetailRow(RecordList& list, const DetailTexts& texts, const After& after) {
-    if (!list.isEnabled())
-        return false;
-    const int row = list.SelectedRow();
-    if (row < 0) {
-        ShowWarning(QString::fromUtf8(texts.nothingSelected));
-        return false;
-    }
-    if (!AskYesNo(MessageText(texts.question, list.CellText(row, 0))))
+bool ListRegisterView::DeleteDetailRow(const DetailDeletion& deletion) {
+    RecordList& list = deletion.list;
+    const int row = RowToChange(list, deletion.nothingSelected);
+    if (row < 0 || !AskYesNo(MessageText(deletion.question, list.CellText(row, 0))))
         return false;
     bool deleted = false;
     const bool whole = Guarded([&] {
         InOneEdit(Store(), [&] {
-            for (const char* statement : texts.deletions)
+            for (const char* statement : deletion.statements)
                 Store().ExecuteSQL(SqlText(statement, list.Id(row)));
             deleted = true;
-            if (after)
-                after(list.Id(row));
+            if (deletion.after)
+                deletion.after(list.Id(row));
         });
     });
     if (whole)

@@ -97,18 +97,27 @@ protected:
     /// Opens the dialog on a copy; `ask` copies the criteria back and answers true for OK.
     void EditFilter(const std::function<bool()>& ask);
 
-    struct DetailTexts {
+    /// The selected row of a detail list, edited.
+    struct DetailEdit {
+        RecordList& list;
         const char* nothingSelected;
-        const char* select;   // "SELECT * FROM … WHERE (… = %li)"
-        const char* question; // with the place of the first column's text
-        std::vector<const char*> deletions;
+        const char* select; // "SELECT * FROM … WHERE (… = %li)"
+        Ask ask;
+        Write write;
+        After after = {};
     };
-    /// The selected row of a detail list, read by its own query; true when it was written. Nothing happens while the
-    /// list is disabled.
-    bool EditDetailRow(RecordList& list, const DetailTexts& texts, const Ask& ask, const Write& write,
-                       const After& after = {});
-    /// True when the row was deleted.
-    bool DeleteDetailRow(RecordList& list, const DetailTexts& texts, const After& after = {});
+    /// The selected row of a detail list, deleted.
+    struct DetailDeletion {
+        RecordList& list;
+        const char* nothingSelected;
+        const char* question;                     // with the place of the first column's text
+        std::vector<const char*> statements = {}; // "DELETE FROM … WHERE (… = %li)"
+        After after = {};
+    };
+    /// True when the row was written. Nothing happens while the list is disabled.
+    bool EditDetailRow(const DetailEdit& edit);
+    /// True when the row was deleted. Nothing happens while the list is disabled.
+    bool DeleteDetailRow(const DetailDeletion& deletion);
 
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
@@ -118,6 +127,8 @@ private:
     void OnMasterSelection();
     void ShowMenu(int level, const QPoint& screen, bool onRow);
     void RefillLevel(int level);
+    /// −1 while the list is disabled, and after the warning that no row is selected.
+    static int RowToChange(const RecordList& list, const char* nothingSelected);
     void OpenFind(FindMode mode);
     /// The record of this key as the current one of the master's recordset; false when it has gone.
     bool FindMaster(std::int32_t id);

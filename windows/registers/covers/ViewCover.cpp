@@ -140,12 +140,17 @@ void CViewCover::OnEditDiscard() {
         sheet.AddPage(page);
         return sheet.Run();
     };
-    if (EditDetailRow(Detail(), {Text::NoDiscard, "SELECT * FROM CoverDiscard WHERE (disc_id = %li)", nullptr, {}}, ask,
-                      [&](CRecordset& record) { page.Write(record); }))
+    if (EditDetailRow({.list = Detail(),
+                       .nothingSelected = Text::NoDiscard,
+                       .select = "SELECT * FROM CoverDiscard WHERE (disc_id = %li)",
+                       .ask = ask,
+                       .write = [&](CRecordset& record) { page.Write(record); }}))
         FillDetail();
 }
 
 void CViewCover::OnDeleteDiscard() {
-    DeleteDetailRow(
-        Detail(), {Text::NoDiscard, nullptr, Text::DeleteDiscard, {"DELETE FROM CoverDiscard WHERE (disc_id = %li)"}});
+    DeleteDetailRow({.list = Detail(),
+                     .nothingSelected = Text::NoDiscard,
+                     .question = Text::DeleteDiscard,
+                     .statements = {"DELETE FROM CoverDiscard WHERE (disc_id = %li)"}});
 }

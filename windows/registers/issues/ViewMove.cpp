@@ -210,8 +210,11 @@ void CViewMove::OnEditItem() {
         writing = true;
         CIssueLines(Store()).Change(mvprodId, page.Quantity());
     };
-    EditDetailRow(Detail(), {Text::NoProduct, "SELECT * FROM Move_Prod WHERE (mvprod_id = %li)", nullptr, {}}, ask,
-                  write);
+    EditDetailRow({.list = Detail(),
+                   .nothingSelected = Text::NoProduct,
+                   .select = "SELECT * FROM Move_Prod WHERE (mvprod_id = %li)",
+                   .ask = ask,
+                   .write = write});
     if (writing)
         FillDetail();
 }
@@ -219,8 +222,10 @@ void CViewMove::OnEditItem() {
 void CViewMove::OnDeleteItem() {
     if (!ItemsAllowed())
         return;
-    if (DeleteDetailRow(Detail(), {Text::NoProduct, nullptr, Text::DeleteProductRow, {}},
-                        [this](std::int32_t mvprodId) { CIssueLines(Store()).Remove(mvprodId); }))
+    if (DeleteDetailRow({.list = Detail(),
+                         .nothingSelected = Text::NoProduct,
+                         .question = Text::DeleteProductRow,
+                         .after = [this](std::int32_t mvprodId) { CIssueLines(Store()).Remove(mvprodId); }}))
         FillSubdetail();
 }
 
@@ -277,13 +282,17 @@ void CViewMove::OnEditCover() {
         sheet.AddPage(page);
         return sheet.Run();
     };
-    if (EditDetailRow(Subdetail(), {Text::NoCover, "SELECT * FROM Move_Cover WHERE (mvcover_id = %li)", nullptr, {}},
-                      ask, [&](CRecordset& record) { record.put_Collect("mvcover_qty", page.Quantity()); }))
+    if (EditDetailRow({.list = Subdetail(),
+                       .nothingSelected = Text::NoCover,
+                       .select = "SELECT * FROM Move_Cover WHERE (mvcover_id = %li)",
+                       .ask = ask,
+                       .write = [&](CRecordset& record) { record.put_Collect("mvcover_qty", page.Quantity()); }}))
         FillSubdetail();
 }
 
 void CViewMove::OnDeleteCover() {
-    DeleteDetailRow(
-        Subdetail(),
-        {Text::NoCover, nullptr, Text::DeleteCoverRow, {"DELETE FROM Move_Cover WHERE (mvcover_id = %li)"}});
+    DeleteDetailRow({.list = Subdetail(),
+                     .nothingSelected = Text::NoCover,
+                     .question = Text::DeleteCoverRow,
+                     .statements = {"DELETE FROM Move_Cover WHERE (mvcover_id = %li)"}});
 }

@@ -213,23 +213,24 @@ void CViewProd::OnEditDate() {
         now = dialog.Date();
         return now != before;
     };
-    if (!EditDetailRow(
-            Detail(), {Text::NoDate, "SELECT * FROM Prod_CoverDT WHERE (dt_id = %li)", nullptr, {}}, ask,
-            [&](CRecordset& record) { record.put_Collect("dt_from", now); },
-            [this](std::int32_t) { CarryOn(Master().SelectedId()); }))
+    if (!EditDetailRow({.list = Detail(),
+                        .nothingSelected = Text::NoDate,
+                        .select = "SELECT * FROM Prod_CoverDT WHERE (dt_id = %li)",
+                        .ask = ask,
+                        .write = [&](CRecordset& record) { record.put_Collect("dt_from", now); },
+                        .after = [this](std::int32_t) { CarryOn(Master().SelectedId()); }}))
         return;
     FillDetail();
     TellOfPackaging();
 }
 
 void CViewProd::OnDeleteDate() {
-    if (DeleteDetailRow(
-            Detail(),
-            {Text::NoDate,
-             nullptr,
-             Text::DeleteDate,
-             {"DELETE FROM Prod_Cover WHERE (dt_id = %li)", "DELETE FROM Prod_CoverDT WHERE (dt_id = %li)"}},
-            [this](std::int32_t) { CarryOn(Master().SelectedId()); }))
+    if (DeleteDetailRow({.list = Detail(),
+                         .nothingSelected = Text::NoDate,
+                         .question = Text::DeleteDate,
+                         .statements = {"DELETE FROM Prod_Cover WHERE (dt_id = %li)",
+                                        "DELETE FROM Prod_CoverDT WHERE (dt_id = %li)"},
+                         .after = [this](std::int32_t) { CarryOn(Master().SelectedId()); }}))
         TellOfPackaging();
 }
 
@@ -266,13 +267,16 @@ void CViewProd::OnEditPackaging() {
         sheet.AddPage(page);
         return sheet.Run();
     };
-    if (!EditDetailRow(
-            Subdetail(), {Text::NoCover, "SELECT * FROM Prod_Cover WHERE (cp_id = %li)", nullptr, {}}, ask,
-            [&](CRecordset& record) { WriteRule(page.Rule(), record); },
-            [&](std::int32_t) {
-                if (page.Rule() != before)
-                    CarryOn(Master().SelectedId());
-            }))
+    if (!EditDetailRow({.list = Subdetail(),
+                        .nothingSelected = Text::NoCover,
+                        .select = "SELECT * FROM Prod_Cover WHERE (cp_id = %li)",
+                        .ask = ask,
+                        .write = [&](CRecordset& record) { WriteRule(page.Rule(), record); },
+                        .after =
+                            [&](std::int32_t) {
+                                if (page.Rule() != before)
+                                    CarryOn(Master().SelectedId());
+                            }}))
         return;
     FillSubdetail();
     if (page.Rule() != before)
@@ -280,9 +284,11 @@ void CViewProd::OnEditPackaging() {
 }
 
 void CViewProd::OnDeletePackaging() {
-    if (DeleteDetailRow(Subdetail(),
-                        {Text::NoCover, nullptr, Text::DeleteCoverRow, {"DELETE FROM Prod_Cover WHERE (cp_id = %li)"}},
-                        [this](std::int32_t) { CarryOn(Master().SelectedId()); }))
+    if (DeleteDetailRow({.list = Subdetail(),
+                         .nothingSelected = Text::NoCover,
+                         .question = Text::DeleteCoverRow,
+                         .statements = {"DELETE FROM Prod_Cover WHERE (cp_id = %li)"},
+                         .after = [this](std::int32_t) { CarryOn(Master().SelectedId()); }}))
         TellOfPackaging();
 }
 
