@@ -48,7 +48,6 @@ public:
     /// Back is enabled on every page but the first.
     void SetButtons(Ending ending);
     bool IsOnlyPage() const { return m_pages.size() == 1; }
-    bool IsFirst(const CWizardPage& page) const { return m_pages.front() == &page; }
     bool IsLast(const CWizardPage& page) const { return m_pages.back() == &page; }
     /// As if the button were pressed.
     void PressNext();

@@ -5,7 +5,9 @@
 
 #include <algorithm>
 
-static constexpr int NarrowestPicture = 100;
+namespace {
+constexpr int NarrowestPicture = 100;
+}
 
 QString FoldedForSearch(const QString& text) {
     QString folded = text;

@@ -36,7 +36,8 @@ ListSpec Items() {
 
 CCompCoverDlg::CCompCoverDlg(CDataStore& store, std::int32_t compositeId, const QString& name, const QString& note,
                              QWidget* parent)
-    : QDialog(parent), m_store(store), m_ui(new Ui::CompCoverDlg), m_items(new RecordList(store, Items(), this)) {
+    : QDialog(parent), m_store(store), m_ui(std::make_unique<Ui::CompCoverDlg>()),
+      m_items(new RecordList(store, Items(), this)) {
     m_ui->setupUi(this);
     m_ui->itemPlace->addWidget(m_items);
     m_items->setMinimumSize(560, 220);

@@ -3,7 +3,7 @@
 #include "ui_CompCoverFilterDlg.h"
 
 CCompCoverFilterDlg::CCompCoverFilterDlg(const CompCoverFilter& filter, QWidget* parent)
-    : QDialog(parent), m_ui(new Ui::CompCoverFilterDlg), m_filter(filter) {
+    : QDialog(parent), m_ui(std::make_unique<Ui::CompCoverFilterDlg>()), m_filter(filter) {
     m_ui->setupUi(this);
     m_ui->byName->setChecked(filter.byName);
     m_ui->name->setText(filter.name);

@@ -11,7 +11,8 @@ constexpr int LongestName = 50;
 constexpr int LongestNote = 255;
 } // namespace
 
-CCoverDlg::CCoverDlg(const CDataStore& store, QWidget* parent) : QDialog(parent), m_ui(new Ui::CoverDlg) {
+CCoverDlg::CCoverDlg(const CDataStore& store, QWidget* parent)
+    : QDialog(parent), m_ui(std::make_unique<Ui::CoverDlg>()) {
     m_ui->setupUi(this);
     FillLists(store);
     SetValues({});

@@ -6,7 +6,7 @@
 #include "windows/widgets/edits/CodeCombo.h"
 
 CCoverFilterDlg::CCoverFilterDlg(const CDataStore& store, const CoverFilter& filter, QWidget* parent)
-    : QDialog(parent), m_ui(new Ui::CoverFilterDlg), m_filter(filter) {
+    : QDialog(parent), m_ui(std::make_unique<Ui::CoverFilterDlg>()), m_filter(filter) {
     m_ui->setupUi(this);
     FillCodes(*m_ui->material, store.Codes(CodeList::CoverMaterial));
     FillCodes(*m_ui->type, store.Codes(CodeList::CoverType));

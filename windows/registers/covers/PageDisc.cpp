@@ -12,7 +12,7 @@ constexpr int Recycled = 2;
 }
 
 CPageDisc::CPageDisc(CDataStore& store, std::int32_t coverId)
-    : m_store(store), m_ui(new Ui::PageDisc), m_coverId(coverId) {
+    : m_store(store), m_ui(std::make_unique<Ui::PageDisc>()), m_coverId(coverId) {
     m_ui->setupUi(this);
     m_link = new WeightLink(*m_ui->quantity, *m_ui->weight, this);
     m_ui->date->SetValue(DateTime::Today());

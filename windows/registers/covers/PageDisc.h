@@ -25,7 +25,6 @@ public:
     void Read(const CRecordset& discard);
     /// Everything but the cover. Raises ComError.
     void Write(CRecordset& discard) const;
-    std::int32_t CoverId() const { return m_coverId; }
 
     void OnSetActive() override;
     bool OnWizardFinish() override;

@@ -64,7 +64,7 @@ void CFindReplaceDlg::Open(CFindOwner& owner, const std::string& field, FindMode
     window->OpenOn(owner, field, mode);
 }
 
-CFindReplaceDlg::CFindReplaceDlg(QWidget* window) : QDialog(window), m_ui(new Ui::FindReplaceDlg) {
+CFindReplaceDlg::CFindReplaceDlg(QWidget* window) : QDialog(window), m_ui(std::make_unique<Ui::FindReplaceDlg>()) {
     m_ui->setupUi(this);
     m_ui->tabs->setExpanding(false);
     m_ui->tabs->addTab(QStringLiteral("Najít"));

@@ -10,7 +10,7 @@ namespace {
 constexpr int LongestNumber = 20;
 } // namespace
 
-CMoveDlg::CMoveDlg(const CDataStore& store, QWidget* parent) : QDialog(parent), m_ui(new Ui::MoveDlg) {
+CMoveDlg::CMoveDlg(const CDataStore& store, QWidget* parent) : QDialog(parent), m_ui(std::make_unique<Ui::MoveDlg>()) {
     m_ui->setupUi(this);
     FillCodes(*m_ui->type, store.Codes(CodeList::MoveType));
     SelectCode(*m_ui->type, -1);

@@ -4,7 +4,7 @@
 #include "windows/widgets/Refuse.h"
 
 CMoveFilterDlg::CMoveFilterDlg(const MoveFilter& filter, QWidget* parent)
-    : QDialog(parent), m_ui(new Ui::MoveFilterDlg), m_filter(filter) {
+    : QDialog(parent), m_ui(std::make_unique<Ui::MoveFilterDlg>()), m_filter(filter) {
     m_ui->setupUi(this);
     m_ui->byNum->setChecked(m_filter.byNum);
     m_ui->num->setText(m_filter.num);

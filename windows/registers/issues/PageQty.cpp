@@ -5,7 +5,7 @@
 #include "windows/widgets/RegisterTexts.h"
 #include "windows/widgets/edits/CurrencyEdit.h"
 
-CPageQty::CPageQty() : m_ui(new Ui::PageQty) {
+CPageQty::CPageQty() : m_ui(std::make_unique<Ui::PageQty>()) {
     m_ui->setupUi(this);
     SetQuantity(Currency::FromWhole(1));
 }

@@ -25,7 +25,7 @@ ListSpec CompositeCovers() {
 } // namespace
 
 CPageCover::CPageCover(CDataStore& store, Offer offer)
-    : m_store(store), m_ui(new Ui::PageCover), m_simple(new RecordList(store, SimpleCovers(), this)),
+    : m_store(store), m_ui(std::make_unique<Ui::PageCover>()), m_simple(new RecordList(store, SimpleCovers(), this)),
       m_composite(new RecordList(store, CompositeCovers(), this)) {
     m_ui->setupUi(this);
     m_ui->tabs->addTab(m_simple, QStringLiteral("Jednoduché kuvel"));

@@ -8,7 +8,7 @@
 #include "windows/widgets/edits/CodeCombo.h"
 #include "windows/widgets/edits/CurrencyEdit.h"
 
-CPageCoverMove::CPageCoverMove(CDataStore& store) : m_store(store), m_ui(new Ui::PageCoverMove) {
+CPageCoverMove::CPageCoverMove(CDataStore& store) : m_store(store), m_ui(std::make_unique<Ui::PageCoverMove>()) {
     m_ui->setupUi(this);
     FillCodes(*m_ui->type, store.Codes(CodeList::CoverType));
     FillCodes(*m_ui->origin, store.Codes(CodeList::CoverOrigin));

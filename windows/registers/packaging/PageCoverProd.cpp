@@ -14,7 +14,7 @@ Currency ValidOr(Currency value, Currency other) {
 }
 } // namespace
 
-CPageCoverProd::CPageCoverProd(CDataStore& store) : m_store(store), m_ui(new Ui::PageCoverProd) {
+CPageCoverProd::CPageCoverProd(CDataStore& store) : m_store(store), m_ui(std::make_unique<Ui::PageCoverProd>()) {
     m_ui->setupUi(this);
     FillCodes(*m_ui->type, store.Codes(CodeList::CoverType));
     FillCodes(*m_ui->origin, store.Codes(CodeList::CoverOrigin));

@@ -2,7 +2,7 @@
 
 #include "ui_PageDateRange.h"
 
-CPageDateRange::CPageDateRange() : m_ui(new Ui::PageDateRange) {
+CPageDateRange::CPageDateRange() : m_ui(std::make_unique<Ui::PageDateRange>()) {
     m_ui->setupUi(this);
 }
 

@@ -2,7 +2,8 @@
 
 #include "ui_ProdDateDlg.h"
 
-CProdDateDlg::CProdDateDlg(const DateTime& date, QWidget* parent) : QDialog(parent), m_ui(new Ui::ProdDateDlg) {
+CProdDateDlg::CProdDateDlg(const DateTime& date, QWidget* parent)
+    : QDialog(parent), m_ui(std::make_unique<Ui::ProdDateDlg>()) {
     m_ui->setupUi(this);
     m_ui->date->SetValue(date);
     m_ui->date->setFocus();

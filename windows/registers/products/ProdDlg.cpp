@@ -20,7 +20,7 @@ void CutTrailingBlanks(QLineEdit& edit) {
 
 } // namespace
 
-CProdDlg::CProdDlg(QWidget* parent) : QDialog(parent), m_ui(new Ui::ProdDlg) {
+CProdDlg::CProdDlg(QWidget* parent) : QDialog(parent), m_ui(std::make_unique<Ui::ProdDlg>()) {
     m_ui->setupUi(this);
     m_ui->name->setFocus();
     connect(m_ui->ok, &QPushButton::clicked, this, &CProdDlg::accept);

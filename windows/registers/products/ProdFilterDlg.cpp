@@ -5,7 +5,7 @@
 #include "windows/widgets/edits/CodeCombo.h"
 
 CProdFilterDlg::CProdFilterDlg(const ProdFilter& filter, QWidget* parent)
-    : QDialog(parent), m_ui(new Ui::ProdFilterDlg), m_filter(filter) {
+    : QDialog(parent), m_ui(std::make_unique<Ui::ProdFilterDlg>()), m_filter(filter) {
     m_ui->setupUi(this);
     m_ui->criterion->addItem(QStringLiteral("všechny produkty"), int{ProdFilter::All});
     m_ui->criterion->addItem(QStringLiteral("jen produkty s definovanými kuvel"), int{ProdFilter::With});
