@@ -17,6 +17,7 @@ void AddInit(CLI::App& app, Action& action);
 void AddDemo(CLI::App& app, Action& action);
 void AddRecompute(CLI::App& app, Action& action);
 void AddFigures(CLI::App& app, Action& action);
+void AddExplain(CLI::App& app, Action& action);
 void AddReport(CLI::App& app, Action& action);
 void AddImport(CLI::App& app, Action& action);
 void AddBackup(CLI::App& app, Action& action);

@@ -11,6 +11,20 @@ std::int64_t Narrow(__int128 value) {
 
 } // namespace
 
+bool IsInRange(WideCount count) {
+    return count >= std::numeric_limits<std::int64_t>::min() && count <= std::numeric_limits<std::int64_t>::max();
+}
+
+WideCount RoundedProduct(std::int64_t a, std::int64_t b) {
+    const WideCount product = static_cast<WideCount>(a) * b;
+    WideCount quotient = product / Currency::One;
+    const WideCount rest = product % Currency::One;
+    const WideCount twice = 2 * (rest < 0 ? -rest : rest);
+    if (twice > Currency::One || (twice == Currency::One && quotient % 2 != 0))
+        quotient += product < 0 ? -1 : 1;
+    return quotient;
+}
+
 Currency CurrencyMul(Currency a, Currency b) {
     return Currency::FromCount(Narrow(static_cast<__int128>(a.count) * b.count / Currency::One));
 }

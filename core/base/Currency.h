@@ -28,6 +28,13 @@ Currency CurrencyMul(Currency a, Currency b);
 /// a ÷ b, truncated toward zero; 0 when b is 0.
 Currency CurrencyDiv(Currency a, Currency b);
 
+/// A count of ten-thousandths that may leave the range of a currency.
+using WideCount = __int128;
+/// Whether a currency holds it.
+bool IsInRange(WideCount count);
+/// The engine's product of two counts: exact, then rounded to the nearest ten-thousandth, ties to even.
+WideCount RoundedProduct(std::int64_t a, std::int64_t b);
+
 /// The value rounded to a multiple of `unit` ten-thousandths. Modes: 'D' toward zero, 'M' half away from zero,
 /// 'U' toward plus infinity for positive values and toward zero for negative ones; any other mode, and the unit 0,
 /// leave the value as it is.

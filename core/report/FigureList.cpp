@@ -9,12 +9,12 @@
 std::vector<FigureCell> ListFigures(CDataStore& store, IProgress& progress, int year, int quarter,
                                     const QString& versionText) {
     TemplateVersion = VersionValue(NormalVersionText(versionText));
-    const DateRange period = QuarterRange(year, quarter);
+    CQuarterTotals totals(store, QuarterRange(year, quarter));
     std::vector<FigureCell> list;
     for (const FigureSheet& figures : FigureSheets) {
         progress.SetPhaseText(QStringLiteral("sešit ") + figures.Name());
         CCellMap cells;
-        FillSheet(figures, period, store, progress, cells);
+        FillSheet(figures, totals, progress, cells);
         for (const auto& [place, tonnes] : cells.Cells())
             list.push_back({figures.Name(), CellText(place), tonnes});
     }

@@ -1,9 +1,8 @@
 #include "core/report/Figures.h"
 
-#include "core/base/CodeLists.h"
+#include "core/base/ComError.h"
 #include "core/base/Progress.h"
 #include "core/base/SqlText.h"
-#include "core/report/Placement.h"
 #include "core/report/Spreadsheet.h"
 #include "core/store/DataStore.h"
 
@@ -12,94 +11,93 @@
 
 Currency TemplateVersion;
 
-namespace {
-
-constexpr int BarRange = 200;
-constexpr std::int64_t KilogramsInTonne = 1000;
-
-constexpr const char* MoveQuery =
-    "SELECT Cover.cover_mat, Move_Cover.cover_type, Move_Cover.cover_org, "
-    "Sum(Move_Cover.mvcover_qty*Cover.cover_weight) AS SumWeight FROM (Move INNER JOIN Move_Cover ON Move.move_id = "
-    "Move_Cover.move_id) INNER JOIN Cover ON Move_Cover.cover_id = Cover.cover_id WHERE DATEDIFF(\"d\", #%i/%i/%i#, "
-    "move_date)>=0 AND DATEDIFF(\"d\", move_date, #%i/%i/%i#)>=0";
-
-constexpr const char* DiscardQuery =
-    "SELECT Cover.cover_mat, Cover.cover_type, CoverDiscard.disc_type, "
-    "Sum(CoverDiscard.disc_qty*Cover.cover_weight) AS SumWeight FROM CoverDiscard INNER JOIN Cover ON "
-    "CoverDiscard.cover_id = Cover.cover_id WHERE (Cover.cover_reusable=TRUE) AND DATEDIFF(\"d\", #%i/%i/%i#, "
-    "disc_date)>=0 AND DATEDIFF(\"d\", disc_date, #%i/%i/%i#)>=0 GROUP BY Cover.cover_mat, Cover.cover_type, "
-    "CoverDiscard.disc_type";
-
-constexpr const char* StatQuery =
-    "SELECT Cover.cover_stat, Cover.cover_reusable, Sum(Move_Cover.mvcover_qty*Cover.cover_weight) AS SumWeight FROM "
-    "(Move INNER JOIN Move_Cover ON Move.move_id = Move_Cover.move_id) INNER JOIN Cover ON Move_Cover.cover_id = "
-    "Cover.cover_id WHERE (cover_stat<>%li) AND DATEDIFF(\"d\", #%i/%i/%i#, move_date)>=0 AND DATEDIFF(\"d\", "
-    "move_date, #%i/%i/%i#)>=0 GROUP BY Cover.cover_stat, Cover.cover_reusable";
-
 Layout CurrentLayout() {
     return TemplateVersion.count >= 2 * Currency::One ? Layout::New : Layout::Old;
 }
 
-/// Writes every row of the query that `place` has a cell for.
-template <class Place>
-void WriteTotals(CDataStore& store, const std::string& sql, IProgress& progress, IFigureSheet& sheet, Place place) {
-    const RecordsetPtr rows = store.Query(sql);
-    const std::int64_t count = rows->get_RecordCount();
-    if (count < 1)
+namespace {
+
+constexpr int BarRange = 200;
+constexpr WideCount KilogramsInTonne = 1000;
+
+[[noreturn]] void RaiseRange(const QString& place) {
+    throw ComError("figures", {}, ResultCode::ErrorsInCommand, QStringLiteral("Hodnota je mimo rozsah měny.") + place);
+}
+
+/// Names the record as the user finds it: the document or day, and the cover.
+[[noreturn]] void RaiseRecord(CQuarterTotals& totals, PackagingSource source, std::int64_t key) {
+    CPackagingRows rows(totals.Store(), source, totals.Period());
+    while (rows.Next()) {
+        if (rows.Key() != key)
+            continue;
+        const QString record =
+            source == PackagingSource::Issued
+                ? QStringLiteral("výdej \"%1\" ze dne %2").arg(rows.Document(), FormatDate(rows.Date()))
+                : QStringLiteral("vyřazení ze dne %1").arg(FormatDate(rows.Date()));
+        RaiseRange(QStringLiteral("\n\n%1, obal \"%2\"").arg(record, rows.Cover()));
+    }
+    RaiseRange({});
+}
+
+/// What one group of a sheet weighs, and where it stands.
+struct Figure {
+    std::optional<CellPlace> place;
+    std::optional<WideCount> kilograms;
+};
+
+std::map<FigureSheet::Group, Figure> FiguresOf(const FigureSheet& figures, CQuarterTotals& totals) {
+    const Layout layout = CurrentLayout();
+    std::map<FigureSheet::Group, Figure> groups;
+    for (const PackagingTotal& total : totals.Of(figures.Source())) {
+        if (!figures.Takes(total.codes))
+            continue;
+        if (total.outOfRangeKey)
+            RaiseRecord(totals, figures.Source(), *total.outOfRangeKey);
+        Figure& figure = groups[figures.GroupOf(total.codes)];
+        figure.place = figures.Place(layout, total.codes);
+        if (total.kilograms)
+            figure.kilograms = figure.kilograms.value_or(0) + *total.kilograms;
+    }
+    for (const auto& [group, figure] : groups)
+        if (figure.kilograms && !IsInRange(*figure.kilograms))
+            RaiseRange({});
+    return groups;
+}
+
+void Fill(const FigureSheet& figures, CQuarterTotals& totals, IProgress& progress, IFigureSheet& sheet) {
+    const std::map<FigureSheet::Group, Figure> groups = FiguresOf(figures, totals);
+    if (groups.empty())
         return;
+    const auto count = static_cast<std::int64_t>(groups.size());
     const std::int64_t step = std::max<std::int64_t>(count / BarRange, 1);
     progress.SetPosition(0);
-    // Rows meet in a cell only where a null counts as no.
-    std::map<CellPlace, std::int64_t> kilograms;
+    // Groups meet in a cell only where a null counts as no.
+    std::map<CellPlace, WideCount> cells;
     std::int64_t i = 0;
-    for (rows->MoveFirst(); !rows->get_EOF(); rows->MoveNext(), ++i) {
+    for (const auto& [group, figure] : groups) {
         if (i % step == 0) {
             progress.SetDetailText(MessageText("%li z %li", i + 1, count));
             progress.SetPosition(static_cast<int>((i + 1) * BarRange / count));
         }
-        const std::optional<CellPlace> cell = place(*rows);
-        if (!cell)
+        ++i;
+        if (!figure.place || !figure.kilograms)
             continue;
-        const Currency weight = ToCurrency(rows->get_Collect("SumWeight"));
-        if (!weight.IsValid())
-            continue;
-        const std::int64_t total = kilograms[*cell] += weight.count;
-        sheet.SetCurrency(RangeText(*cell), Currency::FromCount(total / KilogramsInTonne));
+        const WideCount total = cells[*figure.place] += *figure.kilograms;
+        sheet.SetCurrency(RangeText(*figure.place),
+                          Currency::FromCount(static_cast<std::int64_t>(total / KilogramsInTonne)));
     }
 }
 
 } // namespace
 
-void FillMoveFigures(CDataStore& store, IProgress& progress, IFigureSheet& sheet, ReportFilter filter) {
-    std::string sql = SqlText(MoveQuery, filter.from.Month(), filter.from.Day(), filter.from.Year(), filter.to.Month(),
-                              filter.to.Day(), filter.to.Year());
-    sql += filter.reusable ? " AND (Cover.cover_reusable=True)" : " AND (Cover.cover_reusable=False)";
-    sql += filter.exported ? " AND (Move.move_export=True)"
-                           : SqlText(" AND (Move.move_export=False) AND (Move_Cover.cover_pay=%li)", filter.payment);
-    sql += " GROUP BY Cover.cover_mat, Move_Cover.cover_type, Move_Cover.cover_org";
-    const Layout layout = CurrentLayout();
-    WriteTotals(store, sql, progress, sheet, [&](const CRecordset& row) {
-        return PlaceMaterial(layout, filter.reusable, row.Code("cover_mat"), row.Code("cover_type"),
-                             row.Code("cover_org"));
-    });
+void FillMoveFigures(CQuarterTotals& totals, IProgress& progress, IFigureSheet& sheet, ReportFilter filter) {
+    Fill({"", FigureSheet::Fill::Moves, filter}, totals, progress, sheet);
 }
 
-void FillDiscardFigures(CDataStore& store, IProgress& progress, IFigureSheet& sheet, DateTime from, DateTime to) {
-    const std::string sql =
-        SqlText(DiscardQuery, from.Month(), from.Day(), from.Year(), to.Month(), to.Day(), to.Year());
-    const Layout layout = CurrentLayout();
-    WriteTotals(store, sql, progress, sheet, [&](const CRecordset& row) {
-        return PlaceMaterial(layout, true, row.Code("cover_mat"), row.Code("cover_type"), row.Code("disc_type"));
-    });
+void FillDiscardFigures(CQuarterTotals& totals, IProgress& progress, IFigureSheet& sheet) {
+    Fill({"", FigureSheet::Fill::Discards}, totals, progress, sheet);
 }
 
-void FillStatFigures(CDataStore& store, IProgress& progress, IFigureSheet& sheet, DateTime from, DateTime to) {
-    const std::string sql =
-        SqlText(StatQuery, Stat::NoPallet, from.Month(), from.Day(), from.Year(), to.Month(), to.Day(), to.Year());
-    const Layout layout = CurrentLayout();
-    WriteTotals(store, sql, progress, sheet, [&](const CRecordset& row) {
-        const Variant reusable = row.get_Collect("cover_reusable");
-        return PlaceStat(layout, row.Code("cover_stat"),
-                         IsNull(reusable) ? std::nullopt : std::optional(ToBool(reusable)));
-    });
+void FillStatFigures(CQuarterTotals& totals, IProgress& progress, IFigureSheet& sheet) {
+    Fill({"", FigureSheet::Fill::Stats}, totals, progress, sheet);
 }

@@ -86,6 +86,11 @@ Currency VersionValue(const QString& text) {
     return Currency::FromCount(ToLong(text.left(point)) * Currency::One + hundredths * (Currency::One / 100));
 }
 
+QString UsualVersion(Period period) {
+    const bool old = period.year < 2004 || (period.year == 2004 && period.quarter == 1);
+    return old ? QStringLiteral("1.4") : QStringLiteral("2.0");
+}
+
 bool FitsPeriod(const QString& text, Period period, std::int32_t templateQuarter) {
     const std::int64_t version = VersionValue(text).count;
     for (const Acceptance& line : Acceptances) {

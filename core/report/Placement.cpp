@@ -53,8 +53,8 @@ constexpr int TypeColumns[] = {8, 5, 2, 11};
 constexpr int ShareOffsets[] = {1, 2, 0};
 
 template <class T, std::size_t N>
-constexpr const T* At(const T (&table)[N], std::int32_t index) {
-    return index >= 0 && index < static_cast<std::int32_t>(N) ? &table[index] : nullptr;
+constexpr const T* At(const T (&table)[N], std::int64_t index) {
+    return index >= 0 && index < static_cast<std::int64_t>(N) ? &table[index] : nullptr;
 }
 
 } // namespace
@@ -63,13 +63,24 @@ QString CellText(CellPlace place) {
     return QChar(static_cast<char16_t>(u'A' + place.column)) + QString::number(place.row);
 }
 
+std::optional<CellPlace> ParseCell(const QString& text) {
+    if (text.size() < 2)
+        return {};
+    const char16_t column = text[0].toUpper().unicode();
+    bool isNumber = false;
+    const uint row = QStringView(text).mid(1).toUInt(&isNumber);
+    if (column < u'A' || column > u'Z' || !isNumber || row == 0 || row > 65536 || !text[1].isDigit())
+        return {};
+    return CellPlace{static_cast<int>(row), column - u'A'};
+}
+
 QString RangeText(CellPlace place) {
     const QString cell = CellText(place);
     return cell + u':' + cell;
 }
 
-std::optional<CellPlace> PlaceMaterial(Layout layout, bool reusable, std::int32_t material, std::int32_t type,
-                                       std::int32_t share) {
+std::optional<CellPlace> PlaceMaterial(Layout layout, bool reusable, std::int64_t material, std::int64_t type,
+                                       std::int64_t share) {
     const MaterialRow* row = At(MaterialRows, material);
     const int* column = At(TypeColumns, type);
     const int* offset = At(ShareOffsets, share);
@@ -87,7 +98,7 @@ std::optional<CellPlace> PlaceMaterial(Layout layout, bool reusable, std::int32_
     return CellPlace{layout == Layout::New ? oldRow + 1 : oldRow, *column + *offset};
 }
 
-std::optional<CellPlace> PlaceStat(Layout layout, std::int32_t stat, std::optional<bool> reusable) {
+std::optional<CellPlace> PlaceStat(Layout layout, std::int64_t stat, std::optional<bool> reusable) {
     constexpr int reusableColumn = 4;
     constexpr int oneWayColumn = 7;
     // Unlike the materials, these stand one row higher in the new layout.

@@ -19,13 +19,15 @@ struct CellPlace {
 
 /// "D11".
 QString CellText(CellPlace place);
+/// The cell of a text such as "D11" or "d11"; nothing for any other text.
+std::optional<CellPlace> ParseCell(const QString& text);
 /// "D11:D11".
 QString RangeText(CellPlace place);
 
 /// Where the form has the total of a material and type. `share` is the third code: the origin of issued packaging, the
 /// kind of a discard. Nothing for codes that the form has no cell for; such packaging is not reported.
-std::optional<CellPlace> PlaceMaterial(Layout layout, bool reusable, std::int32_t material, std::int32_t type,
-                                       std::int32_t share);
+std::optional<CellPlace> PlaceMaterial(Layout layout, bool reusable, std::int64_t material, std::int64_t type,
+                                       std::int64_t share);
 
 /// Where the form has the total of a pallet or carton code. `reusable` is nothing when the cover does not say.
-std::optional<CellPlace> PlaceStat(Layout layout, std::int32_t stat, std::optional<bool> reusable);
+std::optional<CellPlace> PlaceStat(Layout layout, std::int64_t stat, std::optional<bool> reusable);

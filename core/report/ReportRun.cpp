@@ -4,6 +4,7 @@
 #include "core/base/Progress.h"
 #include "core/base/Shared.h"
 #include "core/base/SqlText.h"
+#include "core/report/Figures.h"
 #include "core/report/IntroSheet.h"
 #include "core/report/SheetTable.h"
 #include "core/report/TemplateFile.h"
@@ -63,14 +64,14 @@ private:
 };
 
 void FillFigureSheets(IWorkbook& workbook, Period period, CDataStore& store, IProgress& progress) {
-    const DateRange range = QuarterRange(period.year, period.quarter);
+    CQuarterTotals totals(store, QuarterRange(period.year, period.quarter));
     for (const FigureSheet& figures : FigureSheets) {
         const std::unique_ptr<IWorksheet> sheet = workbook.Worksheet(figures.Name());
         if (!sheet)
             continue;
         progress.SetPhaseText(QStringLiteral("sešit ") + figures.Name());
         sheet->Activate();
-        FillSheet(figures, range, store, progress, *sheet);
+        FillSheet(figures, totals, progress, *sheet);
     }
 }
 

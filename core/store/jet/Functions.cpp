@@ -8,7 +8,6 @@
 #include <unicode/utf8.h>
 
 #include <cstring>
-#include <limits>
 #include <string>
 #include <vector>
 
@@ -16,29 +15,15 @@ namespace jet {
 
 namespace {
 
-constexpr __int128 Lowest = std::numeric_limits<std::int64_t>::min();
-constexpr __int128 Highest = std::numeric_limits<std::int64_t>::max();
-
-/// The exact product of two counts in ten-thousandths, rounded to the nearest, ties to even.
-__int128 RoundedProduct(std::int64_t a, std::int64_t b) {
-    const __int128 product = static_cast<__int128>(a) * b;
-    __int128 quotient = product / Currency::One;
-    const __int128 rest = product % Currency::One;
-    const __int128 twice = 2 * (rest < 0 ? -rest : rest);
-    if (twice > Currency::One || (twice == Currency::One && quotient % 2 != 0))
-        quotient += product < 0 ? -1 : 1;
-    return quotient;
-}
-
 void RaiseRange(sqlite3_context* context) {
     sqlite3_result_error(context, "Hodnota je mimo rozsah měny.", -1);
 }
 
-void Answer(sqlite3_context* context, __int128 value) {
-    if (value < Lowest || value > Highest)
-        RaiseRange(context);
-    else
+void Answer(sqlite3_context* context, WideCount value) {
+    if (IsInRange(value))
         sqlite3_result_int64(context, static_cast<std::int64_t>(value));
+    else
+        RaiseRange(context);
 }
 
 bool AnyNull(sqlite3_value** values) {
@@ -68,17 +53,17 @@ void Mul(sqlite3_context* context, int, sqlite3_value** values) {
 }
 
 struct Sum {
-    __int128 total;
+    WideCount total;
     bool any;
 };
 
 void SumMulStep(sqlite3_context* context, int, sqlite3_value** values) {
     if (AnyNull(values))
         return;
-    const __int128 product = AnyInexact(values)
-                                 ? Highest + 1
-                                 : RoundedProduct(sqlite3_value_int64(values[0]), sqlite3_value_int64(values[1]));
-    if (product < Lowest || product > Highest) {
+    const bool exact = !AnyInexact(values);
+    const WideCount product =
+        exact ? RoundedProduct(sqlite3_value_int64(values[0]), sqlite3_value_int64(values[1])) : 0;
+    if (!exact || !IsInRange(product)) {
         RaiseRange(context);
         return;
     }

@@ -26,9 +26,10 @@ std::string ListText(CDataStore& store, const char* version = "2.19") {
     return text;
 }
 
-ReportFilter ThirdQuarter() {
-    const DateRange range = QuarterRange(2012, 3);
-    return {range.from, range.to, false, false, 1};
+/// The sheet "1-1" of the third quarter of 2012.
+void FillFirstSheet(CDataStore& store, IProgress& progress, IFigureSheet& sheet) {
+    CQuarterTotals totals(store, QuarterRange(2012, 3));
+    FillMoveFigures(totals, progress, sheet, {false, false, 1});
 }
 
 /// Codes from one below to two above the list; below it stands for null.
@@ -176,7 +177,7 @@ TEST(Figures, MoveTheBarEveryStep) {
         folder.Sql(Groups(rows));
         RecordedProgress progress;
         CCellMap cells;
-        FillMoveFigures(folder.store, *progress.Open({}, false), cells, ThirdQuarter());
+        FillFirstSheet(folder.store, *progress.Open({}, false), cells);
         const QStringList lines(progress.lines.begin() + 1, progress.lines.end() - 1);
         EXPECT_EQ(count, static_cast<std::size_t>(lines.size()));
         EXPECT_EQ(first, lines.mid(0, 3).join(u',').toStdString());
@@ -197,7 +198,7 @@ TEST(Figures, AnErrorEndsTheFillAndLeavesTheCellsBefore) {
     StoreFolder folder;
     folder.Sql(Groups(30));
     FailingSheet cells;
-    EXPECT_THROW(FillMoveFigures(folder.store, *SilentProgress().Open({}, false), cells, ThirdQuarter()), ComError);
+    EXPECT_THROW(FillFirstSheet(folder.store, *SilentProgress().Open({}, false), cells), ComError);
     EXPECT_EQ(2u, cells.Cells().size());
 }
 

@@ -1,0 +1,67 @@
+#include "core/report/PackagingRows.h"
+
+#include "core/base/SqlText.h"
+
+namespace {
+
+constexpr const char* IssuedQuery =
+    "SELECT Cover.cover_mat, Cover.cover_reusable, Move_Cover.cover_type, Move_Cover.cover_org, "
+    "Move_Cover.mvcover_qty, Cover.cover_weight, Move_Cover.mvcover_id, Move.move_date, Cover.cover_name, "
+    "Move_Cover.cover_pay, Cover.cover_stat, Move.move_export, Move.move_num, Move_Cover.mvprod_id, Move.move_id FROM "
+    "(Move INNER JOIN Move_Cover ON Move.move_id = Move_Cover.move_id) INNER JOIN Cover ON Move_Cover.cover_id = "
+    "Cover.cover_id WHERE DATEDIFF(\"d\", #%i/%i/%i#, move_date)>=0 AND DATEDIFF(\"d\", move_date, #%i/%i/%i#)>=0";
+
+constexpr const char* DiscardedQuery =
+    "SELECT Cover.cover_mat, Cover.cover_reusable, Cover.cover_type, CoverDiscard.disc_type, CoverDiscard.disc_qty, "
+    "Cover.cover_weight, CoverDiscard.disc_id, CoverDiscard.disc_date, Cover.cover_name FROM CoverDiscard INNER JOIN "
+    "Cover ON CoverDiscard.cover_id = Cover.cover_id WHERE DATEDIFF(\"d\", #%i/%i/%i#, disc_date)>=0 AND "
+    "DATEDIFF(\"d\", disc_date, #%i/%i/%i#)>=0";
+
+std::string Query(PackagingSource source, const DateRange& period, CPackagingRows::Order order) {
+    const bool issued = source == PackagingSource::Issued;
+    std::string sql =
+        SqlText(issued ? IssuedQuery : DiscardedQuery, period.from.Month(), period.from.Day(), period.from.Year(),
+                period.to.Month(), period.to.Day(), period.to.Year());
+    if (order == CPackagingRows::Order::ByDocument)
+        sql += issued ? " ORDER BY Move.move_num, Move_Cover.mvcover_id" : " ORDER BY CoverDiscard.disc_id";
+    return sql;
+}
+
+} // namespace
+
+CPackagingRows::CPackagingRows(CDataStore& store, PackagingSource source, const DateRange& period, Order order)
+    : m_source(source), m_rows(store, Query(source, period, order)) {}
+
+const PackagingCodes& CPackagingRows::Codes() {
+    m_codes.material = Code(MaterialColumn);
+    m_codes.reusable = Answer(ReusableColumn);
+    m_codes.type = Code(TypeColumn);
+    m_codes.share = Code(ShareColumn);
+    if (m_source == PackagingSource::Issued) {
+        m_codes.payment = Code(PaymentColumn);
+        m_codes.stat = Code(StatColumn);
+        m_codes.exported = Answer(ExportColumn);
+    }
+    return m_codes;
+}
+
+Currency CPackagingRows::Value(Column column) const {
+    if (m_rows.IsNull(column))
+        return Currency::Null();
+    return m_rows.IsInteger(column) ? Currency::FromCount(m_rows.Integer(column)) : Currency::Invalid();
+}
+
+std::optional<WideCount> CPackagingRows::Kilograms() const {
+    const Currency pieces = Pieces();
+    const Currency weight = KilogramsEach();
+    if (pieces.status == ValueStatus::Null || weight.status == ValueStatus::Null)
+        return {};
+    if (!pieces.IsValid() || !weight.IsValid())
+        return static_cast<WideCount>(std::numeric_limits<std::int64_t>::max()) + 1;
+    return RoundedProduct(pieces.count, weight.count);
+}
+
+QString CPackagingRows::Text(Column column) const {
+    const std::string_view text = m_rows.Text(column);
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
