@@ -18,8 +18,8 @@ namespace {
 enum ExitCode { Done = 0, NotDone = 1, WrongUsage = 2 };
 
 using AddCommand = void (*)(CLI::App&, Action&);
-constexpr AddCommand Commands[] = {AddInit,   AddDemo,   AddRecompute, AddFigures, AddExplain, AddReport,
-                                   AddImport, AddBackup, AddRestore,   AddCheck};
+constexpr AddCommand Commands[] = {AddInit,   AddDemo,   AddRecompute, AddFigures, AddExplain,
+                                   AddReport, AddImport, AddBackup,    AddRestore, AddCheck};
 
 std::string CommandNames(const CLI::App& app, const char* separator) {
     std::string names;

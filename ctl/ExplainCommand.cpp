@@ -45,10 +45,9 @@ bool Explain(const ExplainOptions& options) {
         return false;
     const std::vector<ExplanationRow> rows = ExplainFigure(
         g_dataStore, QuarterRange(options.form.year, options.form.quarter), CurrentLayout(), sheet, place);
-    CTableOutput output(options.format,
-                        {QStringLiteral("document"), QStringLiteral("date"), QStringLiteral("product"),
-                         QStringLiteral("catalogue"), QStringLiteral("cover"), QStringLiteral("pieces"),
-                         QStringLiteral("kilograms_each"), QStringLiteral("kilograms")});
+    CTableOutput output(options.format, {QStringLiteral("document"), QStringLiteral("date"), QStringLiteral("product"),
+                                         QStringLiteral("catalogue"), QStringLiteral("cover"), QStringLiteral("pieces"),
+                                         QStringLiteral("kilograms_each"), QStringLiteral("kilograms")});
     for (const ExplanationRow& row : rows)
         output.Row({row.document, IsoDay(row.date), row.product, row.catalogue, row.cover, Decimal(row.pieces),
                     Decimal(row.kilogramsEach), Decimal(row.kilograms)});

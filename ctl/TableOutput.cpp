@@ -12,8 +12,8 @@ namespace {
 /// A line break inside a value would end the line of whoever reads line by line, but is kept as it stands: quoted, it
 /// belongs to the value.
 QString CsvField(const QString& value) {
-    const bool plain = !value.contains(u',') && !value.contains(u'"') && !value.contains(u'\n') &&
-                       !value.contains(u'\r');
+    const bool plain =
+        !value.contains(u',') && !value.contains(u'"') && !value.contains(u'\n') && !value.contains(u'\r');
     return plain ? value : u'"' + QString(value).replace(u'"', QStringLiteral("\"\"")) + u'"';
 }
 

@@ -57,13 +57,21 @@ std::vector<ExplanationRow> ExplainFigure(CDataStore& store, const DateRange& pe
     std::vector<ExplanationRow> list;
     std::vector<std::int64_t> lines;
     {
-        CPackagingRows rows(store, sheet.Source(), period, CPackagingRows::Order::ByDocument);
+        CPackagingRows rows(store, sheet.Source(), period, CPackagingRows::Extent::Named);
         while (rows.Next()) {
             const PackagingCodes& codes = rows.Codes();
             if (!sheet.Takes(codes) || sheet.Place(layout, codes) != place)
                 continue;
-            list.push_back({rows.Key(), rows.Issue(), rows.Document(), rows.Date(), {}, {}, rows.Cover(), rows.Pieces(),
-                            rows.KilogramsEach(), InRange(rows)});
+            list.push_back({rows.Key(),
+                            rows.Issue(),
+                            rows.Document(),
+                            rows.Date(),
+                            {},
+                            {},
+                            rows.Cover(),
+                            rows.Pieces(),
+                            rows.KilogramsEach(),
+                            InRange(rows)});
             lines.push_back(rows.Line());
         }
     }

@@ -26,7 +26,7 @@ constexpr WideCount KilogramsInTonne = 1000;
 
 /// Names the record as the user finds it: the document or day, and the cover.
 [[noreturn]] void RaiseRecord(CQuarterTotals& totals, PackagingSource source, std::int64_t key) {
-    CPackagingRows rows(totals.Store(), source, totals.Period());
+    CPackagingRows rows(totals.Store(), source, totals.Period(), CPackagingRows::Extent::Named);
     while (rows.Next()) {
         if (rows.Key() != key)
             continue;

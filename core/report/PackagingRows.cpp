@@ -4,40 +4,59 @@
 
 namespace {
 
-constexpr const char* IssuedQuery =
+/// The texts of one source, in the order of the columns.
+struct SourceQuery {
+    const char* codes;
+    const char* names;
+    const char* from;
+    const char* order;
+    int codeCount;
+};
+
+constexpr SourceQuery Issued = {
     "SELECT Cover.cover_mat, Cover.cover_reusable, Move_Cover.cover_type, Move_Cover.cover_org, "
-    "Move_Cover.mvcover_qty, Cover.cover_weight, Move_Cover.mvcover_id, Move.move_date, Cover.cover_name, "
-    "Move_Cover.cover_pay, Cover.cover_stat, Move.move_export, Move.move_num, Move_Cover.mvprod_id, Move.move_id FROM "
-    "(Move INNER JOIN Move_Cover ON Move.move_id = Move_Cover.move_id) INNER JOIN Cover ON Move_Cover.cover_id = "
-    "Cover.cover_id WHERE DATEDIFF(\"d\", #%i/%i/%i#, move_date)>=0 AND DATEDIFF(\"d\", move_date, #%i/%i/%i#)>=0";
+    "Move_Cover.mvcover_qty, Cover.cover_weight, Move_Cover.mvcover_id, Move_Cover.cover_pay, Cover.cover_stat, "
+    "Move.move_export",
+    ", Move.move_date, Cover.cover_name, Move.move_num, Move_Cover.mvprod_id, Move.move_id",
+    " FROM (Move INNER JOIN Move_Cover ON Move.move_id = Move_Cover.move_id) INNER JOIN Cover ON Move_Cover.cover_id = "
+    "Cover.cover_id WHERE DATEDIFF(\"d\", #%i/%i/%i#, move_date)>=0 AND DATEDIFF(\"d\", move_date, #%i/%i/%i#)>=0",
+    " ORDER BY Move.move_num, Move_Cover.mvcover_id",
+    10,
+};
 
-constexpr const char* DiscardedQuery =
+constexpr SourceQuery Discarded = {
     "SELECT Cover.cover_mat, Cover.cover_reusable, Cover.cover_type, CoverDiscard.disc_type, CoverDiscard.disc_qty, "
-    "Cover.cover_weight, CoverDiscard.disc_id, CoverDiscard.disc_date, Cover.cover_name FROM CoverDiscard INNER JOIN "
-    "Cover ON CoverDiscard.cover_id = Cover.cover_id WHERE DATEDIFF(\"d\", #%i/%i/%i#, disc_date)>=0 AND "
-    "DATEDIFF(\"d\", disc_date, #%i/%i/%i#)>=0";
+    "Cover.cover_weight, CoverDiscard.disc_id",
+    ", CoverDiscard.disc_date, Cover.cover_name",
+    " FROM CoverDiscard INNER JOIN Cover ON CoverDiscard.cover_id = Cover.cover_id WHERE DATEDIFF(\"d\", "
+    "#%i/%i/%i#, disc_date)>=0 AND DATEDIFF(\"d\", disc_date, #%i/%i/%i#)>=0",
+    " ORDER BY CoverDiscard.disc_id",
+    7,
+};
 
-std::string Query(PackagingSource source, const DateRange& period, CPackagingRows::Order order) {
-    const bool issued = source == PackagingSource::Issued;
-    std::string sql =
-        SqlText(issued ? IssuedQuery : DiscardedQuery, period.from.Month(), period.from.Day(), period.from.Year(),
-                period.to.Month(), period.to.Day(), period.to.Year());
-    if (order == CPackagingRows::Order::ByDocument)
-        sql += issued ? " ORDER BY Move.move_num, Move_Cover.mvcover_id" : " ORDER BY CoverDiscard.disc_id";
-    return sql;
+const SourceQuery& QueryOf(PackagingSource source) {
+    return source == PackagingSource::Issued ? Issued : Discarded;
+}
+
+std::string QueryText(const SourceQuery& query, const DateRange& period, CPackagingRows::Extent extent) {
+    const bool named = extent == CPackagingRows::Extent::Named;
+    return std::string(query.codes) + (named ? query.names : "") +
+           SqlText(query.from, period.from.Month(), period.from.Day(), period.from.Year(), period.to.Month(),
+                   period.to.Day(), period.to.Year()) +
+           (named ? query.order : "");
 }
 
 } // namespace
 
-CPackagingRows::CPackagingRows(CDataStore& store, PackagingSource source, const DateRange& period, Order order)
-    : m_source(source), m_rows(store, Query(source, period, order)) {}
+CPackagingRows::CPackagingRows(CDataStore& store, PackagingSource source, const DateRange& period, Extent extent)
+    : m_source(source), m_names(QueryOf(source).codeCount), m_rows(store, QueryText(QueryOf(source), period, extent)) {}
 
 const PackagingCodes& CPackagingRows::Codes() {
     m_codes.material = Code(MaterialColumn);
     m_codes.reusable = Answer(ReusableColumn);
     m_codes.type = Code(TypeColumn);
     m_codes.share = Code(ShareColumn);
-    if (m_source == PackagingSource::Issued) {
+    if (IsIssued()) {
         m_codes.payment = Code(PaymentColumn);
         m_codes.stat = Code(StatColumn);
         m_codes.exported = Answer(ExportColumn);
@@ -61,7 +80,7 @@ std::optional<WideCount> CPackagingRows::Kilograms() const {
     return RoundedProduct(pieces.count, weight.count);
 }
 
-QString CPackagingRows::Text(Column column) const {
+QString CPackagingRows::Text(int column) const {
     const std::string_view text = m_rows.Text(column);
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }

@@ -35,10 +35,10 @@ enum class PackagingSource { Issued, Discarded };
 /// says comes from these rows. Every member raises ComError.
 class CPackagingRows {
 public:
-    /// The order costs a sort: by document number, then by key. Without it the rows come as the database has them.
-    enum class Order { None, ByDocument };
+    /// Codes and quantities alone, in the order of the database; or with names, by document number, then by key.
+    enum class Extent { Codes, Named };
 
-    CPackagingRows(CDataStore& store, PackagingSource source, const DateRange& period, Order order = Order::None);
+    CPackagingRows(CDataStore& store, PackagingSource source, const DateRange& period, Extent extent);
 
     bool Next() { return m_rows.Next(); }
 
@@ -51,13 +51,15 @@ public:
     /// Pieces times weight in kilograms, rounded as the engine rounds. Nothing for a null; a count that no currency
     /// holds for what is out of range.
     std::optional<WideCount> Kilograms() const;
-    DateTime Date() const { return m_rows.Date(DateColumn); }
-    QString Cover() const { return Text(CoverColumn); }
+
+    // Only of rows read with their names.
+    DateTime Date() const { return m_rows.Date(m_names + DateColumn); }
+    QString Cover() const { return Text(m_names + CoverColumn); }
     /// `Move.move_num`; empty for a discard.
-    QString Document() const { return m_source == PackagingSource::Issued ? Text(DocumentColumn) : QString(); }
+    QString Document() const { return IsIssued() ? Text(m_names + DocumentColumn) : QString(); }
     /// The issue line and the issue; 0 for a discard.
-    std::int64_t Line() const { return m_source == PackagingSource::Issued ? m_rows.Integer(LineColumn) : 0; }
-    std::int64_t Issue() const { return m_source == PackagingSource::Issued ? m_rows.Integer(IssueColumn) : 0; }
+    std::int64_t Line() const { return IsIssued() ? m_rows.Integer(m_names + LineColumn) : 0; }
+    std::int64_t Issue() const { return IsIssued() ? m_rows.Integer(m_names + IssueColumn) : 0; }
 
 private:
     enum Column {
@@ -68,17 +70,15 @@ private:
         PiecesColumn,
         WeightColumn,
         KeyColumn,
-        DateColumn,
-        CoverColumn,
-        // only issued packaging
+        // only of issued packaging
         PaymentColumn,
         StatColumn,
         ExportColumn,
-        DocumentColumn,
-        LineColumn,
-        IssueColumn,
     };
+    /// Behind those.
+    enum NameColumn { DateColumn, CoverColumn, DocumentColumn, LineColumn, IssueColumn };
 
+    bool IsIssued() const { return m_source == PackagingSource::Issued; }
     std::int64_t Code(Column column) const {
         return m_rows.IsNull(column) ? PackagingCodes::NoCode : m_rows.Integer(column);
     }
@@ -86,9 +86,10 @@ private:
         return m_rows.IsNull(column) ? std::nullopt : std::optional(m_rows.Integer(column) != 0);
     }
     Currency Value(Column column) const;
-    QString Text(Column column) const;
+    QString Text(int column) const;
 
     PackagingSource m_source;
+    int m_names;
     CRowStream m_rows;
     PackagingCodes m_codes;
 };

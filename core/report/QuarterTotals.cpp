@@ -32,7 +32,7 @@ void Add(PackagingTotal& total, const CPackagingRows& rows) {
 std::vector<PackagingTotal> Read(CDataStore& store, PackagingSource source, const DateRange& period) {
     std::vector<PackagingTotal> totals;
     std::unordered_map<PackagingCodes, std::size_t, CodesHash> places;
-    CPackagingRows rows(store, source, period);
+    CPackagingRows rows(store, source, period, CPackagingRows::Extent::Codes);
     while (rows.Next()) {
         const auto [place, isNew] = places.try_emplace(rows.Codes(), totals.size());
         if (isNew)

@@ -1,7 +1,6 @@
 #include "core/store/RowStream.h"
 
-CRowStream::CRowStream(CDataStore& store, std::string_view sql)
-    : m_sql(sql), m_prepared(store.Engine().Prepare(sql)) {
+CRowStream::CRowStream(CDataStore& store, std::string_view sql) : m_sql(sql), m_prepared(store.Engine().Prepare(sql)) {
     if (m_prepared->translation.kind != jet::Translation::Kind::Rows)
         jet::RaiseSyntax(sql, "příkaz nespojuje tabulky");
 }
