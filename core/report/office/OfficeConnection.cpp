@@ -9,6 +9,7 @@
 
 #include <QUrl>
 
+#include <csignal>
 #include <thread>
 #include <utility>
 
@@ -18,6 +19,8 @@ namespace {
 /// the libraries' own clean-up.
 const css::uno::Reference<css::uno::XComponentContext>& LocalContext() {
     static const auto* context = [] {
+        // A call to an office that has just died raises; the write behind it must not end the program first.
+        std::signal(SIGPIPE, SIG_IGN);
         rtl::Bootstrap::set("URE_BOOTSTRAP", "vnd.sun.star.pathname:" KUVEL_UNO_PROGRAM_DIR "/fundamentalrc");
         return new css::uno::Reference<css::uno::XComponentContext>(cppu::defaultBootstrap_InitialComponentContext());
     }();
