@@ -9,6 +9,10 @@ std::int64_t Narrow(__int128 value) {
     return static_cast<std::int64_t>(value);
 }
 
+bool Fits(__int128 value) {
+    return value >= std::numeric_limits<std::int64_t>::min() && value <= std::numeric_limits<std::int64_t>::max();
+}
+
 } // namespace
 
 Currency CurrencyMul(Currency a, Currency b) {
@@ -19,6 +23,22 @@ Currency CurrencyDiv(Currency a, Currency b) {
     if (b.count == 0)
         return Currency::FromCount(0);
     return Currency::FromCount(Narrow(static_cast<__int128>(a.count) * Currency::One / b.count));
+}
+
+std::optional<Currency> CurrencyProduct(Currency a, Currency b) {
+    const __int128 product = static_cast<__int128>(a.count) * b.count;
+    __int128 quotient = product / Currency::One;
+    const __int128 rest = product % Currency::One;
+    const __int128 twice = 2 * (rest < 0 ? -rest : rest);
+    if (twice > Currency::One || (twice == Currency::One && quotient % 2 != 0))
+        quotient += product < 0 ? -1 : 1;
+    if (!Fits(quotient))
+        return std::nullopt;
+    return Currency::FromCount(Narrow(quotient));
+}
+
+bool CurrencyDivFits(Currency a, Currency b) {
+    return b.count == 0 || Fits(static_cast<__int128>(a.count) * Currency::One / b.count);
 }
 
 Currency RoundCurrency(Currency value, std::int64_t unit, char mode) {

@@ -3,6 +3,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <optional>
 
 enum class ValueStatus : std::uint8_t { Valid, Invalid, Null };
 
@@ -27,6 +28,13 @@ struct Currency {
 Currency CurrencyMul(Currency a, Currency b);
 /// a ÷ b, truncated toward zero; 0 when b is 0.
 Currency CurrencyDiv(Currency a, Currency b);
+
+/// a × b as the database computes it: exact, rounded to the nearest ten-thousandth, ties to even. None when it leaves
+/// the range of a currency.
+std::optional<Currency> CurrencyProduct(Currency a, Currency b);
+
+/// Whether a currency holds a ÷ b.
+bool CurrencyDivFits(Currency a, Currency b);
 
 /// The value rounded to a multiple of `unit` ten-thousandths. Modes: 'D' toward zero, 'M' half away from zero,
 /// 'U' toward plus infinity for positive values and toward zero for negative ones; any other mode, and the unit 0,

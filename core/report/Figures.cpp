@@ -4,6 +4,7 @@
 #include "core/base/Progress.h"
 #include "core/base/SqlText.h"
 #include "core/report/Placement.h"
+#include "core/report/RangeFault.h"
 #include "core/report/Spreadsheet.h"
 #include "core/store/DataStore.h"
 
@@ -40,10 +41,19 @@ Layout CurrentLayout() {
     return TemplateVersion.count >= 2 * Currency::One ? Layout::New : Layout::Old;
 }
 
+RecordsetPtr QueryOf(CDataStore& store, const std::string& sql, DateRange days) {
+    try {
+        return store.Query(sql);
+    } catch (const ComError& error) {
+        throw NameFaultyRow(store, error, days.from, days.to);
+    }
+}
+
 /// Writes every row of the query that `place` has a cell for.
 template <class Place>
-void WriteTotals(CDataStore& store, const std::string& sql, IProgress& progress, IFigureSheet& sheet, Place place) {
-    const RecordsetPtr rows = store.Query(sql);
+void WriteTotals(CDataStore& store, const std::string& sql, DateRange days, IProgress& progress, IFigureSheet& sheet,
+                 Place place) {
+    const RecordsetPtr rows = QueryOf(store, sql, days);
     const std::int64_t count = rows->get_RecordCount();
     if (count < 1)
         return;
@@ -78,7 +88,7 @@ void FillMoveFigures(CDataStore& store, IProgress& progress, IFigureSheet& sheet
                            : SqlText(" AND (Move.move_export=False) AND (Move_Cover.cover_pay=%li)", filter.payment);
     sql += " GROUP BY Cover.cover_mat, Move_Cover.cover_type, Move_Cover.cover_org";
     const Layout layout = CurrentLayout();
-    WriteTotals(store, sql, progress, sheet, [&](const CRecordset& row) {
+    WriteTotals(store, sql, {filter.from, filter.to}, progress, sheet, [&](const CRecordset& row) {
         return PlaceMaterial(layout, filter.reusable, row.Code("cover_mat"), row.Code("cover_type"),
                              row.Code("cover_org"));
     });
@@ -88,7 +98,7 @@ void FillDiscardFigures(CDataStore& store, IProgress& progress, IFigureSheet& sh
     const std::string sql =
         SqlText(DiscardQuery, from.Month(), from.Day(), from.Year(), to.Month(), to.Day(), to.Year());
     const Layout layout = CurrentLayout();
-    WriteTotals(store, sql, progress, sheet, [&](const CRecordset& row) {
+    WriteTotals(store, sql, {from, to}, progress, sheet, [&](const CRecordset& row) {
         return PlaceMaterial(layout, true, row.Code("cover_mat"), row.Code("cover_type"), row.Code("disc_type"));
     });
 }
@@ -97,7 +107,7 @@ void FillStatFigures(CDataStore& store, IProgress& progress, IFigureSheet& sheet
     const std::string sql =
         SqlText(StatQuery, Stat::NoPallet, from.Month(), from.Day(), from.Year(), to.Month(), to.Day(), to.Year());
     const Layout layout = CurrentLayout();
-    WriteTotals(store, sql, progress, sheet, [&](const CRecordset& row) {
+    WriteTotals(store, sql, {from, to}, progress, sheet, [&](const CRecordset& row) {
         const Variant reusable = row.get_Collect("cover_reusable");
         return PlaceStat(layout, row.Code("cover_stat"),
                          IsNull(reusable) ? std::nullopt : std::optional(ToBool(reusable)));

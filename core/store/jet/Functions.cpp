@@ -1,5 +1,6 @@
 #include "core/store/jet/Functions.h"
 
+#include "core/base/Currency.h"
 #include "core/base/DateTime.h"
 
 #include <unicode/uchar.h>
@@ -9,6 +10,7 @@
 
 #include <cstring>
 #include <limits>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -19,26 +21,8 @@ namespace {
 constexpr __int128 Lowest = std::numeric_limits<std::int64_t>::min();
 constexpr __int128 Highest = std::numeric_limits<std::int64_t>::max();
 
-/// The exact product of two counts in ten-thousandths, rounded to the nearest, ties to even.
-__int128 RoundedProduct(std::int64_t a, std::int64_t b) {
-    const __int128 product = static_cast<__int128>(a) * b;
-    __int128 quotient = product / Currency::One;
-    const __int128 rest = product % Currency::One;
-    const __int128 twice = 2 * (rest < 0 ? -rest : rest);
-    if (twice > Currency::One || (twice == Currency::One && quotient % 2 != 0))
-        quotient += product < 0 ? -1 : 1;
-    return quotient;
-}
-
 void RaiseRange(sqlite3_context* context) {
     sqlite3_result_error(context, "Hodnota je mimo rozsah měny.", -1);
-}
-
-void Answer(sqlite3_context* context, __int128 value) {
-    if (value < Lowest || value > Highest)
-        RaiseRange(context);
-    else
-        sqlite3_result_int64(context, static_cast<std::int64_t>(value));
 }
 
 bool AnyNull(sqlite3_value** values) {
@@ -49,7 +33,7 @@ bool AnyInexact(sqlite3_value** values) {
     return sqlite3_value_type(values[0]) != SQLITE_INTEGER || sqlite3_value_type(values[1]) != SQLITE_INTEGER;
 }
 
-/// The engine goes over to floating point where a whole number leaves 64 bits.
+/// Out of 64 bits a whole number goes over to floating point, as the engine's own do.
 void Exact(sqlite3_context* context, int, sqlite3_value** values) {
     if (sqlite3_value_type(values[0]) == SQLITE_FLOAT)
         RaiseRange(context);
@@ -57,14 +41,22 @@ void Exact(sqlite3_context* context, int, sqlite3_value** values) {
         sqlite3_result_value(context, values[0]);
 }
 
+std::optional<Currency> Product(sqlite3_value** values) {
+    if (AnyInexact(values))
+        return std::nullopt;
+    return CurrencyProduct(Currency::FromCount(sqlite3_value_int64(values[0])),
+                           Currency::FromCount(sqlite3_value_int64(values[1])));
+}
+
+/// One row whose product is out of range must not keep the others from being listed and sorted.
 void Mul(sqlite3_context* context, int, sqlite3_value** values) {
     if (AnyNull(values))
         return;
-    if (AnyInexact(values)) {
-        RaiseRange(context);
-        return;
-    }
-    Answer(context, RoundedProduct(sqlite3_value_int64(values[0]), sqlite3_value_int64(values[1])));
+    if (const std::optional<Currency> product = Product(values))
+        sqlite3_result_int64(context, product->count);
+    else
+        sqlite3_result_double(context,
+                              sqlite3_value_double(values[0]) * sqlite3_value_double(values[1]) / Currency::One);
 }
 
 struct Sum {
@@ -75,10 +67,8 @@ struct Sum {
 void SumMulStep(sqlite3_context* context, int, sqlite3_value** values) {
     if (AnyNull(values))
         return;
-    const __int128 product = AnyInexact(values)
-                                 ? Highest + 1
-                                 : RoundedProduct(sqlite3_value_int64(values[0]), sqlite3_value_int64(values[1]));
-    if (product < Lowest || product > Highest) {
+    const std::optional<Currency> product = Product(values);
+    if (!product) {
         RaiseRange(context);
         return;
     }
@@ -90,7 +80,7 @@ void SumMulStep(sqlite3_context* context, int, sqlite3_value** values) {
     }
     Sum sum;
     std::memcpy(&sum, memory, sizeof sum);
-    sum.total += product;
+    sum.total += product->count;
     sum.any = true;
     std::memcpy(memory, &sum, sizeof sum);
 }
@@ -101,8 +91,12 @@ void SumMulFinal(sqlite3_context* context) {
         return;
     Sum sum;
     std::memcpy(&sum, memory, sizeof sum);
-    if (sum.any)
-        Answer(context, sum.total);
+    if (!sum.any)
+        return;
+    if (sum.total < Lowest || sum.total > Highest)
+        RaiseRange(context);
+    else
+        sqlite3_result_int64(context, static_cast<std::int64_t>(sum.total));
 }
 
 std::string_view TextOf(sqlite3_value* value) {
