@@ -1,9 +1,11 @@
 #include "windows/registers/products/ProdDateDlg.h"
 
 #include "ui_ProdDateDlg.h"
+#include "windows/widgets/HelpButton.h"
 
 CProdDateDlg::CProdDateDlg(const DateTime& date, QWidget* parent) : QDialog(parent), m_ui(new Ui::ProdDateDlg) {
     m_ui->setupUi(this);
+    AddHelpButton(*m_ui->cancel, HelpContext::ValidityDate);
     m_ui->date->SetValue(date);
     m_ui->date->setFocus();
     connect(m_ui->ok, &QPushButton::clicked, this, &QDialog::accept);
