@@ -30,12 +30,12 @@ public:
         FindNext(row + 1);
     }
 
-    void ReplaceAll(CDataStore& store) {
+    void All(CDataStore& store, ReplacedAll& all) {
         CKeptAlive alive(*m_list.window());
         try {
             InCommitGroup(store, {}, [&](CCommitGroup& group) {
                 for (int row = FindFrom(0); row != NoRow; row = FindFrom(row + 1)) {
-                    ReplaceCurrent();
+                    ++(ReplaceCurrent() ? all.replaced : all.unchanged);
                     group.RecordDone();
                     alive.Look();
                 }
@@ -57,10 +57,14 @@ private:
         return m_records->get_EOF() ? NoRow : m_records->get_AbsolutePosition() - 1;
     }
 
-    void ReplaceCurrent() {
-        m_records->put_Collect(m_request.field, m_request.Replaced(m_records->get_Collect(m_request.field)));
+    /// False when the record holds what it held.
+    bool ReplaceCurrent() {
+        const Variant before = m_records->get_Collect(m_request.field);
+        const Variant after = m_request.Replaced(before);
+        m_records->put_Collect(m_request.field, after);
         m_records->Update();
         m_list.RefreshRow(m_records->get_AbsolutePosition() - 1);
+        return after != before;
     }
 
     const FindRequest& m_request;
@@ -71,7 +75,7 @@ private:
 
 } // namespace
 
-void CarryOut(const FindRequest& request, CDataStore& store, RecordList& list) {
+void CarryOut(const FindRequest& request, CDataStore& store, RecordList& list, ReplacedAll& all) {
     const WaitCursor wait;
     Search search(request, list);
     const int selected = list.SelectedRow();
@@ -84,7 +88,7 @@ void CarryOut(const FindRequest& request, CDataStore& store, RecordList& list) {
         search.Replace(selected);
         break;
     case FindMode::ReplaceAll:
-        search.ReplaceAll(store);
+        search.All(store, all);
         break;
     }
 }
