@@ -5,6 +5,7 @@
 CProdDateDlg::CProdDateDlg(const DateTime& date, QWidget* parent) : QDialog(parent), m_ui(new Ui::ProdDateDlg) {
     m_ui->setupUi(this);
     m_ui->date->SetValue(date);
+    m_ui->takePackaging->hide();
     m_ui->date->setFocus();
     connect(m_ui->ok, &QPushButton::clicked, this, &QDialog::accept);
     connect(m_ui->cancel, &QPushButton::clicked, this, &QDialog::reject);
@@ -14,4 +15,12 @@ CProdDateDlg::~CProdDateDlg() = default;
 
 DateTime CProdDateDlg::Date() const {
     return m_ui->date->Value();
+}
+
+void CProdDateDlg::OfferPackaging() {
+    m_ui->takePackaging->show();
+}
+
+bool CProdDateDlg::TakesPackaging() const {
+    return m_ui->takePackaging->isChecked();
 }

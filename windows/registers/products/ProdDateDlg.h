@@ -19,6 +19,9 @@ public:
     ~CProdDateDlg() override;
 
     DateTime Date() const;
+    /// Offers to begin with the packaging of the definition before.
+    void OfferPackaging();
+    bool TakesPackaging() const;
 
 private:
     std::unique_ptr<Ui::ProdDateDlg> m_ui;
