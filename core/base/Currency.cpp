@@ -35,6 +35,14 @@ Currency CurrencyDiv(Currency a, Currency b) {
     return Currency::FromCount(Narrow(static_cast<__int128>(a.count) * Currency::One / b.count));
 }
 
+bool CurrencyProductFits(Currency a, Currency b) {
+    return IsInRange(RoundedProduct(a.count, b.count));
+}
+
+bool CurrencyDivFits(Currency a, Currency b) {
+    return b.count == 0 || IsInRange(static_cast<WideCount>(a.count) * Currency::One / b.count);
+}
+
 Currency RoundCurrency(Currency value, std::int64_t unit, char mode) {
     if (unit == 0)
         return value;

@@ -34,6 +34,10 @@ using WideCount = __int128;
 bool IsInRange(WideCount count);
 /// The engine's product of two counts: exact, then rounded to the nearest ten-thousandth, ties to even.
 WideCount RoundedProduct(std::int64_t a, std::int64_t b);
+/// Whether a currency holds a × b as the database computes it.
+bool CurrencyProductFits(Currency a, Currency b);
+/// Whether a currency holds a ÷ b.
+bool CurrencyDivFits(Currency a, Currency b);
 
 /// The value rounded to a multiple of `unit` ten-thousandths. Modes: 'D' toward zero, 'M' half away from zero,
 /// 'U' toward plus infinity for positive values and toward zero for negative ones; any other mode, and the unit 0,

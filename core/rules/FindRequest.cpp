@@ -1,6 +1,7 @@
 #include "core/rules/FindRequest.h"
 
 #include "core/base/SqlText.h"
+#include "core/base/TextField.h"
 
 std::string FindRequest::Criterion() const {
     if (const auto* code = std::get_if<std::int32_t>(&find))
@@ -11,10 +12,12 @@ std::string FindRequest::Criterion() const {
 }
 
 Variant FindRequest::Replaced(const Variant& current) const {
-    const auto* part = std::get_if<QString>(&find);
-    if (!partial || part == nullptr)
+    const auto* text = std::get_if<QString>(&replace);
+    if (text == nullptr)
         return replace;
-    return FormatVariant(current).replace(*part, std::get<QString>(replace), Qt::CaseSensitive);
+    const QString line = OneLine(*text);
+    const auto* part = std::get_if<QString>(&find);
+    return partial && part != nullptr ? FormatVariant(current).replace(*part, line, Qt::CaseSensitive) : line;
 }
 
 FindArea AreaOf(const std::string& field) {

@@ -160,6 +160,10 @@ void CRows::Take(const sqlite::Statement& statement, int firstColumn) {
             m_tags.push_back(date.IsValid() ? Tag::Value : Tag::Invalid);
             break;
         }
+        case jet::ValueType::Currency:
+            m_values.push_back(statement.Integer(i));
+            m_tags.push_back(statement.IsReal(i) ? Tag::Invalid : Tag::Value);
+            break;
         default:
             m_values.push_back(statement.Integer(i));
             m_tags.push_back(Tag::Value);
@@ -177,7 +181,7 @@ Variant CRows::Cell(int column) const {
     const std::int64_t value = m_values[at];
     switch (columns[static_cast<std::size_t>(column)].type) {
     case jet::ValueType::Currency:
-        return Currency::FromCount(value);
+        return m_tags[at] == Tag::Invalid ? Currency::Invalid() : Currency::FromCount(value);
     case jet::ValueType::Boolean:
         return value != 0;
     case jet::ValueType::Date:

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/base/Messages.h"
-#include "core/base/SqlText.h"
+#include "core/base/TextField.h"
 
 #include <QLineEdit>
 
@@ -16,12 +16,17 @@ inline bool Refuse(QWidget& control, const char* text) {
     return Refuse(control, QString::fromUtf8(text));
 }
 
-/// Refuses a text longer than its column holds. Typing is not cut off, so that a longer one that came from elsewhere is
-/// not lost by opening it.
-inline bool IsShortEnough(QLineEdit& edit, int most) {
-    if (edit.text().size() <= most)
+/// Makes one line of what was typed or pasted, without blanks at its ends unless they are to stay, and refuses it when
+/// the column cannot hold it. Typing is not cut off, so that a longer text that came from elsewhere is not lost by
+/// opening it.
+inline bool TakeLine(QLineEdit& edit, const char* column, bool trims = true) {
+    const QString line = trims ? TrimmedLine(edit.text()) : OneLine(edit.text());
+    if (line != edit.text())
+        edit.setText(line);
+    const QString refusal = RefuseLength(column, line);
+    if (refusal.isEmpty())
         return true;
-    Refuse(edit, MessageText("Zadejte nejvýše %i znaků.", most));
+    Refuse(edit, refusal);
     edit.selectAll();
     return false;
 }

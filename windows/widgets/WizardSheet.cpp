@@ -1,5 +1,7 @@
 #include "windows/widgets/WizardSheet.h"
 
+#include "windows/widgets/TypedEdit.h"
+
 #include <QBoxLayout>
 #include <QFrame>
 #include <QPushButton>
@@ -89,11 +91,11 @@ void CWizardSheet::SetButtons(Ending ending) {
 }
 
 void CWizardSheet::PressNext() {
-    if (m_next->isVisible() && Current().OnWizardNext())
+    if (m_next->isVisible() && CheckTyped(Current()) && Current().OnWizardNext())
         Show(m_current + 1);
 }
 
 void CWizardSheet::PressFinish() {
-    if (m_finish->isVisible() && Current().OnWizardFinish())
+    if (m_finish->isVisible() && CheckTyped(Current()) && Current().OnWizardFinish())
         accept();
 }

@@ -1,5 +1,6 @@
 #include "core/store/jet/Functions.h"
 
+#include "core/base/Currency.h"
 #include "core/base/DateTime.h"
 
 #include <unicode/uchar.h>
@@ -8,6 +9,7 @@
 #include <unicode/utf8.h>
 
 #include <cstring>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -34,7 +36,7 @@ bool AnyInexact(sqlite3_value** values) {
     return sqlite3_value_type(values[0]) != SQLITE_INTEGER || sqlite3_value_type(values[1]) != SQLITE_INTEGER;
 }
 
-/// The engine goes over to floating point where a whole number leaves 64 bits.
+/// Out of 64 bits a whole number goes over to floating point, as the engine's own do.
 void Exact(sqlite3_context* context, int, sqlite3_value** values) {
     if (sqlite3_value_type(values[0]) == SQLITE_FLOAT)
         RaiseRange(context);
@@ -42,14 +44,23 @@ void Exact(sqlite3_context* context, int, sqlite3_value** values) {
         sqlite3_result_value(context, values[0]);
 }
 
+/// None where the product leaves the range of a currency.
+std::optional<std::int64_t> Product(sqlite3_value** values) {
+    if (AnyInexact(values))
+        return std::nullopt;
+    const WideCount product = RoundedProduct(sqlite3_value_int64(values[0]), sqlite3_value_int64(values[1]));
+    return IsInRange(product) ? std::optional(static_cast<std::int64_t>(product)) : std::nullopt;
+}
+
+/// One row whose product is out of range must not keep the others from being listed and sorted.
 void Mul(sqlite3_context* context, int, sqlite3_value** values) {
     if (AnyNull(values))
         return;
-    if (AnyInexact(values)) {
-        RaiseRange(context);
-        return;
-    }
-    Answer(context, RoundedProduct(sqlite3_value_int64(values[0]), sqlite3_value_int64(values[1])));
+    if (const std::optional<std::int64_t> product = Product(values))
+        sqlite3_result_int64(context, *product);
+    else
+        sqlite3_result_double(context,
+                              sqlite3_value_double(values[0]) * sqlite3_value_double(values[1]) / Currency::One);
 }
 
 struct Sum {
@@ -60,10 +71,8 @@ struct Sum {
 void SumMulStep(sqlite3_context* context, int, sqlite3_value** values) {
     if (AnyNull(values))
         return;
-    const bool exact = !AnyInexact(values);
-    const WideCount product =
-        exact ? RoundedProduct(sqlite3_value_int64(values[0]), sqlite3_value_int64(values[1])) : 0;
-    if (!exact || !IsInRange(product)) {
+    const std::optional<std::int64_t> product = Product(values);
+    if (!product) {
         RaiseRange(context);
         return;
     }
@@ -75,7 +84,7 @@ void SumMulStep(sqlite3_context* context, int, sqlite3_value** values) {
     }
     Sum sum;
     std::memcpy(&sum, memory, sizeof sum);
-    sum.total += product;
+    sum.total += *product;
     sum.any = true;
     std::memcpy(memory, &sum, sizeof sum);
 }
@@ -86,8 +95,12 @@ void SumMulFinal(sqlite3_context* context) {
         return;
     Sum sum;
     std::memcpy(&sum, memory, sizeof sum);
-    if (sum.any)
-        Answer(context, sum.total);
+    if (!sum.any)
+        return;
+    if (sum.total < Lowest || sum.total > Highest)
+        RaiseRange(context);
+    else
+        sqlite3_result_int64(context, static_cast<std::int64_t>(sum.total));
 }
 
 std::string_view TextOf(sqlite3_value* value) {

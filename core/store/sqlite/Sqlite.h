@@ -46,6 +46,7 @@ public:
     void Run();
 
     bool IsNull(int column) const { return sqlite3_column_type(Get(), column) == SQLITE_NULL; }
+    bool IsReal(int column) const { return sqlite3_column_type(Get(), column) == SQLITE_FLOAT; }
     std::int64_t Integer(int column) const { return sqlite3_column_int64(Get(), column); }
     std::string_view Text(int column) const;
     sqlite3_stmt* Get() const { return m_statement.get(); }

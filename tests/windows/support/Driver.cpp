@@ -6,7 +6,6 @@
 
 #include <QApplication>
 #include <QComboBox>
-#include <QDateEdit>
 #include <QDialog>
 #include <QHeaderView>
 #include <QLineEdit>
@@ -136,8 +135,6 @@ std::string ShownBy(QWidget& dialog, const char* control) {
         return combo->currentText().toStdString();
     if (const auto* button = qobject_cast<QAbstractButton*>(&widget))
         return !button->isCheckable() ? button->text().toStdString() : button->isChecked() ? "ano" : "ne";
-    if (const auto* date = qobject_cast<QDateEdit*>(&widget))
-        return date->text().toStdString();
     if (const auto* line = qobject_cast<QLineEdit*>(&widget))
         return line->text().toStdString();
     // What holds an edit: a spin box.
@@ -182,7 +179,7 @@ Act Pressed(Qt::Key key) {
 }
 
 Act Dated(const char* date, const QDate& day) {
-    return [=](QWidget& dialog) { Find<QDateEdit>(dialog, date).setDate(day); };
+    return [=](QWidget& dialog) { TypeText(dialog, date, day.toString(u"d.M.yyyy").toLatin1().constData()); };
 }
 
 Act Chose(const char* list, int row) {

@@ -89,7 +89,7 @@ Act Typed(const char* edit, const char* text);
 Act Picked(const char* combo, int row);
 Act Clicked(const char* button);
 Act Pressed(Qt::Key key);
-/// A day in a date edit, which keeps its time.
+/// A day typed into a date edit, which keeps its time.
 Act Dated(const char* date, const QDate& day);
 /// A row of a list.
 Act Chose(const char* list, int row);

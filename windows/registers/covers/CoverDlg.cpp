@@ -6,11 +6,6 @@
 #include "windows/widgets/Refuse.h"
 #include "windows/widgets/edits/CodeCombo.h"
 
-namespace {
-constexpr int LongestName = 50;
-constexpr int LongestNote = 255;
-} // namespace
-
 CCoverDlg::CCoverDlg(const CDataStore& store, QWidget* parent)
     : QDialog(parent), m_ui(std::make_unique<Ui::CoverDlg>()) {
     m_ui->setupUi(this);
@@ -72,7 +67,7 @@ void CCoverDlg::OnStatChosen() {
 }
 
 bool CCoverDlg::TakeValues() {
-    if (!IsShortEnough(*m_ui->name, LongestName) || !IsShortEnough(*m_ui->note, LongestNote))
+    if (!TakeLine(*m_ui->name, "cover_name") || !TakeLine(*m_ui->note, "cover_note") || !CheckTyped(*this))
         return false;
     m_values.name = m_ui->name->text();
     m_values.note = m_ui->note->text();

@@ -74,6 +74,8 @@ void CCoverFilterDlg::EnableCriteria() {
 }
 
 void CCoverFilterDlg::accept() {
+    if (!CheckTyped(*this))
+        return;
     TakeFilter();
     if (m_filter.byWeight && m_filter.weightFrom.count > m_filter.weightTo.count) {
         ShowWarning(QStringLiteral("Hmotnost \"Od\" nesmí být větší než hodnota \"do\""));

@@ -46,6 +46,8 @@ void CPageDisc::OnSetActive() {
 }
 
 bool CPageDisc::OnWizardFinish() {
+    if (!m_link->Check())
+        return false;
     if (m_ui->quantity->Value().count > 0)
         return true;
     ShowWarning(QString::fromUtf8(Text::QuantityNotPositive));

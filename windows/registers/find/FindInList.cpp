@@ -1,5 +1,8 @@
 #include "windows/registers/find/FindInList.h"
 
+#include "core/base/Messages.h"
+#include "core/base/SqlText.h"
+#include "core/base/TextField.h"
 #include "core/store/CommitGroup.h"
 #include "windows/widgets/Beep.h"
 #include "windows/widgets/KeptAlive.h"
@@ -48,6 +51,28 @@ public:
         Beep();
     }
 
+    void Run(CDataStore& store) {
+        const int selected = m_list.SelectedRow();
+        m_list.DeselectAll();
+        switch (m_request.mode) {
+        case FindMode::FindNext:
+            FindNext(selected + 1);
+            break;
+        case FindMode::Replace:
+            Replace(selected);
+            break;
+        case FindMode::ReplaceAll:
+            ReplaceAll(store);
+            break;
+        }
+    }
+
+    void TellTooLong() const {
+        if (m_tooLong > 0)
+            ShowWarning(MessageText("Nenahrazeno záznamů: %i. Nový text by měl více než %i znaků.", m_tooLong,
+                                    LongestText(m_request.field)));
+    }
+
 private:
     /// The first match from this row on, as the current record.
     int FindFrom(int row) {
@@ -57,8 +82,14 @@ private:
         return m_records->get_EOF() ? NoRow : m_records->get_AbsolutePosition() - 1;
     }
 
+    /// A text that the column cannot hold is not cut: the record stays as it is.
     void ReplaceCurrent() {
-        m_records->put_Collect(m_request.field, m_request.Replaced(m_records->get_Collect(m_request.field)));
+        const Variant replaced = m_request.Replaced(m_records->get_Collect(m_request.field));
+        if (const auto* text = std::get_if<QString>(&replaced); text && text->size() > LongestText(m_request.field)) {
+            ++m_tooLong;
+            return;
+        }
+        m_records->put_Collect(m_request.field, replaced);
         m_records->Update();
         m_list.RefreshRow(m_records->get_AbsolutePosition() - 1);
     }
@@ -67,24 +98,16 @@ private:
     const std::string m_criterion;
     RecordList& m_list;
     const RecordsetPtr m_records;
+    int m_tooLong = 0;
 };
 
 } // namespace
 
 void CarryOut(const FindRequest& request, CDataStore& store, RecordList& list) {
-    const WaitCursor wait;
     Search search(request, list);
-    const int selected = list.SelectedRow();
-    list.DeselectAll();
-    switch (request.mode) {
-    case FindMode::FindNext:
-        search.FindNext(selected + 1);
-        break;
-    case FindMode::Replace:
-        search.Replace(selected);
-        break;
-    case FindMode::ReplaceAll:
-        search.ReplaceAll(store);
-        break;
+    {
+        const WaitCursor wait;
+        search.Run(store);
     }
+    search.TellTooLong();
 }

@@ -6,10 +6,6 @@
 #include "windows/widgets/Refuse.h"
 #include "windows/widgets/edits/CodeCombo.h"
 
-namespace {
-constexpr int LongestNumber = 20;
-} // namespace
-
 CMoveDlg::CMoveDlg(const CDataStore& store, QWidget* parent) : QDialog(parent), m_ui(std::make_unique<Ui::MoveDlg>()) {
     m_ui->setupUi(this);
     FillCodes(*m_ui->type, store.Codes(CodeList::MoveType));
@@ -44,7 +40,7 @@ void CMoveDlg::WriteExport(CRecordset& issue) const {
 }
 
 void CMoveDlg::accept() {
-    if (!IsShortEnough(*m_ui->num, LongestNumber))
+    if (!TakeLine(*m_ui->num, "move_num") || !CheckTyped(*this))
         return;
     if (ChosenCode(*m_ui->type) < 0) {
         Refuse(*m_ui->type, "Není vybrán typ výdeje!");

@@ -32,6 +32,8 @@ void CMoveFilterDlg::EnableCriteria() {
 }
 
 void CMoveFilterDlg::accept() {
+    if (!CheckTyped(*this))
+        return;
     MoveFilter filter;
     filter.byNum = m_ui->byNum->isChecked();
     filter.num = m_ui->num->text();

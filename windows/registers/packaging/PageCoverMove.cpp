@@ -79,5 +79,7 @@ void CPageCoverMove::ShowCover() {
 }
 
 bool CPageCoverMove::OnWizardFinish() {
+    if (!m_link->Check())
+        return false;
     return Quantity().count > 0 || Refuse(*m_ui->covers, "Množství obalu musí být větší než 0");
 }

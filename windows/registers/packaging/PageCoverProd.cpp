@@ -62,6 +62,8 @@ void CPageCoverProd::OnSetActive() {
 }
 
 bool CPageCoverProd::OnWizardFinish() {
+    if (!m_link->Check())
+        return false;
     if (m_ui->covers->Value().count <= 0)
         return Refuse(*m_ui->covers, "Množství obalu musí být větší než 0");
     if (m_ui->products->Edit().Value().count <= 0)

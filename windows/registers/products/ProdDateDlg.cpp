@@ -7,11 +7,16 @@ CProdDateDlg::CProdDateDlg(const DateTime& date, QWidget* parent)
     m_ui->setupUi(this);
     m_ui->date->SetValue(date);
     m_ui->date->setFocus();
-    connect(m_ui->ok, &QPushButton::clicked, this, &QDialog::accept);
+    connect(m_ui->ok, &QPushButton::clicked, this, &CProdDateDlg::accept);
     connect(m_ui->cancel, &QPushButton::clicked, this, &QDialog::reject);
 }
 
 CProdDateDlg::~CProdDateDlg() = default;
+
+void CProdDateDlg::accept() {
+    if (CheckTyped(*this))
+        QDialog::accept();
+}
 
 DateTime CProdDateDlg::Date() const {
     return m_ui->date->Value();

@@ -19,6 +19,7 @@ public:
     ~CProdDateDlg() override;
 
     DateTime Date() const;
+    void accept() override;
 
 private:
     std::unique_ptr<Ui::ProdDateDlg> m_ui;

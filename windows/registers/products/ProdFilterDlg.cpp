@@ -10,6 +10,7 @@ CProdFilterDlg::CProdFilterDlg(const ProdFilter& filter, QWidget* parent)
     m_ui->criterion->addItem(QStringLiteral("všechny produkty"), int{ProdFilter::All});
     m_ui->criterion->addItem(QStringLiteral("jen produkty s definovanými kuvel"), int{ProdFilter::With});
     m_ui->criterion->addItem(QStringLiteral("jen produkty bez obalů"), int{ProdFilter::Without});
+    TypingSelects(*m_ui->criterion);
     SelectCode(*m_ui->criterion, m_filter.coverCriterion);
     m_ui->byName->setChecked(m_filter.byName);
     m_ui->name->setText(m_filter.name);

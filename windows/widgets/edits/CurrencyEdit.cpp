@@ -1,18 +1,32 @@
 #include "windows/widgets/edits/CurrencyEdit.h"
 
-#include <QRegularExpressionValidator>
+#include "core/base/TypedText.h"
+#include "windows/widgets/Refuse.h"
+
+#include <QKeyEvent>
 
 #include <algorithm>
 
-CurrencyEdit::CurrencyEdit(QWidget* parent) : QLineEdit(parent) {
-    // Fourteen digits before the comma stay within what a currency holds.
-    static const QRegularExpression Number(QStringLiteral("\\s*-?(\\d[ \\x{A0}]?){0,14}([.,]\\d{0,4})?\\s*"));
-    setValidator(new QRegularExpressionValidator(Number, this));
+Currency CurrencyEdit::Value() const {
+    return ReadNumber(text(), m_unit).value;
 }
 
-void CurrencyEdit::FocusAll() {
-    setFocus();
-    selectAll();
+QString CurrencyEdit::Complaint() const {
+    return ReadNumber(text(), m_unit).refusal;
+}
+
+QString CurrencyEdit::TidyText() const {
+    return CurrencyText(Value());
+}
+
+void CurrencyEdit::keyPressEvent(QKeyEvent* event) {
+    const bool ofKeypad = event->modifiers() & Qt::KeypadModifier;
+    if (ofKeypad && event->key() == Qt::Key_Period) {
+        QKeyEvent comma(QEvent::KeyPress, Qt::Key_Comma, event->modifiers(), QStringLiteral(","));
+        TypedEdit::keyPressEvent(&comma);
+        return;
+    }
+    TypedEdit::keyPressEvent(event);
 }
 
 CurrencySpin::CurrencySpin(QWidget* parent) : QAbstractSpinBox(parent), m_edit(new CurrencyEdit) {
@@ -22,13 +36,15 @@ CurrencySpin::CurrencySpin(QWidget* parent) : QAbstractSpinBox(parent), m_edit(n
 void CurrencySpin::stepBy(int steps) {
     constexpr std::int64_t Lowest = 1;
     constexpr std::int64_t Highest = 65535;
+    if (!m_edit->Complaint().isEmpty())
+        return;
     const std::int64_t whole = m_edit->Value().count / Currency::One;
     m_edit->SetValue(Currency::FromWhole(std::clamp(whole + steps, Lowest, Highest)));
     m_edit->selectAll();
 }
 
-QValidator::State CurrencySpin::validate(QString& input, int& position) const {
-    return m_edit->validator()->validate(input, position);
+QValidator::State CurrencySpin::validate(QString&, int&) const {
+    return QValidator::Acceptable;
 }
 
 QAbstractSpinBox::StepEnabled CurrencySpin::stepEnabled() const {
@@ -43,15 +59,30 @@ WeightLink::WeightLink(CurrencyEdit& quantity, CurrencyEdit& weight, QObject* pa
 
 void WeightLink::SetPieceWeight(Currency weight) {
     m_pieceWeight = weight;
-    m_weight.SetValue(CurrencyMul(m_quantity.Value(), m_pieceWeight));
+    const Currency quantity = m_quantity.Value();
+    m_weight.SetValue(CurrencyProductFits(quantity, weight) ? CurrencyMul(quantity, weight) : Currency::Invalid());
 }
 
 void WeightLink::ShowWeight() {
-    if (m_pieceWeight.count > 0)
-        m_weight.SetValue(CurrencyMul(m_quantity.Value(), m_pieceWeight));
+    if (m_pieceWeight.count <= 0)
+        return;
+    const Currency quantity = m_quantity.Value();
+    const bool shows = m_quantity.Complaint().isEmpty() && CurrencyProductFits(quantity, m_pieceWeight);
+    m_weight.SetValue(shows ? CurrencyMul(quantity, m_pieceWeight) : Currency::Invalid());
 }
 
 void WeightLink::ShowQuantity() {
-    if (m_pieceWeight.count > 0)
-        m_quantity.SetValue(CurrencyDiv(m_weight.Value(), m_pieceWeight));
+    if (m_pieceWeight.count <= 0)
+        return;
+    const Currency weight = m_weight.Value();
+    const bool shows = m_weight.Complaint().isEmpty() && CurrencyDivFits(weight, m_pieceWeight);
+    m_quantity.SetValue(shows ? CurrencyDiv(weight, m_pieceWeight) : Currency::Invalid());
+}
+
+bool WeightLink::Check() {
+    const QString pieces = RefuseWeight(m_quantity.Value(), m_pieceWeight);
+    if (!pieces.isEmpty())
+        return Refuse(m_quantity, pieces);
+    const QString weight = RefusePieces(m_weight.Value(), m_pieceWeight);
+    return weight.isEmpty() || Refuse(m_weight, weight);
 }

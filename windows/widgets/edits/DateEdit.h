@@ -1,11 +1,14 @@
 #pragma once
 
 #include "core/base/DateTime.h"
+#include "windows/widgets/TypedEdit.h"
 
-#include <QDateEdit>
+class QDate;
 
-/// A date picker. The time of day that came with the date stays when another day is chosen.
-class DateEdit : public QDateEdit {
+/// A date: typed in any form that `ReadDate` reads, stepped by Up and Down (a day) and Page Up and Page Down (a month),
+/// or picked from the calendar that Alt+Down, F4 and the button open. The time of day that came with the date stays
+/// when another day is chosen.
+class DateEdit : public TypedEdit {
     Q_OBJECT
 
 public:
@@ -13,12 +16,18 @@ public:
 
     /// A date that is not valid shows today.
     void SetValue(const DateTime& date);
+    /// What was set, while the text cannot be read.
     DateTime Value() const;
+    QString Complaint() const override;
 
 protected:
-    /// Tab leaves the picker at once; the arrows walk through day, month and year.
-    bool focusNextPrevChild(bool next) override { return QWidget::focusNextPrevChild(next); }
+    QString TidyText() const override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    void Step(int days, int months);
+    void OpenCalendar();
+    void Choose(const QDate& day);
+
     DateTime m_date;
 };

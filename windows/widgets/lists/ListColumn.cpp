@@ -5,6 +5,13 @@
 
 namespace {
 
+/// A product that the statement computes may be out of a currency's range.
+QString ValueText(const Variant& value) {
+    const auto* number = std::get_if<Currency>(&value);
+    return number != nullptr && number->status == ValueStatus::Invalid ? QStringLiteral("mimo rozsah")
+                                                                       : FormatVariant(value);
+}
+
 CellText TextOf(const RecordField& field) {
     const char* const name = field.name;
     switch (field.kind) {
@@ -18,7 +25,7 @@ CellText TextOf(const RecordField& field) {
                                                               : FormatVariant(record.get_Collect(name));
         };
     default:
-        return [name](const CDataStore&, const CRecordset& record) { return FormatVariant(record.get_Collect(name)); };
+        return [name](const CDataStore&, const CRecordset& record) { return ValueText(record.get_Collect(name)); };
     }
 }
 
