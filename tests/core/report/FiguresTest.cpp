@@ -194,6 +194,34 @@ public:
     }
 };
 
+TEST(Figures, AWeightOutOfRangeIsNamed) {
+    const struct {
+        std::string issued;
+        std::string discarded;
+        const char* row;
+    } cases[] = {{"999999999999990000", "10000", "\n\nvýdej \"A\" z 15.08.2012, obal \"Bedna\""},
+                 {"10000", "999999999999990000", "\n\nobal \"Bedna\" vyřazený 16.08.2012"}};
+    for (const auto& each : cases) {
+        StoreFolder folder;
+        folder.Sql(("INSERT INTO Cover (cover_name, cover_mat, cover_weight, cover_reusable, cover_stat) VALUES "
+                    "('Bedna', 0, 250000, 1, 1);"
+                    "INSERT INTO Move VALUES (1, 'A', '2012-08-15 00:00:00', 0, 0, NULL);"
+                    "INSERT INTO Move_Cover (move_id, cover_id, mvcover_qty, cover_type, cover_org, cover_pay) VALUES "
+                    "(1, 1, " +
+                    each.issued +
+                    ", 0, 0, 1); INSERT INTO CoverDiscard (cover_id, disc_date, disc_qty, disc_type) VALUES "
+                    "(1, '2012-08-16 00:00:00', " +
+                    each.discarded + ", 0)")
+                       .c_str());
+        try {
+            ListOf(folder.store, "2.19");
+            ADD_FAILURE() << each.row;
+        } catch (const ComError& error) {
+            EXPECT_EQ(std::string("Hodnota je mimo rozsah měny.") + each.row, error.Description().toStdString());
+        }
+    }
+}
+
 TEST(Figures, AnErrorEndsTheFillAndLeavesTheCellsBefore) {
     StoreFolder folder;
     folder.Sql(Groups(30));

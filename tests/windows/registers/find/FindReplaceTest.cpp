@@ -265,6 +265,17 @@ TEST_F(FindReplace, ReplacesInTheRowsThatMatch) {
     }
 }
 
+TEST_F(FindReplace, ATextTooLongForItsFieldIsNotMade) {
+    Select(-1);
+    Open();
+    FillIn("Název", "box", true, std::string(45, 'x').c_str());
+    messages.Expect(Czech("Nenahrazeno záznamů: 1. Nový text by měl více než 50 znaků."), Message::Icon::Warning);
+    folder.Sql("UPDATE Cover SET cover_name = 'další žlutý box' WHERE cover_id = 5");
+    frame->RunCommand(ID_RECORD_REFRESH);
+    Press(Covers(), "replaceAll");
+    EXPECT_EQ("další žlutý box", folder.Ask("SELECT cover_name FROM Cover WHERE cover_id = 5"));
+}
+
 TEST_F(FindReplace, EachRegisterIsTheTargetOfTheWindowItOpenedLast) {
     const std::tuple<Command, const char*, const char*, const char*, const char*, const char*, const char*> cases[] = {
         {ID_SHOW_COMPOSITES, "composites", "Poznámka", "b", "c", "SELECT ccover_note FROM CompCover", "a c"},
