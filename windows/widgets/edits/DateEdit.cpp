@@ -17,7 +17,7 @@ QDate Day(const DateTime& date) {
 } // namespace
 
 DateEdit::DateEdit(QWidget* parent) : TypedEdit(parent) {
-    QAction* calendar = addAction(RegisterIcon(QStringLiteral("calendar")), TrailingPosition);
+    QAction* calendar = addAction(NamedIcon("calendar"), TrailingPosition);
     calendar->setText(QStringLiteral("Kalendář"));
     calendar->setToolTip(QStringLiteral("Kalendář (F4)"));
     connect(calendar, &QAction::triggered, this, &DateEdit::OpenCalendar);
