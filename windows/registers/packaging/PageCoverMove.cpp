@@ -1,5 +1,6 @@
 #include "windows/registers/packaging/PageCoverMove.h"
 
+#include "core/base/SqlText.h"
 #include "core/store/DataStore.h"
 #include "ui_PageCoverMove.h"
 #include "windows/registers/packaging/PageCover.h"
