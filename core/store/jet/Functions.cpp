@@ -95,12 +95,8 @@ void SumMulFinal(sqlite3_context* context) {
         return;
     Sum sum;
     std::memcpy(&sum, memory, sizeof sum);
-    if (!sum.any)
-        return;
-    if (sum.total < Lowest || sum.total > Highest)
-        RaiseRange(context);
-    else
-        sqlite3_result_int64(context, static_cast<std::int64_t>(sum.total));
+    if (sum.any)
+        Answer(context, sum.total);
 }
 
 std::string_view TextOf(sqlite3_value* value) {

@@ -6,8 +6,7 @@ namespace jet {
 
 /// Registers what translated statements call:
 ///   kuvel_mul(a, b)          the product of two currencies, exact, rounded to the nearest ten-thousandth, ties to
-///   even;
-///                            a floating-point number, read as an invalid currency, where it leaves their range
+///                            even; a floating-point number, read as an invalid currency, where it leaves their range
 ///   kuvel_sum_mul(a, b)      the sum of such products; an error where one, or the sum, leaves the range
 ///   kuvel_exact(n)           the whole number itself; an error for what the engine could not keep as one
 ///   kuvel_like(pattern, t)   LIKE with % and _, without regard to case, accents respected
