@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QFocusEvent>
 #include <QPushButton>
+#include <QTimer>
 #include <QToolTip>
 
 namespace {
@@ -16,6 +17,12 @@ bool ComesBack(Qt::FocusReason reason) {
 
 QColor FaultColor(const QPalette& palette) {
     return palette.color(QPalette::Base).lightness() < 128 ? QColor(0xff, 0x8a, 0x80) : QColor(0xb0, 0x00, 0x20);
+}
+
+void ShowBubble(QWidget& edit) {
+    // Whoever pressed a button is told by it, or does not want to know.
+    if (edit.isVisible() && !edit.hasFocus() && qobject_cast<QPushButton*>(QApplication::focusWidget()) == nullptr)
+        QToolTip::showText(edit.mapToGlobal(edit.rect().bottomLeft()), edit.toolTip(), &edit);
 }
 
 } // namespace
@@ -55,9 +62,8 @@ void TypedEdit::focusOutEvent(QFocusEvent* event) {
         return;
     }
     Mark(complaint);
-    // Whoever pressed a button is told by it, or does not want to know.
-    if (qobject_cast<QPushButton*>(QApplication::focusWidget()) == nullptr)
-        QToolTip::showText(mapToGlobal(rect().bottomLeft()), complaint, this);
+    // Only now: the arrival of the focus elsewhere hides every bubble.
+    QTimer::singleShot(0, this, [this] { ShowBubble(*this); });
 }
 
 void TypedEdit::Mark(const QString& complaint) {
