@@ -28,7 +28,13 @@ qsizetype LongestText(std::string_view column) {
 }
 
 QString OneLine(const QString& text) {
-    QString line = text;
+    qsizetype first = 0;
+    qsizetype last = text.size();
+    while (first < last && IsBreak(text[first]))
+        ++first;
+    while (last > first && IsBreak(text[last - 1]))
+        --last;
+    QString line = text.mid(first, last - first);
     line.replace(QLatin1String("\r\n"), QLatin1String("\n"));
     for (QChar& c : line)
         if (IsBreak(c))

@@ -7,7 +7,7 @@
 /// The most characters that a text column holds. A name that is no such column has no limit.
 qsizetype LongestText(std::string_view column);
 
-/// The text with a blank for each line break, tab or other control character.
+/// The text with a blank for each line break, tab or other control character, and without those at its ends.
 QString OneLine(const QString& text);
 /// The same without the blanks at its ends: what a field, or an import, gives a column to hold.
 inline QString TrimmedLine(const QString& text) {

@@ -167,10 +167,12 @@ void CCompCoverDlg::ShowMenu(const QPoint& screen, bool onRow) {
 }
 
 void CCompCoverDlg::accept() {
-    if (!TakeLine(*m_ui->name, "ccover_name") || !TakeLine(*m_ui->note, "ccover_note"))
+    if (!TakeLine(*m_ui->name, "ccover_name", false) || !TakeLine(*m_ui->note, "ccover_note"))
         return;
     m_name = m_ui->name->text();
     m_note = m_ui->note->text();
+    while (m_name.startsWith(QLatin1Char(' ')))
+        m_name.remove(0, 1);
     if (m_name.isEmpty()) {
         Refuse(*m_ui->name, "Není zadáno jméno!");
         return;

@@ -5,6 +5,17 @@
 #include "windows/widgets/HelpDoor.h"
 #include "windows/widgets/Refuse.h"
 
+namespace {
+
+void CutTrailingBlanks(QLineEdit& edit) {
+    QString text = edit.text();
+    while (text.endsWith(QLatin1Char(' ')))
+        text.chop(1);
+    edit.setText(text);
+}
+
+} // namespace
+
 CProdDlg::CProdDlg(QWidget* parent) : QDialog(parent), m_ui(std::make_unique<Ui::ProdDlg>()) {
     m_ui->setupUi(this);
     m_ui->name->setFocus();
@@ -30,10 +41,11 @@ void CProdDlg::Write(CRecordset& product) const {
 }
 
 void CProdDlg::accept() {
-    // The blanks around a unit are the unit's own.
-    if (!TakeLine(*m_ui->name, "prod_name") || !TakeLine(*m_ui->katalog, "prod_katalog") ||
+    if (!TakeLine(*m_ui->name, "prod_name", false) || !TakeLine(*m_ui->katalog, "prod_katalog", false) ||
         !TakeLine(*m_ui->unit, "prod_unit", false))
         return;
+    CutTrailingBlanks(*m_ui->name);
+    CutTrailingBlanks(*m_ui->katalog);
     if (m_ui->name->text().isEmpty() && m_ui->katalog->text().isEmpty()) {
         Refuse(*m_ui->name, "Musíte zadat jméno nebo katalog!");
         return;
