@@ -85,7 +85,9 @@ Message::Answer CTerminal::Show(const Message& message) {
     if (message.icon == Message::Icon::Error)
         ++m_errors;
     std::fflush(stdout);
-    std::fprintf(stderr, "%s\n", message.text.toUtf8().constData());
+    for (const QString& line : {message.text, message.detail})
+        if (!line.isEmpty())
+            std::fprintf(stderr, "%s\n", line.toUtf8().constData());
     return message.buttons == Message::Buttons::YesNo ? Message::Answer::No : Message::Answer::Ok;
 }
 

@@ -14,7 +14,9 @@ namespace {
 class StandardErrorDoor : public IMessageDoor {
 public:
     Message::Answer Show(const Message& message) override {
-        std::fprintf(stderr, "%s\n", message.text.toLocal8Bit().constData());
+        for (const QString& line : {message.text, message.detail})
+            if (!line.isEmpty())
+                std::fprintf(stderr, "%s\n", line.toLocal8Bit().constData());
         return message.buttons == Message::Buttons::YesNo ? Message::Answer::No : Message::Answer::Ok;
     }
 };
@@ -30,8 +32,17 @@ void ShowMessage(const QString& text, Message::Icon icon) {
     MessageDoor()->Show({text, icon, Message::Buttons::Ok});
 }
 
-bool AskYesNo(const QString& text) {
-    return MessageDoor()->Show({text, Message::Icon::Question, Message::Buttons::YesNo}) == Message::Answer::Yes;
+static bool Ask(const QString& text, const QString& detail, Message::Answer preset) {
+    return MessageDoor()->Show({text, Message::Icon::Question, Message::Buttons::YesNo, detail, preset}) ==
+           Message::Answer::Yes;
+}
+
+bool AskYesNo(const QString& text, const QString& detail) {
+    return Ask(text, detail, Message::Answer::Yes);
+}
+
+bool AskToLose(const QString& text, const QString& detail) {
+    return Ask(text, detail, Message::Answer::No);
 }
 
 /// In the user's language, whether or not the program has set the process's locale; empty for an unknown code.

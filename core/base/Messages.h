@@ -17,6 +17,10 @@ struct Message {
     QString text;
     Icon icon = Icon::None;
     Buttons buttons = Buttons::Ok;
+    /// What stands below the text: of what it speaks.
+    QString detail{};
+    /// The answer of the Enter key.
+    Answer preset = Answer::Yes;
 };
 
 /// The one door through which the core, and every window, shows a message box.
@@ -35,7 +39,9 @@ inline void ShowWarning(const QString& text) {
     ShowMessage(text, Message::Icon::Warning);
 }
 /// True only for Yes.
-bool AskYesNo(const QString& text);
+bool AskYesNo(const QString& text, const QString& detail = {});
+/// The same before something is lost: Enter answers No.
+bool AskToLose(const QString& text, const QString& detail = {});
 
 /// For a failed file operation. A prefix replaces the leading sentence.
 void ShowWin32Error(const std::error_code& error, const QString& prefix = {});

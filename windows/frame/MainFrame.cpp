@@ -3,6 +3,7 @@
 #include "windows/frame/KuvelDoc.h"
 #include "windows/frame/MenuTable.h"
 #include "windows/frame/StatusPanes.h"
+#include "windows/widgets/DisabledWindow.h"
 #include "windows/widgets/Guarded.h"
 #include "windows/widgets/commands/CommandTable.h"
 
@@ -148,7 +149,7 @@ void CMainFrame::UpdateCommands() {
 
 void CMainFrame::RunCommand(Command command) {
     // A long operation disables the window, but its key strokes may still be on their way.
-    if (!isEnabled() || !IsCommandEnabled(command))
+    if (!CDisabledWindow::TakesInput(*this) || !IsCommandEnabled(command))
         return;
     const bool wasActive = isActiveWindow();
     Guarded([=, this] {
@@ -192,7 +193,7 @@ void CMainFrame::SaveLayout() const {
 
 void CMainFrame::closeEvent(QCloseEvent* event) {
     // A window manager may ask a disabled window to close too.
-    if (!isEnabled()) {
+    if (!CDisabledWindow::TakesInput(*this)) {
         event->ignore();
         return;
     }

@@ -78,6 +78,8 @@ void ListRegisterView::MakeGroup(ListGroup& group, const ListSpec& spec, const c
     group.list->setAccessibleName(QString::fromUtf8(title != nullptr ? title : m_spec.detailTitle));
     connect(group.list, &RecordList::sortChanged, this, [this, level] { RefillLevel(level); });
     connect(group.list, &RecordList::rowDoubleClicked, this, [this, level] { Run(EditCommands[level]); });
+    if (group.title != nullptr)
+        connect(group.list, &RecordList::focusChanged, group.title, &CTitleBand::SetMarked);
     connect(group.list, &RecordList::menuWanted, this,
             [this, level](const QPoint& screen, bool onRow) { ShowMenu(level, screen, onRow); });
 }
@@ -258,9 +260,7 @@ void ListRegisterView::DeleteMaster() {
     FillMaster();
 }
 
-void ListRegisterView::EditFilter(const std::function<bool()>& ask) {
-    if (ask())
-        FillMaster();
+void ListRegisterView::ShowFilter() {
     Button(Command::ID_RECORD_FILTER).SetLatched(FilterActive());
 }
 

@@ -94,8 +94,15 @@ protected:
     /// The focused row: located, shown, located again, written, then `after` and the fill.
     void EditMaster(const Ask& ask, const Write& write, const After& after = {});
     void DeleteMaster();
-    /// Opens the dialog on a copy; `ask` copies the criteria back and answers true for OK.
-    void EditFilter(const std::function<bool()>& ask);
+    /// Opens the dialog on a copy; `ask` copies the criteria back and answers true for OK. Criteria that the store
+    /// refuses are taken back, and the rows stay.
+    template <class Filter, class Ask>
+    void EditFilter(Filter& filter, const Ask& ask) {
+        const Filter before = filter;
+        if (ask() && !FillMaster())
+            filter = before;
+        ShowFilter();
+    }
 
     /// The selected row of a detail list, edited.
     struct DetailEdit {
@@ -129,6 +136,7 @@ private:
     void RefillLevel(int level);
     /// −1 while the list is disabled, and after the warning that no row is selected.
     static int RowToChange(const RecordList& list, const char* nothingSelected);
+    void ShowFilter();
     void OpenFind(FindMode mode);
     /// The record of this key as the current one of the master's recordset; false when it has gone.
     bool FindMaster(std::int32_t id);

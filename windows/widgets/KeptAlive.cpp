@@ -6,7 +6,7 @@
 void CKeptAlive::Look() {
     if (m_sinceLook.elapsed() < Slice)
         return;
-    if (!m_disabled && m_window.isEnabled())
+    if (!m_disabled && CDisabledWindow::TakesInput(m_window))
         m_disabled.emplace(m_window);
     QCoreApplication::processEvents();
     m_sinceLook.start();

@@ -9,6 +9,13 @@ class CTitleBand : public QWidget {
 public:
     explicit CTitleBand(const QString& title, QWidget* parent = nullptr);
 
+    /// Marked while the keys go to its list.
+    bool IsMarked() const { return m_marked; }
+    void SetMarked(bool marked);
+
 protected:
     void paintEvent(QPaintEvent* event) override;
+
+private:
+    bool m_marked = false;
 };

@@ -89,7 +89,7 @@ QString DefaultBackupPath() {
 
 bool BackupDatabase(CDataStore& store, const QString& target, const BackupActions& actions) {
     if (QFileInfo(target).isFile() &&
-        !AskYesNo(MessageText("Soubor '%s' již existuje. Přejete si ho přepsat?", target)))
+        !AskToLose(MessageText("Soubor '%s' již existuje. Přejete si ho přepsat?", target)))
         return false;
     CreateFolderOf(target);
     if (!Close(store))

@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QShortcut>
 #include <QTest>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -27,14 +28,30 @@ struct Progress : testing::Test {
     QPushButton* Cancel() const { return window.findChild<QPushButton*>(QStringLiteral("cancelButton")); }
 };
 
-TEST_F(Progress, TheOwnerTakesNoInputMeanwhile) {
+/// What the field takes of a key, a press and a shortcut.
+std::string TakenBy(QWidget& owner, QLineEdit& field) {
+    int runs = 0;
+    const QShortcut shortcut(QKeySequence(Qt::CTRL | Qt::Key_Q), &owner, [&] { ++runs; });
+    field.clear();
+    field.setFocus();
+    QTest::keyClicks(&field, QStringLiteral("a"));
+    QTest::keyClick(owner.windowHandle(), Qt::Key_B);
+    QTest::keyClick(owner.windowHandle(), Qt::Key_Q, Qt::ControlModifier);
+    return field.text().toStdString() + " " + std::to_string(runs) + (owner.close() ? " closed" : "");
+}
+
+TEST_F(Progress, TheOwnerTakesNoInputMeanwhileAndLooksAsBefore) {
+    QPushButton button(QStringLiteral("Tlačítko"), &owner);
+    button.move(0, 40);
+    button.show();
+    const QImage before = owner.grab().toImage();
     {
         CProgressDlg inner(QStringLiteral("t"), false);
         inner.Create(field); // its top-level window
-        EXPECT_FALSE(owner.isEnabled());
+        EXPECT_EQ(before, owner.grab().toImage());
+        EXPECT_EQ(" 0", TakenBy(owner, *field));
     }
-    EXPECT_TRUE(owner.isEnabled());
-    EXPECT_TRUE(field->hasFocus());
+    EXPECT_EQ("ab 1 closed", TakenBy(owner, *field));
 }
 
 TEST_F(Progress, AnOwnerThatWasDisabledBeforeStaysSo) {
@@ -112,10 +129,10 @@ TEST_F(Progress, StandsOverTheDialogThatIsOpen) {
     QTimer::singleShot(0, &dialog, [&] {
         {
             const std::unique_ptr<IProgress> progress = door.Open(QStringLiteral("t"), true);
-            EXPECT_FALSE(dialog.isEnabled());
-            EXPECT_TRUE(owner.isEnabled());
+            EXPECT_FALSE(CDisabledWindow::TakesInput(dialog));
+            EXPECT_TRUE(CDisabledWindow::TakesInput(owner));
         }
-        EXPECT_TRUE(dialog.isEnabled());
+        EXPECT_TRUE(CDisabledWindow::TakesInput(dialog));
         dialog.accept();
     });
     dialog.exec();

@@ -55,10 +55,11 @@ Message::Answer CMessageBoxDoor::Show(const Message& message) {
     // A path in the text must not be taken for markup.
     box.setTextFormat(Qt::PlainText);
     box.setText(message.text);
+    box.setInformativeText(message.detail);
     if (isQuestion) {
         box.addButton(QMessageBox::Yes)->setObjectName(QStringLiteral("yesButton"));
         box.addButton(QMessageBox::No)->setObjectName(QStringLiteral("noButton"));
-        box.setDefaultButton(QMessageBox::Yes);
+        box.setDefaultButton(message.preset == Message::Answer::No ? QMessageBox::No : QMessageBox::Yes);
         box.setEscapeButton(QMessageBox::No);
     } else {
         box.addButton(QMessageBox::Ok)->setObjectName(QStringLiteral("okButton"));
@@ -67,7 +68,10 @@ Message::Answer CMessageBoxDoor::Show(const Message& message) {
     for (QAbstractButton* const button : box.buttons())
         button->setIcon(QIcon());
     const OwnCursor cursor;
-    const QShortcut copy(QKeySequence::Copy, &box, [&] { QGuiApplication::clipboard()->setText(message.text); });
+    const QShortcut copy(QKeySequence::Copy, &box, [&] {
+        QGuiApplication::clipboard()->setText(message.detail.isEmpty() ? message.text
+                                                                       : message.text + u'\n' + message.detail);
+    });
     const int answer = box.exec();
     if (!isQuestion)
         return Message::Answer::Ok;

@@ -27,8 +27,8 @@ CProgressDlg::~CProgressDlg() {
 void CProgressDlg::Create(QWidget* owner) {
     m_owner = owner == nullptr ? nullptr : owner->window();
     if (m_owner != nullptr) {
-        // In this order: disabling a window disables the windows that are its children already.
-        if (m_owner->isEnabled())
+        // In this order: the windows over the owner, of which this becomes one, take no input.
+        if (CDisabledWindow::TakesInput(*m_owner))
             m_disabledOwner.emplace(*m_owner);
         setParent(m_owner, windowFlags());
     }

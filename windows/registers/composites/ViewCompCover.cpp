@@ -69,7 +69,7 @@ void CViewCompCover::OnEditCompCover() {
 }
 
 void CViewCompCover::OnFilterCompCovers() {
-    EditFilter([this] {
+    EditFilter(m_filter, [this] {
         CCompCoverFilterDlg dialog(m_filter, this);
         if (dialog.exec() != QDialog::Accepted)
             return false;

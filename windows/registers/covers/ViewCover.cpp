@@ -98,7 +98,7 @@ void CViewCover::OnEditCover() {
 }
 
 void CViewCover::OnFilterCovers() {
-    EditFilter([this] {
+    EditFilter(m_filter, [this] {
         CCoverFilterDlg dialog(Store(), m_filter, this);
         if (dialog.exec() != QDialog::Accepted)
             return false;

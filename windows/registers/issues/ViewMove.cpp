@@ -165,7 +165,7 @@ void CViewMove::OnEditIssue() {
 }
 
 void CViewMove::OnFilterIssues() {
-    EditFilter([this] {
+    EditFilter(m_filter, [this] {
         CMoveFilterDlg dialog(m_filter, this);
         if (dialog.exec() != QDialog::Accepted)
             return false;

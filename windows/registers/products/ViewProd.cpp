@@ -161,7 +161,7 @@ void CViewProd::OnEditProduct() {
 }
 
 void CViewProd::OnFilterProducts() {
-    EditFilter([this] {
+    EditFilter(m_filter, [this] {
         CProdFilterDlg dialog(m_filter, this);
         if (dialog.exec() != QDialog::Accepted)
             return false;

@@ -5,27 +5,37 @@
 
 namespace {
 
-/// A product that the statement computes may be out of a currency's range.
-QString ValueText(const Variant& value) {
-    const auto* number = std::get_if<Currency>(&value);
-    return number != nullptr && number->status == ValueStatus::Invalid ? QStringLiteral("mimo rozsah")
-                                                                       : FormatVariant(value);
+constexpr std::int64_t EveryDecimal = 1;
+
+ListCell CellOf(const Variant& value) {
+    QString text = FormatVariant(value);
+    const auto* quantity = std::get_if<Currency>(&value);
+    // A product that the statement computes may be out of a currency's range.
+    if (quantity != nullptr && quantity->status == ValueStatus::Invalid)
+        return {QStringLiteral("mimo rozsah"), ListCell::Kind::Number};
+    if (quantity != nullptr)
+        return {std::move(text), ListCell::Kind::Number, FormatCurrency(*quantity, EveryDecimal, 'D')};
+    if (std::holds_alternative<std::int32_t>(value))
+        return {std::move(text), ListCell::Kind::Number};
+    if (std::holds_alternative<QString>(value) || IsNull(value))
+        return {std::move(text)};
+    return {std::move(text), ListCell::Kind::Other};
 }
 
-CellText TextOf(const RecordField& field) {
+CellText CellOf(const RecordField& field) {
     const char* const name = field.name;
     switch (field.kind) {
     case RecordField::Kind::Code:
         return [name, codes = field.codes](const CDataStore& store, const CRecordset& record) {
-            return store.CodeListText(codes, record.Code(name));
+            return ListCell(store.CodeListText(codes, record.Code(name)), ListCell::Kind::Other);
         };
     case RecordField::Kind::RangeEnd:
         return [name](const CDataStore&, const CRecordset& record) {
-            return ToBool(record.get_Collect("cp_usealways")) ? QStringLiteral("-")
-                                                              : FormatVariant(record.get_Collect(name));
+            return ToBool(record.get_Collect("cp_usealways")) ? ListCell(QStringLiteral("-"), ListCell::Kind::Number)
+                                                              : CellOf(record.get_Collect(name));
         };
     default:
-        return [name](const CDataStore&, const CRecordset& record) { return ValueText(record.get_Collect(name)); };
+        return [name](const CDataStore&, const CRecordset& record) { return CellOf(record.get_Collect(name)); };
     }
 }
 
@@ -33,7 +43,7 @@ CellText TextOf(const RecordField& field) {
 
 ListColumn Column(const char* field, const char* sortField) {
     const RecordField& known = *FindField(field);
-    return {QString::fromUtf8(known.caption), TextOf(known), sortField != nullptr ? sortField : known.name};
+    return {QString::fromUtf8(known.caption), CellOf(known), sortField != nullptr ? sortField : known.name};
 }
 
 std::vector<ListColumn> Columns(std::initializer_list<const char*> fields) {

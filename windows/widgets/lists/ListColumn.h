@@ -10,8 +10,25 @@
 class CDataStore;
 class CRecordset;
 
-/// The text of a cell, made from the recordset's current record. May raise ComError.
-using CellText = std::function<QString(const CDataStore& store, const CRecordset& record)>;
+/// What a cell shows.
+struct ListCell {
+    /// Only words are ordered as they are read, so that a list sorted by them can be halved in a search.
+    enum class Kind : std::uint8_t { Words, Number, Other };
+
+    ListCell() = default;
+    // A bare text is one of words: most columns have nothing more to say.
+    ListCell(QString words) : text(std::move(words)) {} // NOLINT(google-explicit-constructor)
+    ListCell(QString shown, Kind what, QString whole = {})
+        : text(std::move(shown)), exact(std::move(whole)), kind(what) {}
+
+    QString text;
+    /// The value without rounding, where the text may be rounded.
+    QString exact;
+    Kind kind = Kind::Words;
+};
+
+/// A cell, made from the recordset's current record. May raise ComError.
+using CellText = std::function<ListCell(const CDataStore& store, const CRecordset& record)>;
 
 struct ListColumn {
     QString header;

@@ -6,19 +6,25 @@
 #include "windows/widgets/lists/RowDelegate.h"
 
 #include <QContextMenuEvent>
+#include <QElapsedTimer>
 #include <QHeaderView>
+#include <QPainter>
 #include <QScrollBar>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
-/// Columns are measured by so many rows at each end of what is seen; reading a million for it would take minutes.
-constexpr int MeasuredRows = 200;
+/// Rows that the columns fit before a list is painted first; reading a million for it would take many seconds.
+constexpr int FittedAtOnce = 1000;
+/// The others are read in slices of this many milliseconds, with pauses, and so many rows before a look at the clock.
+constexpr int FitSlice = 4;
+constexpr int FitPause = 5;
+constexpr int FitStep = 64;
 constexpr int CellPadding = 12;
 constexpr int SortMarkWidth = 16;
-/// Longer lists are not searched by typing: letters that no row begins with would read all of them.
-constexpr int SearchedRows = 20000;
+constexpr int EmptyTextMargin = 16;
 
 /// Up for ascending, as the users' other programs draw it, whatever the style thinks.
 class SortHeader : public QHeaderView {
@@ -67,6 +73,7 @@ RecordList::RecordList(CDataStore& store, ListSpec spec, QWidget* parent)
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
     SetUpHeader();
+    connect(&m_fitTimer, &QTimer::timeout, this, &RecordList::FitOn);
     connect(this, &QAbstractItemView::doubleClicked, this, &RecordList::rowDoubleClicked);
     connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
         if (!m_filling)
@@ -80,6 +87,10 @@ void RecordList::SetUpHeader() {
     header->setSectionsClickable(m_spec.clickableHeader);
     header->setHighlightSections(false);
     header->setMinimumSectionSize(24);
+    connect(header, &QHeaderView::sectionResized, this, [this] {
+        if (!m_fitting)
+            m_fitted = RowCount();
+    });
     if (m_spec.clickableHeader)
         connect(header, &QHeaderView::sectionClicked, this, &RecordList::SortBy);
 }
@@ -100,12 +111,17 @@ std::string RecordList::OrderedSql(const std::string& sql) const {
 bool RecordList::FillKeeping(const std::string& sql, std::int32_t id) {
     const WaitCursor wait;
     const NoRedraw still(*this);
+    RecordsetPtr records;
+    if (!Guarded([&] {
+            m_store.OpenRecordset(records, OrderedSql(sql), CursorType::Keyset, LockType::Optimistic,
+                                  CommandType::Text);
+        }))
+        return false;
     m_filling = true;
     const bool filled = Guarded([&] {
         if (id == KeepSelection)
             id = m_spec.keepsSelection ? SelectedId() : NoId;
-        m_model->Clear();
-        m_store.OpenRecordset(m_records, OrderedSql(sql), CursorType::Keyset, LockType::Optimistic, CommandType::Text);
+        m_records = records;
         m_model->Show(m_records);
     });
     SelectAfterFill(id);
@@ -197,8 +213,24 @@ const RecordsetPtr& RecordList::Records() const {
     return m_records;
 }
 
+/// The focus goes where the selection goes: to the row that takes the place of the one removed, or to the last.
 void RecordList::RemoveRow(int row) {
+    const bool wasSelected = selectionModel()->isRowSelected(row, {});
+    m_filling = true;
     Guarded([&] { m_model->RemoveRow(row); });
+    m_filling = false;
+    if (!wasSelected || SelectedRow() >= 0)
+        return;
+    if (RowCount() > 0)
+        SelectRow(std::min(row, RowCount() - 1));
+    else
+        emit rowsSelected();
+}
+
+bool RecordList::ShowToFit(int first, int end) {
+    bool wider = false;
+    m_model->Look(first, end, [&](int column, const QString& text) { wider |= m_fit.Show(column, text); });
+    return wider;
 }
 
 int RecordList::FittingWidth(int column) const {
@@ -206,35 +238,108 @@ int RecordList::FittingWidth(int column) const {
     int width = horizontalHeader()->fontMetrics().horizontalAdvance(caption) + CellPadding;
     if (m_spec.clickableHeader && column == m_sortColumn)
         width += SortMarkWidth;
-    const auto measure = [&](int from, int to) {
-        for (int row = std::max(0, from); row < std::min(to, RowCount()); ++row)
-            width = std::max(width, m_delegate->TextWidth(CellText(row, column), font()) + CellPadding);
-    };
-    measure(0, MeasuredRows);
-    const int top = rowAt(0);
-    measure(std::max(top, MeasuredRows), top + MeasuredRows);
-    return width;
+    return std::max(width, m_delegate->TextWidth(m_fit.Widest(column), font()) + CellPadding);
 }
 
 void RecordList::AutosizeColumns() {
+    m_fit.Begin(m_model->columnCount(), font());
+    m_fitted = std::min(RowCount(), FittedAtOnce);
+    ShowToFit(0, m_fitted);
+    ApplyFit();
+    m_fitTimer.start(FitPause);
+}
+
+void RecordList::FitOn() {
+    if (m_fitted >= RowCount() || !isVisible()) {
+        m_fitTimer.stop();
+        return;
+    }
+    bool wider = false;
+    QElapsedTimer slice;
+    for (slice.start(); m_fitted < RowCount() && slice.elapsed() < FitSlice;) {
+        const int end = std::min(RowCount(), m_fitted + FitStep);
+        wider |= ShowToFit(m_fitted, end);
+        m_fitted = end;
+    }
+    if (wider)
+        ApplyFit();
+}
+
+void RecordList::ApplyFit() {
+    m_fitting = true;
     const int last = m_model->columnCount() - 1;
     for (int column = 0; column < last; ++column)
         setColumnWidth(column, FittingWidth(column));
     m_lastColumnWidth = FittingWidth(last);
     StretchLastColumn();
+    m_fitting = false;
 }
 
 void RecordList::StretchLastColumn() {
+    const bool fitting = std::exchange(m_fitting, true);
     const int last = m_model->columnCount() - 1;
     int others = 0;
     for (int column = 0; column < last; ++column)
         others += columnWidth(column);
     setColumnWidth(last, std::max(m_lastColumnWidth, viewport()->width() - others));
+    m_fitting = fitting;
+}
+
+void RecordList::SetEmptyText(const QString& text) {
+    m_emptyText = text;
+    viewport()->update();
 }
 
 void RecordList::keyboardSearch(const QString& search) {
-    if (RowCount() <= SearchedRows)
-        QTableView::keyboardSearch(search);
+    const int row = m_search.Type(search, *m_model, {m_sortColumn, m_descending}, FocusedRow());
+    if (row >= 0)
+        SelectRow(row);
+}
+
+void RecordList::showEvent(QShowEvent* event) {
+    QTableView::showEvent(event);
+    m_fitTimer.start(FitPause);
+}
+
+void RecordList::focusInEvent(QFocusEvent* event) {
+    QTableView::focusInEvent(event);
+    emit focusChanged(true);
+}
+
+void RecordList::focusOutEvent(QFocusEvent* event) {
+    QTableView::focusOutEvent(event);
+    emit focusChanged(window()->focusWidget() == this);
+}
+
+QRect RecordList::RowRect(int row) const {
+    return {-horizontalHeader()->offset(), rowViewportPosition(row), horizontalHeader()->length(), rowHeight(row)};
+}
+
+void RecordList::currentChanged(const QModelIndex& now, const QModelIndex& before) {
+    QTableView::currentChanged(now, before);
+    for (const QModelIndex& index : {now, before})
+        if (index.isValid())
+            viewport()->update(RowRect(index.row()));
+}
+
+void RecordList::paintEvent(QPaintEvent* event) {
+    QTableView::paintEvent(event);
+    if (RowCount() == 0 && !m_emptyText.isEmpty()) {
+        QPainter painter(viewport());
+        painter.setPen(palette().color(QPalette::Disabled, QPalette::Text));
+        const QRect room = viewport()->rect().adjusted(EmptyTextMargin, EmptyTextMargin, -EmptyTextMargin, 0);
+        painter.drawText(room, Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, m_emptyText);
+    } else if (hasFocus() && currentIndex().isValid()) {
+        QPainter painter(viewport());
+        QStyleOptionFocusRect focus;
+        focus.initFrom(this);
+        focus.rect =
+            RowRect(currentIndex().row()).intersected(viewport()->rect().adjusted(0, -rowHeight(0), 0, rowHeight(0)));
+        focus.state |= QStyle::State_KeyboardFocusChange | QStyle::State_Item;
+        const bool selected = selectionModel()->isRowSelected(currentIndex().row(), {});
+        focus.backgroundColor = palette().color(selected ? QPalette::Highlight : QPalette::Base);
+        style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, &painter, this);
+    }
 }
 
 void RecordList::resizeEvent(QResizeEvent* event) {

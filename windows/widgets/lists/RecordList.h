@@ -1,8 +1,11 @@
 #pragma once
 
+#include "windows/widgets/lists/ColumnFit.h"
 #include "windows/widgets/lists/RecordListModel.h"
+#include "windows/widgets/lists/TypedSearch.h"
 
 #include <QTableView>
+#include <QTimer>
 
 #include <string>
 
@@ -21,8 +24,8 @@ public:
     RecordList(CDataStore& store, ListSpec spec, QWidget* parent);
 
     /// Fills the list from a query on one table, whose recordset stays open, and selects the row of the id. `sql` comes
-    /// without its order when the header is clickable. False after an error, which was shown; what was filled so far
-    /// stays.
+    /// without its order when the header is clickable. False after an error, which was shown; when nothing could be
+    /// read, the rows and the selection before it stay.
     bool FillKeeping(const std::string& sql, std::int32_t id);
     /// The same from a recordset that is closed after the fill. An empty text empties the list.
     bool Fill(const std::string& sql, std::int32_t id);
@@ -53,9 +56,12 @@ public:
 
     int SortColumn() const { return m_sortColumn; }
     bool SortDescending() const { return m_descending; }
-    /// Columns to fit contents and header; the last one takes what is left.
+    /// Columns to fit contents and header; the last one takes what is left. The rows of a long list are read for it
+    /// little by little, after it is shown, unless the user sizes a column meanwhile.
     void AutosizeColumns();
-    /// Typed letters look for a row, except in a list too long to be read for it.
+    /// What an empty list says in grey; nothing without it.
+    void SetEmptyText(const QString& text);
+    /// Typed letters look for a row by the column that the list is sorted by.
     void keyboardSearch(const QString& search) override;
 
 signals:
@@ -66,8 +72,15 @@ signals:
     void rowDoubleClicked();
     /// A right click, at this point of the screen.
     void menuWanted(const QPoint& screen, bool onRow);
+    /// The list became, or is no longer, the one that its window's keys go to.
+    void focusChanged(bool focused);
 
 protected:
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void currentChanged(const QModelIndex& now, const QModelIndex& before) override;
     void resizeEvent(QResizeEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
@@ -77,8 +90,12 @@ private:
     void SortBy(int column);
     std::string OrderedSql(const std::string& sql) const;
     void SelectAfterFill(std::int32_t id);
+    bool ShowToFit(int first, int end);
+    void FitOn();
+    void ApplyFit();
     int FittingWidth(int column) const;
     void StretchLastColumn();
+    QRect RowRect(int row) const;
 
     CDataStore& m_store;
     ListSpec m_spec;
@@ -89,4 +106,11 @@ private:
     bool m_descending = false;
     bool m_filling = false;
     int m_lastColumnWidth = 0;
+    CColumnFit m_fit;
+    /// Rows whose texts the columns fit.
+    int m_fitted = 0;
+    QTimer m_fitTimer;
+    bool m_fitting = false;
+    CTypedSearch m_search;
+    QString m_emptyText;
 };

@@ -35,14 +35,15 @@ private:
 
 RecordListModel::RecordListModel(const CDataStore& store, std::vector<ListColumn> columns, const char* keyField,
                                  QObject* parent)
-    : QAbstractTableModel(parent), m_store(store), m_columns(std::move(columns)), m_keyField(keyField) {}
+    : QAbstractTableModel(parent), m_store(store), m_columns(std::move(columns)), m_keyField(keyField),
+      m_numbers(m_columns.size()) {}
 
 void RecordListModel::Clear() {
     beginResetModel();
     m_rows = 0;
     m_records.reset();
     m_ids.clear();
-    m_texts.clear();
+    m_cells.clear();
     m_failed = false;
     endResetModel();
 }
@@ -62,10 +63,8 @@ void RecordListModel::Take(CRecordset& records) {
     try {
         for (; !records.get_EOF(); records.MoveNext()) {
             const std::int32_t id = records.Long(m_keyField);
-            QStringList texts;
-            for (const ListColumn& column : m_columns)
-                texts.append(column.text(m_store, records));
-            m_texts.insert(m_rows++, texts);
+            m_cells.insert(m_rows, ReadCells(records));
+            ++m_rows;
             m_ids.push_back(id);
         }
         records.Close();
@@ -94,14 +93,14 @@ int RecordListModel::RowOf(std::int32_t id) const {
 void RecordListModel::RefreshRow(int row) {
     if (row < 0 || row >= m_rows || !m_records)
         return;
-    m_texts.remove(row);
+    m_cells.remove(row);
     emit dataChanged(index(row, 0), index(row, columnCount() - 1));
 }
 
 void RecordListModel::RefreshAllRows() {
     if (m_rows == 0 || !m_records)
         return;
-    m_texts.clear();
+    m_cells.clear();
     emit dataChanged(index(0, 0), index(m_rows - 1, columnCount() - 1));
 }
 
@@ -116,11 +115,11 @@ void RecordListModel::RemoveRow(int row) {
     else
         m_ids.erase(m_ids.begin() + row);
     --m_rows;
-    QHash<int, QStringList> texts;
-    for (auto it = m_texts.cbegin(); it != m_texts.cend(); ++it)
+    QHash<int, Cells> cells;
+    for (auto it = m_cells.cbegin(); it != m_cells.cend(); ++it)
         if (it.key() != row)
-            texts.insert(it.key() < row ? it.key() : it.key() - 1, it.value());
-    m_texts = texts;
+            cells.insert(it.key() < row ? it.key() : it.key() - 1, it.value());
+    m_cells = cells;
     endRemoveRows();
 }
 
@@ -133,9 +132,20 @@ int RecordListModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant RecordListModel::data(const QModelIndex& index, int role) const {
-    if (!index.isValid() || index.row() >= m_rows || role != Qt::DisplayRole)
+    if (!index.isValid() || index.row() >= m_rows)
         return {};
-    return Texts(index.row()).value(index.column());
+    if (role != Qt::DisplayRole && role != Qt::ToolTipRole && role != Qt::TextAlignmentRole)
+        return {};
+    const Cells& cells = CellsOf(index.row());
+    const auto column = static_cast<std::size_t>(index.column());
+    if (column >= cells.size())
+        return {};
+    if (role == Qt::DisplayRole)
+        return cells[column].text;
+    if (role == Qt::ToolTipRole)
+        return cells[column].exact;
+    return QVariant::fromValue((cells[column].kind == ListCell::Kind::Number ? Qt::AlignRight : Qt::AlignLeft) |
+                               Qt::AlignVCenter);
 }
 
 QVariant RecordListModel::headerData(int section, Qt::Orientation orientation, int role) const {
@@ -144,34 +154,64 @@ QVariant RecordListModel::headerData(int section, Qt::Orientation orientation, i
     if (role == Qt::DisplayRole)
         return m_columns[static_cast<std::size_t>(section)].header;
     if (role == Qt::TextAlignmentRole)
-        return QVariant::fromValue(Qt::AlignLeft | Qt::AlignVCenter);
+        return QVariant::fromValue((m_numbers[static_cast<std::size_t>(section)] ? Qt::AlignRight : Qt::AlignLeft) |
+                                   Qt::AlignVCenter);
     return {};
 }
 
-const QStringList& RecordListModel::Texts(int row) const {
-    static const QStringList Nothing;
-    const auto found = m_texts.constFind(row);
-    if (found != m_texts.cend())
+void RecordListModel::Look(int first, int end, const std::function<void(int column, const QString& text)>& each) const {
+    const auto show = [&](const Cells& cells) {
+        for (int column = 0; column < static_cast<int>(cells.size()); ++column)
+            each(column, cells[static_cast<std::size_t>(column)].text);
+    };
+    if (!m_records) {
+        for (int row = first; row < end; ++row)
+            show(CellsOf(row));
+        return;
+    }
+    try {
+        const KeptPosition kept(*m_records);
+        for (int row = first; row < end && CDataStore::MoveToRecord(m_records, row); ++row)
+            show(ReadCells(*m_records));
+    } catch (const ComError&) {
+        // Painting tells of it, where the row is seen.
+    }
+}
+
+ListCell::Kind RecordListModel::Kind(int row, int column) const {
+    const Cells& cells = CellsOf(row);
+    const auto at = static_cast<std::size_t>(column);
+    return at < cells.size() ? cells[at].kind : ListCell::Kind::Other;
+}
+
+const RecordListModel::Cells& RecordListModel::CellsOf(int row) const {
+    static const Cells Nothing;
+    const auto found = m_cells.constFind(row);
+    if (found != m_cells.cend())
         return *found;
     if (!m_records || m_failed)
         return Nothing;
-    if (m_texts.size() >= RememberedRows)
-        m_texts.clear();
+    if (m_cells.size() >= RememberedRows)
+        m_cells.clear();
     try {
         const KeptPosition kept(*m_records);
         CDataStore::MoveToRecord(m_records, row);
-        return *m_texts.insert(row, ReadTexts());
+        return *m_cells.insert(row, ReadCells(*m_records));
     } catch (const ComError& error) {
         ReadFailed(error);
         return Nothing;
     }
 }
 
-QStringList RecordListModel::ReadTexts() const {
-    QStringList texts;
-    for (const ListColumn& column : m_columns)
-        texts.append(column.text(m_store, *m_records));
-    return texts;
+RecordListModel::Cells RecordListModel::ReadCells(const CRecordset& record) const {
+    Cells cells;
+    cells.reserve(m_columns.size());
+    for (const ListColumn& column : m_columns) {
+        cells.push_back(column.text(m_store, record));
+        if (cells.back().kind == ListCell::Kind::Number)
+            m_numbers[cells.size() - 1] = true;
+    }
+    return cells;
 }
 
 /// A vanished record shows an empty row until it is located; while a backup or restore has the database closed, rows

@@ -6,7 +6,6 @@
 
 #include <QAbstractTableModel>
 #include <QHash>
-#include <QStringList>
 
 /// The rows of a list. Row i is record i of the recordset, and its item data is the record's key.
 ///
@@ -34,14 +33,22 @@ public:
     /// Takes a row out of the list and of its keyset. Raises ComError when the keyset was closed meanwhile.
     void RemoveRow(int row);
 
+    /// The cells of rows from `first` up to `end`, without remembering them; stops at a row that cannot be read.
+    void Look(int first, int end, const std::function<void(int column, const QString& text)>& each) const;
+    /// What the columns of the row hold.
+    ListCell::Kind Kind(int row, int column) const;
+
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
 private:
-    const QStringList& Texts(int row) const;
-    QStringList ReadTexts() const;
+    using Cells = std::vector<ListCell>;
+
+    /// Empty for a row that cannot be read.
+    const Cells& CellsOf(int row) const;
+    Cells ReadCells(const CRecordset& record) const;
     void ReadFailed(const ComError& error) const;
 
     const CDataStore& m_store;
@@ -51,6 +58,8 @@ private:
     /// Set while a keyset is shown.
     RecordsetPtr m_records;
     std::vector<std::int32_t> m_ids;
-    mutable QHash<int, QStringList> m_texts;
+    mutable QHash<int, Cells> m_cells;
+    /// Columns that were seen to hold numbers.
+    mutable std::vector<bool> m_numbers;
     mutable bool m_failed = false;
 };

@@ -1,7 +1,9 @@
 #include "windows/widgets/lists/RowDelegate.h"
 
+#include <QHelpEvent>
 #include <QPainter>
 #include <QStyle>
+#include <QToolTip>
 #include <QWidget>
 
 #include <cmath>
@@ -13,6 +15,20 @@ QPalette::ColorGroup Group(const QStyleOptionViewItem& option) {
         return QPalette::Disabled;
     return option.state & QStyle::State_Active ? QPalette::Active : QPalette::Inactive;
 }
+
+/// Where the text of a cell stands.
+QRect Room(const QStyleOptionViewItem& cell) {
+    const int margin = cell.widget->style()->pixelMetric(QStyle::PM_FocusFrameHMargin, &cell, cell.widget) + 1;
+    return cell.rect.adjusted(margin, 0, -margin, 0);
+}
+
+QColor Between(const QColor& a, const QColor& b, int percentOfA) {
+    const auto mix = [=](int x, int y) { return (x * percentOfA + y * (100 - percentOfA)) / 100; };
+    return {mix(a.red(), b.red()), mix(a.green(), b.green()), mix(a.blue(), b.blue())};
+}
+
+/// Of the highlight, in a selection without the focus.
+constexpr int PalePercent = 30;
 
 } // namespace
 
@@ -41,8 +57,7 @@ void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, c
     QStyleOptionViewItem cell = option;
     initStyleOption(&cell, index);
     const QStyle& style = *cell.widget->style();
-    const int margin = style.pixelMetric(QStyle::PM_FocusFrameHMargin, &cell, cell.widget) + 1;
-    const QRect room = cell.rect.adjusted(margin, 0, -margin, 0);
+    const QRect room = Room(cell);
     // A text that has to be shortened, or has lines, is left to the toolkit.
     if (cell.text.contains(QChar::LineSeparator) || TextWidth(cell.text, cell.font) > room.width()) {
         style.drawControl(QStyle::CE_ItemViewItem, &cell, painter, cell.widget);
@@ -54,15 +69,37 @@ void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, c
         const bool selected = cell.state & QStyle::State_Selected;
         painter->setPen(cell.palette.color(Group(cell), selected ? QPalette::HighlightedText : QPalette::Text));
         painter->setFont(cell.font);
-        painter->drawStaticText(room.left(), room.top() + (room.height() - qRound(text.size().height())) / 2, text);
+        const int left = cell.displayAlignment & Qt::AlignRight
+                             ? room.right() + 1 - static_cast<int>(std::ceil(text.size().width()))
+                             : room.left();
+        painter->drawStaticText(left, room.top() + (room.height() - qRound(text.size().height())) / 2, text);
     }
-    if (cell.state & QStyle::State_HasFocus) {
-        QStyleOptionFocusRect focus;
-        focus.QStyleOption::operator=(cell);
-        focus.rect = style.subElementRect(QStyle::SE_ItemViewItemFocusRect, &cell, cell.widget);
-        focus.state |= QStyle::State_KeyboardFocusChange | QStyle::State_Item;
-        focus.backgroundColor = cell.palette.color(
-            Group(cell), cell.state & QStyle::State_Selected ? QPalette::Highlight : QPalette::Window);
-        style.drawPrimitive(QStyle::PE_FrameFocusRect, &focus, painter, cell.widget);
+}
+
+void RowDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
+    QStyledItemDelegate::initStyleOption(option, index);
+    option->state &= ~QStyle::State_HasFocus;
+    const QWidget* const list = option->widget;
+    if (!(option->state & QStyle::State_Selected) || list == nullptr || list->window()->focusWidget() == list)
+        return;
+    const QPalette& usual = list->palette();
+    const QColor pale = Between(usual.color(QPalette::Active, QPalette::Highlight),
+                                usual.color(QPalette::Active, QPalette::Base), PalePercent);
+    for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+        option->palette.setColor(group, QPalette::Highlight, pale);
+        option->palette.setColor(group, QPalette::HighlightedText, usual.color(group, QPalette::Text));
     }
+}
+
+bool RowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView*, const QStyleOptionViewItem& option,
+                            const QModelIndex& index) {
+    if (event->type() != QEvent::ToolTip || !index.isValid())
+        return false;
+    QStyleOptionViewItem cell = option;
+    initStyleOption(&cell, index);
+    const bool cut = TextWidth(cell.text, cell.font) > Room(cell).width();
+    const QString exact = index.data(Qt::ToolTipRole).toString();
+    QToolTip::showText(event->globalPos(), cut && exact.isEmpty() ? cell.text : exact,
+                       const_cast<QWidget*>(option.widget), option.rect);
+    return true;
 }

@@ -14,6 +14,14 @@ public:
     int TextWidth(const QString& text, const QFont& font) const;
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+    /// The whole of a text that is cut, or the value without rounding.
+    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                   const QModelIndex& index) override;
+
+protected:
+    /// The selection of a list that has not its window's focus is pale, so that the list that the keys go to is told
+    /// apart. The list draws the focus, of a whole row.
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
 
 private:
     const QStaticText& Shaped(const QString& text, const QFont& font) const;

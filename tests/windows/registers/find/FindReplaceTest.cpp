@@ -404,7 +404,6 @@ TEST_F(FindReplace, NothingGetsIntoTheMiddleOfReplacingAll) {
     bool alive = false;
     QTimer::singleShot(0, &window, [&] {
         alive = true;
-        EXPECT_FALSE(frame->isEnabled());
         frame->RunCommand(ID_RECORD_DELETE);
         QTest::keyClick(&Covers(), Qt::Key_Delete);
         QTest::keyClick(&window, Qt::Key_Escape);
@@ -414,8 +413,6 @@ TEST_F(FindReplace, NothingGetsIntoTheMiddleOfReplacingAll) {
     EXPECT_EQ("!", Press(Covers(), "replaceAll"));
     EXPECT_TRUE(alive);
     EXPECT_TRUE(window.isVisible());
-    EXPECT_TRUE(window.isEnabled());
-    EXPECT_TRUE(frame->isEnabled());
     EXPECT_EQ("replaceAll", Focus(window));
     EXPECT_EQ("30000", folder.Ask("SELECT count(*) FROM Cover WHERE cover_name LIKE 'málo %'"));
     EXPECT_EQ("málo 1", Covers().CellText(5, 0).toStdString().substr(0, 7));

@@ -113,6 +113,7 @@ TEST_F(RecordListTest, ReadsRowsWhenTheyAreSeenAndShowsThemAsFirstSeen) {
     folder.Sql("DELETE FROM Cover WHERE cover_id < 4");
     RecordList& list = Filled();
     list.resize(300, 200);
+    list.CellText(0, 0);
     folder.Sql("UPDATE Cover SET cover_name = 'changed'");
     EXPECT_EQ(QStringLiteral("00001"), list.CellText(0, 0));
     EXPECT_EQ(QStringLiteral("changed"), list.CellText(2500, 0)) << "was read at the fill";
@@ -179,8 +180,11 @@ TEST_F(RecordListTest, HeaderClicksSort) {
 TEST_F(RecordListTest, AFailedFillIsShownAndKeepsWhatWasFilled) {
     messages.AcceptAny();
     RecordList& list = Filled();
-    EXPECT_FALSE(list.FillKeeping("SELECT * FROM Cover WHERE cover_name = 'it's'", RecordList::KeepSelection));
-    EXPECT_EQ(0, list.RowCount());
+    list.SelectRow(1);
+    EXPECT_FALSE(list.FillKeeping("SELECT * FROM Cover WHERE cover_name = 'it's'", RecordList::NoId));
+    EXPECT_EQ("a, b, c", Names(list));
+    EXPECT_EQ(1, list.SelectedRow());
+    EXPECT_EQ(3, list.Records()->get_RecordCount());
     ASSERT_EQ(1u, messages.Shown().size());
     EXPECT_TRUE(messages.Shown()[0].text.startsWith(QStringLiteral("Došlo k chybě COM č.0x")));
 
