@@ -2,11 +2,20 @@
 
 #include "core/base/Messages.h"
 #include "core/base/Progress.h"
+#include "core/rules/ChangeReach.h"
 #include "core/rules/Recomputation.h"
 
-bool AskRecomputeAllIssues() {
-    return AskYesNo(QStringLiteral("Opravdu si přejete upravit výdeje obalů podle nadefinovaných balení produktů?\n"
-                                   "Ztratíte tak ručně provedné změny ve výdejích obalů!"));
+bool AskRecomputeAllIssues(CDataStore& store) {
+    QString reach;
+    try {
+        reach = ReachOfRecomputation(store);
+    } catch (const ComError& error) {
+        ShowComError(error);
+        return false;
+    }
+    return AskToLose(QStringLiteral("Opravdu si přejete upravit výdeje obalů podle nadefinovaných balení produktů?\n"
+                                    "Ztratíte tak ručně provedné změny ve výdejích obalů!"),
+                     reach);
 }
 
 namespace {

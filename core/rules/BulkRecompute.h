@@ -16,5 +16,5 @@ BulkResult RecomputeAllIssues(CDataStore& store, IProgressDoor& progress, std::i
 BulkResult RecomputeIssuesOfProduct(CDataStore& store, std::int32_t prodId, IProgressDoor& progress,
                                     std::int64_t& lines);
 
-/// The question before it; true for Yes.
-bool AskRecomputeAllIssues();
+/// The question before it, with what it would change; true for Yes.
+bool AskRecomputeAllIssues(CDataStore& store);

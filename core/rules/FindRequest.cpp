@@ -1,5 +1,7 @@
 #include "core/rules/FindRequest.h"
 
+#include "core/base/CzechCount.h"
+
 #include "core/base/SqlText.h"
 #include "core/base/TextField.h"
 
@@ -26,4 +28,11 @@ FindArea AreaOf(const std::string& field) {
         return {QString::fromStdString(field)};
     return {QString::fromUtf8(known->areaName != nullptr ? known->areaName : known->caption), known->kind,
             known->codes};
+}
+
+QString ReplacedAll::Text() const {
+    QString text = QStringLiteral("Nahrazeno ") + GroupedNumber(replaced);
+    if (unchanged > 0)
+        text += QStringLiteral(", beze změny %1 (liší se velikost písmen)").arg(GroupedNumber(unchanged));
+    return text;
 }

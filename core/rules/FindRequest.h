@@ -25,6 +25,15 @@ struct FindRequest {
     Variant Replaced(const Variant& current) const;
 };
 
+/// What replacing all came to.
+struct ReplacedAll {
+    std::int64_t replaced = 0;
+    /// Records that were found, but only in another case, so that they were written as they were.
+    std::int64_t unchanged = 0;
+
+    QString Text() const;
+};
+
 /// A field that can be searched, as the user sees it.
 struct FindArea {
     /// Text, Code or YesNo.

@@ -43,8 +43,8 @@ QString Uses(const char* participle, const std::vector<std::pair<std::int64_t, C
     }
     if (parts.isEmpty())
         return {};
-    return QStringLiteral("%1 %2%3%4").arg(QString::fromUtf8(participle), InBefore(first), QChar(QChar::Nbsp),
-                                           parts.join(QStringLiteral(", ")));
+    return QStringLiteral("%1 %2%3%4")
+        .arg(QString::fromUtf8(participle), InBefore(first), QChar(QChar::Nbsp), parts.join(QStringLiteral(", ")));
 }
 
 /// "3 obaly: Bedna, Fólie a další".
@@ -105,10 +105,10 @@ QString ProductsToBeDeleted(CDataStore& store, const std::vector<std::int32_t>& 
         return named;
     QStringList parts{named};
     AppendCount(parts, RowsOf(store, "SELECT dt_id FROM Prod_CoverDT WHERE prod_id = %li", ids.front()), Definitions);
-    return WithUse(
-        parts.join(QStringLiteral(", ")),
-        Uses("vydán", {{RowsOf(store, "SELECT move_id FROM Move_Prod WHERE prod_id = %li GROUP BY move_id", ids.front()),
-                        InIssues}}));
+    return WithUse(parts.join(QStringLiteral(", ")),
+                   Uses("vydán", {{RowsOf(store, "SELECT move_id FROM Move_Prod WHERE prod_id = %li GROUP BY move_id",
+                                          ids.front()),
+                                   InIssues}}));
 }
 
 QString IssuesToBeDeleted(CDataStore& store, const std::vector<std::int32_t>& ids) {

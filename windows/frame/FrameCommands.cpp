@@ -23,7 +23,7 @@ void RunBackup(CMainFrame& frame, CBackupDlg::Mode mode) {
 }
 
 void RunRecompute(CMainFrame& frame, CProgressDoor& progress) {
-    if (!AskRecomputeAllIssues())
+    if (!AskRecomputeAllIssues(frame.Document().Store()))
         return;
     std::int64_t lines = 0;
     RecomputeAllIssues(frame.Document().Store(), progress, lines);

@@ -20,6 +20,8 @@
 namespace {
 
 constexpr int LayoutVersion = 1;
+/// Milliseconds that the status bar keeps what a register says.
+constexpr int SaidFor = 30000;
 
 QString Key(const char* name) {
     return QStringLiteral("Kuvel/%1").arg(QString::fromLatin1(name));
@@ -40,6 +42,8 @@ CMainFrame::CMainFrame(CKuvelDoc& doc, std::span<const RegisterEntry> registers)
     m_toolsBar = CreateBar("toolsBar", QStringLiteral("Panel nástrojů"), ToolsBar());
     m_statusPanes = new CStatusPanes(*statusBar());
     CreateHandlers();
+    connect(m_registers, &CRegisterArea::Said, this,
+            [this](const QString& text) { statusBar()->showMessage(text, SaidFor); });
     connect(m_registers, &CRegisterArea::Switched, this, &CMainFrame::UpdateCommands);
     resize(1000, 650);
     RestoreLayout();

@@ -22,11 +22,13 @@ public:
     bool Knows(Command command) const;
     void Broadcast(ViewMessage message, CRegisterView* except) override;
     IProgressDoor& Progress() override { return *m_progress; }
+    void Say(const QString& text) override { emit Said(text); }
     /// Until it is set, long work shows nothing.
     void SetProgress(IProgressDoor& progress) { m_progress = &progress; }
 
 signals:
     void Switched();
+    void Said(const QString& text);
 
 private:
     struct CreatedView {

@@ -1,5 +1,6 @@
 #include "windows/registers/ListRegisterView.h"
 
+#include "core/base/CzechCount.h"
 #include "core/base/SqlText.h"
 #include "core/store/Edit.h"
 #include "windows/registers/find/FindInList.h"
@@ -13,6 +14,7 @@
 #include "windows/widgets/commands/CommandTable.h"
 
 #include <QMenu>
+#include <QShortcut>
 #include <QShowEvent>
 
 #include <array>
@@ -63,6 +65,20 @@ ListRegisterView::ListRegisterView(CDataStore& store, IBroadcaster& broadcaster,
     On(Command::ID_RECORD_FIND, [this] { OpenFind(FindMode::FindNext); });
     On(Command::ID_RECORD_REPLACE, [this] { OpenFind(FindMode::Replace); });
     setFocusProxy(&Master());
+    connect(new QShortcut(QKeySequence(Qt::Key_F3), this), &QShortcut::activated, this, [this] {
+        if (!CFindReplaceDlg::FindAgain(*this))
+            OpenFind(FindMode::FindNext);
+    });
+    m_dropFilter = new CIconButton(NamedIcon("filter-drop"), m_layout.master.title);
+    m_dropFilter->setObjectName(QStringLiteral("dropFilter"));
+    m_dropFilter->setToolTip(QStringLiteral("Zrušit filtr"));
+    m_dropFilter->setAccessibleName(m_dropFilter->toolTip());
+    m_dropFilter->hide();
+    connect(m_dropFilter, &QPushButton::clicked, this, [this] {
+        ForgetFilter();
+        FillMaster();
+        Master().setFocus();
+    });
 }
 
 void ListRegisterView::MakeGroup(ListGroup& group, const ListSpec& spec, const char* title, int level) {
@@ -103,12 +119,19 @@ void ListRegisterView::Receive(ViewMessage message) {
         FillMaster();
 }
 
+QString ListRegisterView::FindName() const {
+    return QString::fromUtf8(m_spec.masterTitle);
+}
+
 std::vector<std::string> ListRegisterView::FindFields() const {
     return {m_spec.findFields.begin(), m_spec.findFields.end()};
 }
 
 void ListRegisterView::FindReplace(const FindRequest& request) {
-    Guarded([&] { CarryOut(request, Store(), Master()); });
+    ReplacedAll all;
+    const bool whole = Guarded([&] { CarryOut(request, Store(), Master(), all); });
+    if (whole && request.mode == FindMode::ReplaceAll)
+        Say(all.Text());
 }
 
 void ListRegisterView::OpenFind(FindMode mode) {
@@ -133,9 +156,11 @@ void ListRegisterView::AddTitleButton(CIconButton* button) {
 
 bool ListRegisterView::FillMaster(std::int32_t id) {
     const WaitCursor wait;
-    const bool filled = Master().FillKeeping(MasterSql(), id);
+    const bool filled = Master().FillKeeping(AllSql() + FilterClauses(), id);
+    ShowFilter();
     EnableDetails();
     FillDetail();
+    ShowFirstSteps();
     return filled;
 }
 
@@ -150,6 +175,27 @@ void ListRegisterView::FillDetail(std::int32_t id) {
 void ListRegisterView::FillSubdetail(std::int32_t id) {
     if (m_spec.subdetail)
         Subdetail().Fill(SubdetailSql(), id);
+    ShowFirstSteps();
+}
+
+void ListRegisterView::ShowFirstSteps() {
+    Master().SetEmptyText(FilterActive()
+                              ? QStringLiteral("Filtru nevyhovuje žádný záznam. Filtr změníte klávesami Ctrl+T.")
+                              : QStringLiteral("Seznam je prázdný. První záznam přidáte klávesou Ins."));
+    const auto show = [this](RecordList& list, Command add, const char* text) {
+        list.SetEmptyText(Button(add).isEnabled() ? QString::fromUtf8(text) : QString());
+    };
+    if (m_spec.detail)
+        show(Detail(), Command::ID_DETAIL_ADD,
+             Master().SelectedRow() < 0 ? "" : "Seznam je prázdný. První záznam přidáte klávesami Ctrl+Ins.");
+    if (m_spec.subdetail)
+        show(Subdetail(), Command::ID_SUBDETAIL_ADD,
+             Detail().SelectedRow() < 0 ? "" : "Seznam je prázdný. První záznam přidáte klávesami Alt+Ins.");
+}
+
+void ListRegisterView::TellIfHidden(std::int32_t id) {
+    if (FilterActive() && id > RecordList::NoId && Master().SelectedId() != id)
+        Say(QStringLiteral("Záznam je uložen, ale filtr ho nezobrazuje."));
 }
 
 void ListRegisterView::RefillLevel(int level) {
@@ -186,7 +232,7 @@ bool ListRegisterView::FindMaster(std::int32_t id) {
 
 void ListRegisterView::AddToMaster(const Write& write, const After& after) {
     std::int32_t id = KeepSelection;
-    Guarded([&] {
+    const bool added = Guarded([&] {
         InOneEdit(Store(), [&] {
             CRecordset& records = *Master().Records();
             records.AddNew();
@@ -198,6 +244,8 @@ void ListRegisterView::AddToMaster(const Write& write, const After& after) {
         });
     });
     FillMaster(id);
+    if (added)
+        TellIfHidden(id);
 }
 
 void ListRegisterView::EditMaster(const Ask& ask, const Write& write, const After& after) {
@@ -207,8 +255,8 @@ void ListRegisterView::EditMaster(const Ask& ask, const Write& write, const Afte
         return;
     }
     bool writing = false;
+    const std::int32_t id = Master().Id(row);
     Guarded([&] {
-        const std::int32_t id = Master().Id(row);
         bool found = FindMaster(id);
         if (found && !ask(*Master().Records()))
             return;
@@ -228,8 +276,10 @@ void ListRegisterView::EditMaster(const Ask& ask, const Write& write, const Afte
         if (!found)
             RemoveVanishedRow(Master(), row);
     });
-    if (writing)
-        FillMaster();
+    if (!writing)
+        return;
+    FillMaster();
+    TellIfHidden(id);
 }
 
 void ListRegisterView::DeleteMaster() {
@@ -238,7 +288,14 @@ void ListRegisterView::DeleteMaster() {
         ShowWarning(QString::fromUtf8(m_spec.nothingSelected));
         return;
     }
-    if (!AskYesNo(QString::fromUtf8(m_spec.deleteQuestion)))
+    QString toBeDeleted;
+    const bool known = Guarded([&] {
+        std::vector<std::int32_t> ids;
+        for (const int row : rows)
+            ids.push_back(Master().Id(row));
+        toBeDeleted = m_spec.toBeDeleted(Store(), ids);
+    });
+    if (!known || !AskToLose(QString::fromUtf8(m_spec.deleteQuestion), toBeDeleted))
         return;
     const WaitCursor wait;
     Guarded([&] {
@@ -262,6 +319,14 @@ void ListRegisterView::DeleteMaster() {
 
 void ListRegisterView::ShowFilter() {
     Button(Command::ID_RECORD_FILTER).SetLatched(FilterActive());
+    m_dropFilter->setVisible(FilterActive());
+    if (!FilterActive())
+        return;
+    Guarded([this] {
+        m_dropFilter->setText(QStringLiteral("%1 z %2").arg(GroupedNumber(Master().RowCount()),
+                                                            GroupedNumber(Store().Query(AllSql())->get_RecordCount())));
+    });
+    m_layout.master.title->SetButton(m_dropFilter);
 }
 
 int ListRegisterView::RowToChange(const RecordList& list, const char* nothingSelected) {
@@ -306,7 +371,11 @@ bool ListRegisterView::EditDetailRow(const DetailEdit& edit) {
 bool ListRegisterView::DeleteDetailRow(const DetailDeletion& deletion) {
     RecordList& list = deletion.list;
     const int row = RowToChange(list, deletion.nothingSelected);
-    if (row < 0 || !AskYesNo(MessageText(deletion.question, list.CellText(row, 0))))
+    if (row < 0)
+        return false;
+    QString toBeDeleted;
+    if (!Guarded([&] { toBeDeleted = deletion.toBeDeleted(Store(), list.Id(row)); }) ||
+        !AskToLose(MessageText(deletion.question, list.CellText(row, 0)), toBeDeleted))
         return false;
     bool deleted = false;
     const bool whole = Guarded([&] {

@@ -30,6 +30,8 @@ struct RegisterSpec {
     const char* nothingSelected = "";
     const char* deleteQuestion = "";
     std::vector<const char*> deleteStatements;
+    /// What stands below the question.
+    QString (*toBeDeleted)(CDataStore& store, const std::vector<std::int32_t>& ids) = nullptr;
 };
 
 /// What all registers share: a master list and up to two detail lists, each showing the children of the row that is
@@ -47,6 +49,7 @@ public:
     void Run(Command command) override;
     /// Refresh. Registers that know more messages extend it.
     void Receive(ViewMessage message) override;
+    QString FindName() const override;
     std::vector<std::string> FindFields() const override;
     void FindReplace(const FindRequest& request) override;
 
@@ -60,10 +63,13 @@ protected:
 
     // The queries of the lists, without their order where the header is clickable. An empty text leaves a detail list
     // empty; the second list is filled for exactly one selected master row.
-    virtual std::string MasterSql() const = 0;
+    virtual std::string AllSql() const = 0;
+    virtual std::string FilterClauses() const = 0;
     virtual std::string DetailSql(std::int32_t) const { return {}; }
     virtual std::string SubdetailSql() const { return {}; }
     virtual bool FilterActive() const = 0;
+    /// All criteria are off.
+    virtual void ForgetFilter() = 0;
     /// On every change of the master selection: the detail side works while fewer than two master rows are selected.
     virtual void EnableDetails();
     bool DetailsAllowed() const { return Master().SelectedCount() < 2; }
@@ -117,7 +123,9 @@ protected:
     struct DetailDeletion {
         RecordList& list;
         const char* nothingSelected;
-        const char* question;                     // with the place of the first column's text
+        const char* question; // with the place of the first column's text
+        /// What stands below the question.
+        QString (*toBeDeleted)(CDataStore& store, std::int32_t id);
         std::vector<const char*> statements = {}; // "DELETE FROM … WHERE (… = %li)"
         After after = {};
     };
@@ -137,6 +145,9 @@ private:
     /// −1 while the list is disabled, and after the warning that no row is selected.
     static int RowToChange(const RecordList& list, const char* nothingSelected);
     void ShowFilter();
+    void ShowFirstSteps();
+    /// A record that was saved, but that the filter does not show.
+    void TellIfHidden(std::int32_t id);
     void OpenFind(FindMode mode);
     /// The record of this key as the current one of the master's recordset; false when it has gone.
     bool FindMaster(std::int32_t id);
@@ -145,6 +156,7 @@ private:
     RegisterLayout m_layout;
     std::map<Command, CIconButton*> m_buttons;
     std::map<Command, std::function<void()>> m_handlers;
+    CIconButton* m_dropFilter;
     bool m_splitterPlaced = false;
 };
 

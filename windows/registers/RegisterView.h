@@ -23,6 +23,8 @@ public:
     virtual void Broadcast(ViewMessage message, CRegisterView* except) = 0;
     /// Where long work of a register shows how far it is.
     virtual IProgressDoor& Progress() { return SilentProgress(); }
+    /// Tells the user something that asks for no answer.
+    virtual void Say(const QString&) {}
 };
 
 /// A register: created on first use, kept, and told apart by the command that shows it.
@@ -43,6 +45,10 @@ public:
 protected:
     CDataStore& Store() const { return m_store; }
     IProgressDoor& Progress() const { return m_broadcaster.Progress(); }
+    void Say(const QString& text) {
+        if (!text.isEmpty())
+            m_broadcaster.Say(text);
+    }
     void TellOthers(ViewMessage message) { m_broadcaster.Broadcast(message, this); }
 
 private:

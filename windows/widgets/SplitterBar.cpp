@@ -7,9 +7,16 @@
 
 #include <algorithm>
 
+namespace {
+constexpr int KeyStep = 20;
+} // namespace
+
 CSplitterBar::CSplitterBar(QWidget* parent) : QWidget(parent) {
     setObjectName(QStringLiteral("splitter"));
     setCursor(Qt::SplitHCursor);
+    setFocusPolicy(Qt::TabFocus);
+    setAccessibleName(QStringLiteral("Hranice mezi seznamy"));
+    setAccessibleDescription(QStringLiteral("Posunete ji šipkami vlevo a vpravo."));
 }
 
 void CSplitterBar::paintEvent(QPaintEvent*) {
@@ -21,6 +28,18 @@ void CSplitterBar::paintEvent(QPaintEvent*) {
     edge.setColor(QPalette::Light, window.lighter(140));
     edge.setColor(QPalette::Dark, window.darker(140));
     qDrawShadeRect(&painter, rect(), edge, true, 1, 0);
+    if (hasFocus())
+        painter.fillRect(rect().adjusted(1, 1, -1, -1), palette().highlight());
+}
+
+void CSplitterBar::keyPressEvent(QKeyEvent* event) {
+    const int way = event->key() == Qt::Key_Left ? -1 : event->key() == Qt::Key_Right ? 1 : 0;
+    if (way == 0) {
+        QWidget::keyPressEvent(event);
+        return;
+    }
+    move(std::clamp(x() + way * KeyStep, 0, parentWidget()->width() - width()), y());
+    emit moved();
 }
 
 int CSplitterBar::PointerX(const QMouseEvent& event) const {

@@ -21,6 +21,8 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    /// Left and Right move the bar.
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     /// The pointer never leaves the view while it drags.

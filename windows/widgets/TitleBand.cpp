@@ -3,6 +3,8 @@
 #include <QPainter>
 #include <qdrawutil.h>
 
+#include <algorithm>
+
 namespace {
 const QColor Band(0, 131, 125);
 const QColor Mark(255, 200, 60);
@@ -17,6 +19,18 @@ CTitleBand::CTitleBand(const QString& title, QWidget* parent) : QWidget(parent) 
 void CTitleBand::SetMarked(bool marked) {
     m_marked = marked;
     update();
+}
+
+void CTitleBand::SetButton(QWidget* button) {
+    m_button = button;
+    const QSize size(std::min(width(), button->sizeHint().width()), height() - 2);
+    button->setGeometry(width() - size.width() - 1, 1, size.width(), size.height());
+    update();
+}
+
+void CTitleBand::resizeEvent(QResizeEvent*) {
+    if (m_button != nullptr)
+        SetButton(m_button);
 }
 
 void CTitleBand::paintEvent(QPaintEvent*) {
@@ -34,6 +48,7 @@ void CTitleBand::paintEvent(QPaintEvent*) {
         painter.setFont(bold);
     }
     painter.setPen(Qt::white);
-    painter.drawText(rect(), Qt::AlignCenter | Qt::TextSingleLine,
-                     QStringLiteral("  %1  ").arg(windowTitle().trimmed()));
+    const bool buttonShown = m_button != nullptr && !m_button->isHidden();
+    painter.drawText(buttonShown ? rect().adjusted(0, 0, -m_button->width(), 0) : rect(),
+                     Qt::AlignCenter | Qt::TextSingleLine, QStringLiteral("  %1  ").arg(windowTitle().trimmed()));
 }

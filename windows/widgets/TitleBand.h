@@ -12,10 +12,14 @@ public:
     /// Marked while the keys go to its list.
     bool IsMarked() const { return m_marked; }
     void SetMarked(bool marked);
+    /// Stands at the right end of the band, as wide as it wants to be.
+    void SetButton(QWidget* button);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
+    QWidget* m_button = nullptr;
     bool m_marked = false;
 };

@@ -4,6 +4,7 @@
 
 #include <QBoxLayout>
 #include <QFrame>
+#include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QStackedWidget>
@@ -23,7 +24,13 @@ void CWizardPage::OnSetActive() {
     Sheet().SetButtons(Sheet().IsLast(*this) ? CWizardSheet::Ending::Finish : CWizardSheet::Ending::Next);
 }
 
-CWizardSheet::CWizardSheet(QWidget* parent) : QDialog(parent), m_stack(new QStackedWidget) {
+CWizardSheet::CWizardSheet(QWidget* parent) : QDialog(parent), m_subject(new QLabel), m_stack(new QStackedWidget) {
+    m_subject->setObjectName(QStringLiteral("subject"));
+    m_subject->setTextFormat(Qt::PlainText);
+    QFont bold(m_subject->font());
+    bold.setBold(true);
+    m_subject->setFont(bold);
+    m_subject->hide();
     auto* line = new QFrame;
     line->setFrameShape(QFrame::HLine);
     line->setFrameShadow(QFrame::Sunken);
@@ -43,6 +50,7 @@ CWizardSheet::CWizardSheet(QWidget* parent) : QDialog(parent), m_stack(new QStac
     m_back->setAutoDefault(false);
 
     auto* all = new QVBoxLayout(this);
+    all->addWidget(m_subject);
     all->addWidget(m_stack);
     all->addWidget(line);
     all->addLayout(row);
@@ -64,6 +72,11 @@ void CWizardSheet::AddPage(CWizardPage& page) {
     page.m_sheet = this;
     m_pages.append(&page);
     m_stack->addWidget(&page);
+}
+
+void CWizardSheet::SetSubject(const QString& subject) {
+    m_subject->setText(subject);
+    m_subject->setVisible(!subject.isEmpty());
 }
 
 bool CWizardSheet::Run() {

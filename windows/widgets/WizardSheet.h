@@ -4,6 +4,7 @@
 #include <QList>
 
 class CWizardSheet;
+class QLabel;
 class QPushButton;
 class QStackedWidget;
 
@@ -42,6 +43,8 @@ public:
     ~CWizardSheet() override;
 
     void AddPage(CWizardPage& page);
+    /// What the sheet is about, above its pages; nothing stands there without it.
+    void SetSubject(const QString& subject);
     /// True when the sheet was ended by the finish button.
     bool Run();
 
@@ -59,6 +62,7 @@ private:
 
     QList<CWizardPage*> m_pages;
     int m_current = 0;
+    QLabel* m_subject;
     QStackedWidget* m_stack;
     QPushButton* m_back;
     QPushButton* m_next;

@@ -47,7 +47,11 @@ public:
         lastExcept = except;
     }
 
+    void Say(const QString& text) override { said = text.toStdString(); }
+
     std::vector<ViewMessage> told;
+    /// What was said last.
+    std::string said;
     CRegisterView* lastExcept = nullptr;
 };
 

@@ -2,6 +2,7 @@
 
 #include "core/base/SqlText.h"
 #include "core/rules/ScratchItems.h"
+#include "core/rules/ToBeDeleted.h"
 #include "core/store/DataStore.h"
 #include "windows/registers/composites/CompCoverDlg.h"
 #include "windows/registers/composites/CompCoverFilterDlg.h"
@@ -25,6 +26,7 @@ RegisterSpec CompositeRegister() {
     spec.deleteQuestion = Text::DeleteCovers;
     spec.deleteStatements = {"DELETE FROM CompCover_Item WHERE ccover_id IN (SELECT id FROM TmpID)",
                              "DELETE FROM CompCover WHERE ccover_id IN (SELECT id FROM TmpID)"};
+    spec.toBeDeleted = CompositesToBeDeleted;
     return spec;
 }
 
@@ -42,8 +44,8 @@ CViewCompCover::CViewCompCover(CDataStore& store, IBroadcaster& broadcaster, QWi
     On(Command::ID_RECORD_FILTER, [this] { OnFilterCompCovers(); });
 }
 
-std::string CViewCompCover::MasterSql() const {
-    return "SELECT * FROM CompCover" + m_filter.Clauses();
+std::string CViewCompCover::AllSql() const {
+    return "SELECT * FROM CompCover";
 }
 
 void CViewCompCover::OnAddCompCover() {

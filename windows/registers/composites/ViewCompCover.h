@@ -11,8 +11,10 @@ public:
     CViewCompCover(CDataStore& store, IBroadcaster& broadcaster, QWidget* parent = nullptr);
 
 protected:
-    std::string MasterSql() const override;
+    std::string AllSql() const override;
+    std::string FilterClauses() const override { return m_filter.Clauses(); }
     bool FilterActive() const override { return m_filter.IsActive(); }
+    void ForgetFilter() override { m_filter = {}; }
 
 private:
     void OnAddCompCover();

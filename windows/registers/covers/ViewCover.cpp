@@ -1,7 +1,9 @@
 #include "windows/registers/covers/ViewCover.h"
 
 #include "core/base/SqlText.h"
+#include "core/rules/ChangeReach.h"
 #include "core/rules/Propagation.h"
+#include "core/rules/ToBeDeleted.h"
 #include "core/store/DataStore.h"
 #include "windows/registers/covers/CoverDlg.h"
 #include "windows/registers/covers/CoverFilterDlg.h"
@@ -44,6 +46,7 @@ RegisterSpec CoverRegister() {
     spec.deleteStatements = {"DELETE FROM CoverDiscard WHERE cover_id IN (SELECT id FROM TmpID)",
                              "DELETE FROM CompCover_Item WHERE cover_id IN (SELECT id FROM TmpID)",
                              "UPDATE Cover SET deleted = true WHERE (cover_id IN (SELECT id FROM TmpID))"};
+    spec.toBeDeleted = CoversToBeDeleted;
     return spec;
 }
 
@@ -59,8 +62,8 @@ CViewCover::CViewCover(CDataStore& store, IBroadcaster& broadcaster, QWidget* pa
     On(Command::ID_DETAIL_DELETE, [this] { OnDeleteDiscard(); });
 }
 
-std::string CViewCover::MasterSql() const {
-    return "SELECT * FROM Cover WHERE (deleted = FALSE)" + m_filter.Clauses();
+std::string CViewCover::AllSql() const {
+    return "SELECT * FROM Cover WHERE (deleted = FALSE)";
 }
 
 std::string CViewCover::DetailSql(std::int32_t coverId) const {
@@ -90,6 +93,7 @@ void CViewCover::OnEditCover() {
             const CoverValues& now = dialog.Values();
             if (now.SamePackaging(before))
                 return;
+            Say(ReachOfCover(Store(), *Options(), id));
             PropagateCover(Store(), *Options(), id, now.type, now.origin, now.payment);
             propagated = true;
         });
@@ -118,6 +122,7 @@ void CViewCover::OnAddDiscard() {
     CPageDisc page(Store(), coverId);
     CWizardSheet sheet(this);
     sheet.AddPage(page);
+    sheet.SetSubject(Master().CellText(Master().SelectedRow(), 0));
     if (!sheet.Run())
         return;
     std::int32_t id = KeepSelection;
@@ -138,6 +143,7 @@ void CViewCover::OnEditDiscard() {
         page.Read(record);
         CWizardSheet sheet(this);
         sheet.AddPage(page);
+        sheet.SetSubject(Master().CellText(Master().SelectedRow(), 0));
         return sheet.Run();
     };
     if (EditDetailRow({.list = Detail(),
@@ -152,5 +158,6 @@ void CViewCover::OnDeleteDiscard() {
     DeleteDetailRow({.list = Detail(),
                      .nothingSelected = Text::NoDiscard,
                      .question = Text::DeleteDiscard,
+                     .toBeDeleted = DiscardToBeDeleted,
                      .statements = {"DELETE FROM CoverDiscard WHERE (disc_id = %li)"}});
 }

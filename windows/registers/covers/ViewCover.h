@@ -11,9 +11,11 @@ public:
     CViewCover(CDataStore& store, IBroadcaster& broadcaster, QWidget* parent = nullptr);
 
 protected:
-    std::string MasterSql() const override;
+    std::string AllSql() const override;
+    std::string FilterClauses() const override { return m_filter.Clauses(); }
     std::string DetailSql(std::int32_t coverId) const override;
     bool FilterActive() const override { return m_filter.IsActive(); }
+    void ForgetFilter() override { m_filter = {}; }
 
 private:
     void OnAddCover();

@@ -33,12 +33,14 @@ public:
         FindNext(row + 1);
     }
 
-    void ReplaceAll(CDataStore& store) {
+    void All(CDataStore& store, ReplacedAll& all) {
         CKeptAlive alive(*m_list.window());
         try {
             InCommitGroup(store, {}, [&](CCommitGroup& group) {
                 for (int row = FindFrom(0); row != NoRow; row = FindFrom(row + 1)) {
-                    ReplaceCurrent();
+                    const Outcome outcome = ReplaceCurrent();
+                    all.replaced += outcome == Outcome::Replaced;
+                    all.unchanged += outcome == Outcome::Unchanged;
                     group.RecordDone();
                     alive.Look();
                 }
@@ -51,7 +53,7 @@ public:
         Beep();
     }
 
-    void Run(CDataStore& store) {
+    void Run(CDataStore& store, ReplacedAll& all) {
         const int selected = m_list.SelectedRow();
         m_list.DeselectAll();
         switch (m_request.mode) {
@@ -62,7 +64,7 @@ public:
             Replace(selected);
             break;
         case FindMode::ReplaceAll:
-            ReplaceAll(store);
+            All(store, all);
             break;
         }
     }
@@ -82,16 +84,20 @@ private:
         return m_records->get_EOF() ? NoRow : m_records->get_AbsolutePosition() - 1;
     }
 
+    enum class Outcome { Replaced, Unchanged, TooLong };
+
     /// A text that the column cannot hold is not cut: the record stays as it is.
-    void ReplaceCurrent() {
-        const Variant replaced = m_request.Replaced(m_records->get_Collect(m_request.field));
-        if (const auto* text = std::get_if<QString>(&replaced); text && text->size() > LongestText(m_request.field)) {
+    Outcome ReplaceCurrent() {
+        const Variant before = m_records->get_Collect(m_request.field);
+        const Variant after = m_request.Replaced(before);
+        if (const auto* text = std::get_if<QString>(&after); text && text->size() > LongestText(m_request.field)) {
             ++m_tooLong;
-            return;
+            return Outcome::TooLong;
         }
-        m_records->put_Collect(m_request.field, replaced);
+        m_records->put_Collect(m_request.field, after);
         m_records->Update();
         m_list.RefreshRow(m_records->get_AbsolutePosition() - 1);
+        return after != before ? Outcome::Replaced : Outcome::Unchanged;
     }
 
     const FindRequest& m_request;
@@ -103,11 +109,11 @@ private:
 
 } // namespace
 
-void CarryOut(const FindRequest& request, CDataStore& store, RecordList& list) {
+void CarryOut(const FindRequest& request, CDataStore& store, RecordList& list, ReplacedAll& all) {
     Search search(request, list);
     {
         const WaitCursor wait;
-        search.Run(store);
+        search.Run(store, all);
     }
     search.TellTooLong();
 }

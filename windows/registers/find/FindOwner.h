@@ -12,6 +12,8 @@ class CFindOwner : public QWidget {
 public:
     using QWidget::QWidget;
 
+    /// What is searched, as its title says.
+    virtual QString FindName() const { return {}; }
     /// The fields that may be searched here.
     virtual std::vector<std::string> FindFields() const { return {}; }
     /// One request of the window, carried out on the master list before it returns. Errors are shown.

@@ -5,6 +5,7 @@
 #include "windows/widgets/Refuse.h"
 
 #include <QCollator>
+#include <QShortcut>
 #include <QTabBar>
 #include <QWindow>
 
@@ -57,8 +58,22 @@ Variant ValueOf(const QComboBox& combo, FindArea::Kind kind) {
 
 } // namespace
 
-void CFindReplaceDlg::Open(CFindOwner& owner, const std::string& field, FindMode mode) {
+QPointer<CFindReplaceDlg>& CFindReplaceDlg::Window() {
     static QPointer<CFindReplaceDlg> window;
+    return window;
+}
+
+bool CFindReplaceDlg::FindAgain(CFindOwner& owner) {
+    CFindReplaceDlg* const window = Window();
+    if (window == nullptr || window->m_owner != &owner || !window->m_asked)
+        return false;
+    window->m_request.mode = FindMode::FindNext;
+    owner.FindReplace(window->m_request);
+    return true;
+}
+
+void CFindReplaceDlg::Open(CFindOwner& owner, const std::string& field, FindMode mode) {
+    QPointer<CFindReplaceDlg>& window = Window();
     if (window == nullptr)
         window = new CFindReplaceDlg(owner.window());
     window->OpenOn(owner, field, mode);
@@ -83,13 +98,22 @@ CFindReplaceDlg::CFindReplaceDlg(QWidget* window) : QDialog(window), m_ui(std::m
     connect(m_ui->findNext, &QPushButton::clicked, this, [this] { OnRequest(FindMode::FindNext); });
     connect(m_ui->replace, &QPushButton::clicked, this, [this] { OnRequest(FindMode::Replace); });
     connect(m_ui->replaceAll, &QPushButton::clicked, this, [this] { OnRequest(FindMode::ReplaceAll); });
+    connect(new QShortcut(QKeySequence(Qt::Key_F3), this), &QShortcut::activated, m_ui->findNext, &QPushButton::click);
     connect(m_ui->cancel, &QPushButton::clicked, this, &QDialog::reject);
 }
 
 CFindReplaceDlg::~CFindReplaceDlg() = default;
 
 void CFindReplaceDlg::OpenOn(CFindOwner& owner, const std::string& field, FindMode mode) {
+    if (m_owner != &owner) {
+        if (m_owner != nullptr)
+            m_owner->removeEventFilter(this);
+        m_asked = false;
+        owner.installEventFilter(this);
+    }
     m_owner = &owner;
+    m_ui->registerName->setText(QStringLiteral("Tabulka: ") + owner.FindName().trimmed());
+    EnableButtons();
     FillAreas(field);
     ShowMode(mode);
     m_ui->find->setFocus();
@@ -101,6 +125,19 @@ void CFindReplaceDlg::OpenOn(CFindOwner& owner, const std::string& field, FindMo
     show();
     raise();
     activateWindow();
+}
+
+/// While another register is shown, nothing is searched or replaced behind the user's back.
+void CFindReplaceDlg::EnableButtons() {
+    const bool shown = m_owner != nullptr && !m_owner->isHidden();
+    for (QWidget* button : {m_ui->findNext, m_ui->replace, m_ui->replaceAll})
+        button->setEnabled(shown);
+}
+
+bool CFindReplaceDlg::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == m_owner && (event->type() == QEvent::ShowToParent || event->type() == QEvent::HideToParent))
+        EnableButtons();
+    return QDialog::eventFilter(watched, event);
 }
 
 std::vector<std::string> CFindReplaceDlg::Fields() const {
@@ -144,8 +181,10 @@ void CFindReplaceDlg::ShowMode(FindMode mode) {
 }
 
 void CFindReplaceDlg::OnRequest(FindMode mode) {
-    if (TakeRequest(mode))
-        m_owner->FindReplace(m_request);
+    if (!TakeRequest(mode))
+        return;
+    m_asked = true;
+    m_owner->FindReplace(m_request);
 }
 
 bool CFindReplaceDlg::TakeRequest(FindMode mode) {

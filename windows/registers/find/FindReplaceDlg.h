@@ -24,10 +24,20 @@ public:
     /// replacing are told apart.
     static void Open(CFindOwner& owner, const std::string& field, FindMode mode);
 
+    /// Finds the next match of what the window, though it may be hidden, asked last. False when it has asked nothing of
+    /// this register.
+    static bool FindAgain(CFindOwner& owner);
+
     ~CFindReplaceDlg() override;
+
+protected:
+    /// The owner comes and goes.
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     explicit CFindReplaceDlg(QWidget* window);
+    static QPointer<CFindReplaceDlg>& Window();
+    void EnableButtons();
     void OpenOn(CFindOwner& owner, const std::string& field, FindMode mode);
 
     /// The owner's; none when it has gone.
@@ -44,4 +54,6 @@ private:
     std::unique_ptr<Ui::FindReplaceDlg> m_ui;
     QPointer<CFindOwner> m_owner;
     FindRequest m_request;
+    /// The request is the owner's.
+    bool m_asked = false;
 };

@@ -2,6 +2,7 @@
 
 #include "core/base/SqlText.h"
 #include "core/rules/IssueLines.h"
+#include "core/rules/ToBeDeleted.h"
 #include "core/store/Edit.h"
 #include "windows/registers/issues/MoveDlg.h"
 #include "windows/registers/issues/MoveFilterDlg.h"
@@ -66,6 +67,7 @@ RegisterSpec IssueRegister() {
                              "(move_id IN (SELECT id FROM TmpID))))",
                              "DELETE FROM Move_Prod WHERE (move_id IN (SELECT id FROM TmpID))",
                              "DELETE FROM Move WHERE (move_id IN (SELECT id FROM TmpID))"};
+    spec.toBeDeleted = IssuesToBeDeleted;
     return spec;
 }
 
@@ -108,8 +110,8 @@ void CViewMove::Receive(ViewMessage message) {
     }
 }
 
-std::string CViewMove::MasterSql() const {
-    return "SELECT * FROM Move" + m_filter.Clauses();
+std::string CViewMove::AllSql() const {
+    return "SELECT * FROM Move";
 }
 
 std::string CViewMove::DetailSql(std::int32_t moveId) const {
@@ -138,6 +140,7 @@ void CViewMove::EnableDetails() {
 void CViewMove::OnToggleCovers() {
     m_coversOfItem = !m_coversOfItem;
     m_toggle->SetLatched(m_coversOfItem);
+    m_toggle->setIcon(NamedIcon(m_coversOfItem ? "toggle" : "toggle-all"));
     EnableDetails();
     Arrange();
     FillSubdetail();
@@ -203,6 +206,7 @@ void CViewMove::OnEditItem() {
         page.SetQuantity(ToCurrency(record.get_Collect("mvprod_qty")));
         CWizardSheet sheet(this);
         sheet.AddPage(page);
+        sheet.SetSubject(Detail().CellText(Detail().SelectedRow(), 0));
         return sheet.Run();
     };
     bool writing = false;
@@ -225,6 +229,7 @@ void CViewMove::OnDeleteItem() {
     if (DeleteDetailRow({.list = Detail(),
                          .nothingSelected = Text::NoProduct,
                          .question = Text::DeleteProductRow,
+                         .toBeDeleted = ItemToBeDeleted,
                          .after = [this](std::int32_t mvprodId) { CIssueLines(Store()).Remove(mvprodId); }}))
         FillSubdetail();
 }
@@ -249,6 +254,7 @@ void CViewMove::OnAddCover() {
     CWizardSheet sheet(this);
     sheet.AddPage(coverPage);
     sheet.AddPage(movePage);
+    sheet.SetSubject(Detail().CellText(row, 0));
     if (!sheet.Run())
         return;
     bool vanished = false;
@@ -280,6 +286,7 @@ void CViewMove::OnEditCover() {
         page.Read(record);
         CWizardSheet sheet(this);
         sheet.AddPage(page);
+        sheet.SetSubject(Subdetail().CellText(Subdetail().SelectedRow(), 0));
         return sheet.Run();
     };
     if (EditDetailRow({.list = Subdetail(),
@@ -294,5 +301,6 @@ void CViewMove::OnDeleteCover() {
     DeleteDetailRow({.list = Subdetail(),
                      .nothingSelected = Text::NoCover,
                      .question = Text::DeleteCoverRow,
+                     .toBeDeleted = IssuedCoverToBeDeleted,
                      .statements = {"DELETE FROM Move_Cover WHERE (mvcover_id = %li)"}});
 }

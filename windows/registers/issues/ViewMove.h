@@ -15,10 +15,12 @@ public:
     void Receive(ViewMessage message) override;
 
 protected:
-    std::string MasterSql() const override;
+    std::string AllSql() const override;
+    std::string FilterClauses() const override { return m_filter.Clauses(); }
     std::string DetailSql(std::int32_t moveId) const override;
     std::string SubdetailSql() const override;
     bool FilterActive() const override { return m_filter.IsActive(); }
+    void ForgetFilter() override { m_filter = {}; }
     void EnableDetails() override;
 
 private:

@@ -9,6 +9,18 @@
 #include "windows/widgets/edits/CodeCombo.h"
 #include "windows/widgets/edits/CurrencyEdit.h"
 
+namespace {
+
+/// What is shown but cannot be changed has the colour of other texts.
+void MakeReadable(QWidget& disabled) {
+    QPalette palette = disabled.palette();
+    for (const QPalette::ColorRole role : {QPalette::Text, QPalette::ButtonText, QPalette::WindowText})
+        palette.setColor(QPalette::Disabled, role, palette.color(QPalette::Active, role));
+    disabled.setPalette(palette);
+}
+
+} // namespace
+
 CPageCoverMove::CPageCoverMove(CDataStore& store) : m_store(store), m_ui(std::make_unique<Ui::PageCoverMove>()) {
     m_ui->setupUi(this);
     FillCodes(*m_ui->type, store.Codes(CodeList::CoverType));
@@ -16,6 +28,9 @@ CPageCoverMove::CPageCoverMove(CDataStore& store) : m_store(store), m_ui(std::ma
     FillCodes(*m_ui->payment, store.Codes(CodeList::CoverPayment));
     FillCodes(*m_ui->stat, store.Codes(CodeList::CoverStat));
     FillCodes(*m_ui->material, store.Codes(CodeList::CoverMaterial));
+    for (QWidget* shown : std::initializer_list<QWidget*>{m_ui->type, m_ui->origin, m_ui->payment, m_ui->stat,
+                                                          m_ui->material, m_ui->reusable})
+        MakeReadable(*shown);
     m_link = new WeightLink(*m_ui->covers, *m_ui->weight, this);
     m_ui->covers->SetValue(Currency::FromWhole(1));
 }

@@ -2,8 +2,10 @@
 
 #include "core/base/LateProgress.h"
 #include "core/base/SqlText.h"
+#include "core/rules/ChangeReach.h"
 #include "core/rules/PackagingChange.h"
 #include "core/rules/Propagation.h"
+#include "core/rules/ToBeDeleted.h"
 #include "core/store/Edit.h"
 #include "core/store/Engine.h"
 #include "windows/registers/packaging/PackagingRows.h"
@@ -76,6 +78,7 @@ RegisterSpec ProductRegister() {
                              "IN (SELECT id FROM TmpID))))",
                              "DELETE FROM Prod_CoverDT WHERE (prod_id IN (SELECT id FROM TmpID))",
                              "UPDATE Product SET deleted = true WHERE (prod_id IN (SELECT id FROM TmpID))"};
+    spec.toBeDeleted = ProductsToBeDeleted;
     return spec;
 }
 
@@ -128,8 +131,8 @@ void CViewProd::Receive(ViewMessage message) {
         ListRegisterView::Receive(message);
 }
 
-std::string CViewProd::MasterSql() const {
-    return "SELECT * FROM Product WHERE (deleted = FALSE)" + m_filter.Clauses();
+std::string CViewProd::AllSql() const {
+    return "SELECT * FROM Product WHERE (deleted = FALSE)";
 }
 
 std::string CViewProd::DetailSql(std::int32_t prodId) const {
@@ -228,6 +231,7 @@ void CViewProd::OnDeleteDate() {
     if (DeleteDetailRow({.list = Detail(),
                          .nothingSelected = Text::NoDate,
                          .question = Text::DeleteDate,
+                         .toBeDeleted = DefinitionToBeDeleted,
                          .statements = {"DELETE FROM Prod_Cover WHERE (dt_id = %li)",
                                         "DELETE FROM Prod_CoverDT WHERE (dt_id = %li)"},
                          .after = [this](std::int32_t) { CarryOn(Master().SelectedId()); }}))
@@ -248,6 +252,7 @@ void CViewProd::OnAddPackaging() {
     const WaitCursor wait;
     const std::int64_t before = Store().Engine().Changes();
     Guarded([&] {
+        Say(ReachOfPackaging(Store(), g_options, Master().SelectedId()));
         CLateProgress progress(Progress(), RecomputationTitle(), false);
         AddPackaging(Store(), *Options(), Master().SelectedId(), dtId, *chosen, progress);
     });
@@ -265,6 +270,7 @@ void CViewProd::OnEditPackaging() {
         page.SetRule(before);
         CWizardSheet sheet(this);
         sheet.AddPage(page);
+        sheet.SetSubject(Subdetail().CellText(Subdetail().SelectedRow(), 0));
         return sheet.Run();
     };
     if (!EditDetailRow({.list = Subdetail(),
@@ -287,6 +293,7 @@ void CViewProd::OnDeletePackaging() {
     if (DeleteDetailRow({.list = Subdetail(),
                          .nothingSelected = Text::NoCover,
                          .question = Text::DeleteCoverRow,
+                         .toBeDeleted = PackagingToBeDeleted,
                          .statements = {"DELETE FROM Prod_Cover WHERE (cp_id = %li)"},
                          .after = [this](std::int32_t) { CarryOn(Master().SelectedId()); }}))
         TellOfPackaging();
@@ -317,6 +324,7 @@ void CViewProd::CarryOn(std::int32_t prodId) {
     if (prodId == RecordList::NoId)
         return;
     const WaitCursor wait;
+    Say(ReachOfPackaging(Store(), g_options, prodId));
     CLateProgress progress(Progress(), RecomputationTitle(), false);
     PackagingChanged(Store(), *Options(), prodId, progress);
 }

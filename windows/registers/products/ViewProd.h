@@ -14,10 +14,12 @@ public:
     void Receive(ViewMessage message) override;
 
 protected:
-    std::string MasterSql() const override;
+    std::string AllSql() const override;
+    std::string FilterClauses() const override { return m_filter.Clauses(); }
     std::string DetailSql(std::int32_t prodId) const override;
     std::string SubdetailSql() const override;
     bool FilterActive() const override { return m_filter.IsActive(); }
+    void ForgetFilter() override { m_filter = {}; }
 
 private:
     void OnAddProduct();

@@ -2,7 +2,9 @@
 
 #include "windows/widgets/commands/CommandTable.h"
 
+#include <QCoreApplication>
 #include <QMenu>
+#include <QStatusTipEvent>
 
 #include <span>
 
@@ -51,6 +53,11 @@ bool Allows(const MenuState& state, CommandRow::Needs needs) {
     }
 }
 
+void TellStatusBar(QWidget& from, const QString& text) {
+    QStatusTipEvent tip(text);
+    QCoreApplication::sendEvent(&from, &tip);
+}
+
 } // namespace
 
 QMenu* MakeContextMenu(ContextMenu menu, const MenuState& state, const std::function<bool(Command)>& handles,
@@ -66,7 +73,11 @@ QMenu* MakeContextMenu(ContextMenu menu, const MenuState& state, const std::func
         if (ShowsKeys(menu, row))
             text += QLatin1Char('\t') + QLatin1String(row.keys);
         QAction* const action = result->addAction(text, result, [run, command] { run(command); });
+        // A menu is a window of its own: what it tells the status bar would not reach it.
+        const QString prompt = row.Prompt();
+        QObject::connect(action, &QAction::hovered, parent, [parent, prompt] { TellStatusBar(*parent, prompt); });
         action->setEnabled(Allows(state, row.needs) && handles(command));
     }
+    QObject::connect(result, &QMenu::aboutToHide, parent, [parent] { TellStatusBar(*parent, {}); });
     return result;
 }

@@ -8,6 +8,7 @@
 #include <QContextMenuEvent>
 #include <QElapsedTimer>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QScrollBar>
 
@@ -352,9 +353,25 @@ void RecordList::contextMenuEvent(QContextMenuEvent* event) {
         emit menuWanted(event->globalPos(), indexAt(event->pos()).isValid());
         return;
     }
-    // The menu key: at the focused row.
+    WantMenuByKey();
+}
+
+/// At the focused row.
+void RecordList::WantMenuByKey() {
     const QRect row = visualRect(currentIndex());
     emit menuWanted(viewport()->mapToGlobal(row.isValid() ? row.bottomLeft() : QPoint()), row.isValid());
+}
+
+void RecordList::keyPressEvent(QKeyEvent* event) {
+    const int place = event->key() - Qt::Key_1;
+    if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) {
+        WantMenuByKey();
+    } else if ((event->modifiers() & ~Qt::KeypadModifier) == Qt::ControlModifier && m_spec.clickableHeader &&
+               place >= 0 && place < m_model->columnCount()) {
+        SortBy(horizontalHeader()->logicalIndex(place));
+    } else {
+        QTableView::keyPressEvent(event);
+    }
 }
 
 /// Home and End go to the first and last row, as in any list; the columns are no cells to walk through.

@@ -80,6 +80,9 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    /// Shift+F10 opens the menu, Ctrl with a digit sorts by the column that stands at this place, or the other way
+    /// round.
+    void keyPressEvent(QKeyEvent* event) override;
     void currentChanged(const QModelIndex& now, const QModelIndex& before) override;
     void resizeEvent(QResizeEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
@@ -87,6 +90,7 @@ protected:
 
 private:
     void SetUpHeader();
+    void WantMenuByKey();
     void SortBy(int column);
     std::string OrderedSql(const std::string& sql) const;
     void SelectAfterFill(std::int32_t id);

@@ -12,8 +12,10 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QStatusBar>
 #include <QTabBar>
 #include <QTimer>
 
@@ -392,6 +394,71 @@ TEST_F(FindReplace, TheRegisterStaysUsableBesideTheWindow) {
     EXPECT_EQ("2", Press(Covers(), "findNext"));
     EXPECT_EQ("Box 50%", Covers().CellText(2, 0).toStdString());
     EXPECT_TRUE(frame->close());
+}
+
+TEST_F(FindReplace, TheWindowNamesItsRegisterAndRestsWhileAnotherIsShown) {
+    QDialog& window = Open();
+    EXPECT_EQ("Tabulka: Kuvel", Find<QLabel>(window, "registerName").text().toStdString());
+    FillIn("Název", "abcab", false, "x");
+    frame->RunCommand(ID_SHOW_PRODUCTS);
+    const std::string stored = folder.AskAll(StoredCovers);
+    for (const char* button : {"findNext", "replace", "replaceAll"}) {
+        EXPECT_FALSE(Find<QPushButton>(window, button).isEnabled()) << button;
+        Click(window, button);
+    }
+    EXPECT_EQ(stored, folder.AskAll(StoredCovers));
+    Open(ID_SHOW_PRODUCTS);
+    EXPECT_EQ("Tabulka: Produkty", Find<QLabel>(window, "registerName").text().toStdString());
+    EXPECT_TRUE(Find<QPushButton>(window, "replaceAll").isEnabled());
+    frame->RunCommand(ID_SHOW_COVERS);
+    EXPECT_FALSE(Find<QPushButton>(window, "findNext").isEnabled());
+    frame->RunCommand(ID_SHOW_PRODUCTS);
+    EXPECT_TRUE(Find<QPushButton>(window, "findNext").isEnabled());
+}
+
+TEST_F(FindReplace, ReplacingAllSaysHowManyAndHowManyDifferInCase) {
+    const auto said = [this] { return frame->statusBar()->currentMessage().toStdString(); };
+    Open();
+    FillIn("Název", "Box", true, "Kus");
+    Press(Covers(), "replaceAll");
+    EXPECT_EQ("Nahrazeno 1, beze změny 2 (liší se velikost písmen)", said());
+    FillIn("Název", "Kus", true, "Box");
+    Press(Covers(), "replaceAll");
+    EXPECT_EQ("Nahrazeno 1", said());
+    FillIn("Název", "nikde", true, "Box");
+    Press(Covers(), "replaceAll");
+    EXPECT_EQ("Nahrazeno 0", said());
+}
+
+TEST_F(FindReplace, F3FindsTheNextAlsoWhenTheWindowIsHidden) {
+    const auto f3 = [this] {
+        QTest::keyClick(frame->windowHandle(), Qt::Key_F3);
+        return Covers().SelectedRow();
+    };
+    // Nothing was asked yet: the window opens.
+    f3();
+    WaitForActive(Window());
+    FillIn("Název", "box", true);
+    EXPECT_EQ("1", Press(Covers(), "findNext"));
+    QTest::keyClick(&Window(), Qt::Key_F3);
+    EXPECT_EQ(2, Covers().SelectedRow());
+    QTest::keyClick(&Window(), Qt::Key_Escape);
+    WaitForActive(*frame);
+    EXPECT_EQ(4, f3());
+    EXPECT_EQ(-1, f3()) << "none is left";
+    EXPECT_EQ(1, beeps);
+    EXPECT_EQ(1, f3());
+    EXPECT_FALSE(Window().isVisible());
+}
+
+TEST_F(FindReplace, AContextMenusPromptsStandInTheStatusBar) {
+    QTest::keyClick(&Covers(), Qt::Key_F10, Qt::ShiftModifier);
+    QWidget* const menu = QApplication::activePopupWidget();
+    ASSERT_NE(nullptr, menu);
+    QTest::keyClick(menu, Qt::Key_Down);
+    EXPECT_EQ("Přidat nový záznam", frame->statusBar()->currentMessage().toStdString());
+    QTest::keyClick(menu, Qt::Key_Escape);
+    EXPECT_EQ("", frame->statusBar()->currentMessage().toStdString());
 }
 
 TEST_F(FindReplace, NothingGetsIntoTheMiddleOfReplacingAll) {
