@@ -34,3 +34,23 @@ void AddDefinition(CRecordset& definitions, std::int32_t prodId, const DateTime&
     definitions.put_Collect("dt_from", from);
     definitions.Update();
 }
+
+void TakePackagingBefore(CDataStore& store, std::int32_t prodId, std::int32_t dtId, const DateTime& from) {
+    constexpr std::int32_t None = 0;
+    std::int32_t before = None;
+    const RecordsetPtr dates =
+        store.Query(SqlText("SELECT * FROM Prod_CoverDT WHERE prod_id=%li ORDER BY dt_from", prodId));
+    for (; !dates->get_EOF(); dates->MoveNext())
+        if (dates->Long("dt_id") != dtId && ToDate(dates->get_Collect("dt_from")) < from)
+            before = dates->Long("dt_id");
+    if (before == None)
+        return;
+    const RecordsetPtr rows = store.Query(SqlText("SELECT * FROM Prod_Cover WHERE (dt_id = %li)", before));
+    const RecordsetPtr target = store.Table("Prod_Cover");
+    for (; !rows->get_EOF(); rows->MoveNext()) {
+        target->AddNew();
+        target->put_Collect("dt_id", dtId);
+        CopyRule(*rows, *target);
+        target->Update();
+    }
+}

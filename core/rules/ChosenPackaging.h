@@ -21,3 +21,5 @@ void AddPackagingRows(CDataStore& store, const RecordsetPtr& target, std::int32_
 RecordsetPtr DefinitionsOfDay(CDataStore& store, std::int32_t prodId, const DateTime& day);
 /// Adds a definition through any recordset of "Prod_CoverDT"; it becomes the current record. Raises ComError.
 void AddDefinition(CRecordset& definitions, std::int32_t prodId, const DateTime& from);
+/// Copies the packaging rows of the product's newest definition before this one, if there is one. Raises ComError.
+void TakePackagingBefore(CDataStore& store, std::int32_t prodId, std::int32_t dtId, const DateTime& from);

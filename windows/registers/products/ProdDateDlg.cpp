@@ -6,6 +6,7 @@ CProdDateDlg::CProdDateDlg(const DateTime& date, QWidget* parent)
     : QDialog(parent), m_ui(std::make_unique<Ui::ProdDateDlg>()) {
     m_ui->setupUi(this);
     m_ui->date->SetValue(date);
+    m_ui->takePackaging->hide();
     m_ui->date->setFocus();
     connect(m_ui->ok, &QPushButton::clicked, this, &CProdDateDlg::accept);
     connect(m_ui->cancel, &QPushButton::clicked, this, &QDialog::reject);
@@ -20,4 +21,12 @@ void CProdDateDlg::accept() {
 
 DateTime CProdDateDlg::Date() const {
     return m_ui->date->Value();
+}
+
+void CProdDateDlg::OfferPackaging() {
+    m_ui->takePackaging->show();
+}
+
+bool CProdDateDlg::TakesPackaging() const {
+    return m_ui->takePackaging->isChecked();
 }

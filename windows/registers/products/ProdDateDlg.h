@@ -20,6 +20,9 @@ public:
 
     DateTime Date() const;
     void accept() override;
+    /// Offers to begin with the packaging of the definition before.
+    void OfferPackaging();
+    bool TakesPackaging() const;
 
 private:
     std::unique_ptr<Ui::ProdDateDlg> m_ui;

@@ -183,6 +183,8 @@ void CViewProd::OnAddDate() {
         return;
     }
     CProdDateDlg dialog(DateTime::Now(), this);
+    if (Detail().RowCount() > 0)
+        dialog.OfferPackaging();
     if (dialog.exec() != QDialog::Accepted)
         return;
     bool taken = false;
@@ -194,6 +196,8 @@ void CViewProd::OnAddDate() {
             if (taken)
                 return;
             AddDefinition(*dates, prodId, dialog.Date());
+            if (dialog.TakesPackaging())
+                TakePackagingBefore(Store(), prodId, dates->Long("dt_id"), dialog.Date());
             added = true;
             CarryOn(prodId);
         });

@@ -20,6 +20,21 @@ TEST_F(ValidityDateTest, ANewDateKeepsTheTimeAtWhichItsDialogWasOpened) {
     EXPECT_EQ(4, List("dates").SelectedId());
 }
 
+TEST_F(ValidityDateTest, ANewDateOffersThePackagingOfTheDateBefore) {
+    RecordList& dates = List("dates");
+    ClickRow(dates, 0);
+    const std::string first = Rows(List("packaging"));
+    ClickRow(dates, 1);
+    const std::string second = Rows(List("packaging"));
+    ASSERT_NE(first, second);
+    Do(ID_DETAIL_ADD,
+       {Shows("takePackaging", "ne"), Dated("date", {2012, 8, 5}), Clicked("takePackaging"), Clicked("ok")});
+    EXPECT_EQ(second, Rows(List("packaging")));
+    Do(ID_DETAIL_ADD, {Dated("date", {2012, 2, 5}), Clicked("takePackaging"), Clicked("ok")});
+    ClickRow(dates, 1);
+    EXPECT_EQ(first, Rows(List("packaging")));
+}
+
 TEST_F(ValidityDateTest, ANewDateDoesNotApplyToAnIssueEarlierThatDay) {
     folder.Sql("UPDATE Move_Prod SET prod_id = 1 WHERE mvprod_id = 3");
     Do(ID_DETAIL_ADD, {Clicked("ok")});
