@@ -28,6 +28,8 @@ CPageCover::CPageCover(CDataStore& store, Offer offer)
     : m_store(store), m_ui(std::make_unique<Ui::PageCover>()), m_simple(new RecordList(store, SimpleCovers(), this)),
       m_composite(new RecordList(store, CompositeCovers(), this)) {
     m_ui->setupUi(this);
+    m_simple->setAccessibleName(QStringLiteral("Jednoduché kuvel"));
+    m_composite->setAccessibleName(QStringLiteral("Složené kuvel"));
     m_ui->tabs->addTab(m_simple, QStringLiteral("Jednoduché kuvel"));
     m_composite->hide();
     setMinimumSize(720, 360);

@@ -82,8 +82,12 @@ int CTypedSearch::Halve(const RecordListModel& rows, const Order& order) const {
     if (rows.Kind(count - 1, order.column) != ListCell::Kind::Words)
         return -1;
     const auto isBefore = [&](int row) {
-        const QString start = Folded(CellAt(rows, row, order.column)).left(m_folded.size());
-        const int compared = m_czech.compare(start, m_folded);
+        const QString cell = Folded(CellAt(rows, row, order.column));
+        // "ch" is one letter, after "h".
+        qsizetype size = m_folded.size();
+        if (cell.size() > size && cell[size - 1] == u'c' && cell[size] == u'h')
+            ++size;
+        const int compared = m_czech.compare(cell.left(size), m_folded);
         return order.descending ? compared > 0 : compared < 0;
     };
     int low = 0;

@@ -294,6 +294,7 @@ TEST_F(FindReplace, EachRegisterIsTheTargetOfTheWindowItOpenedLast) {
         FillIn(expected, find, false, replaceWith);
         // Switching to another register does not make that one the target.
         frame->RunCommand(show == ID_SHOW_PRODUCTS ? ID_SHOW_COVERS : ID_SHOW_PRODUCTS);
+        frame->RunCommand(show);
         EXPECT_EQ("!", Press(List(list), "replaceAll"));
         EXPECT_EQ(stored, folder.AskAll(ask));
     }
@@ -443,6 +444,7 @@ TEST_F(FindReplace, F3FindsTheNextAlsoWhenTheWindowIsHidden) {
     QTest::keyClick(&Window(), Qt::Key_F3);
     EXPECT_EQ(2, Covers().SelectedRow());
     QTest::keyClick(&Window(), Qt::Key_Escape);
+    frame->activateWindow();
     WaitForActive(*frame);
     EXPECT_EQ(4, f3());
     EXPECT_EQ(-1, f3()) << "none is left";
