@@ -447,9 +447,7 @@ TEST_F(FindReplace, F3FindsTheNextAlsoWhenTheWindowIsHidden) {
     frame->activateWindow();
     WaitForActive(*frame);
     EXPECT_EQ(4, f3());
-    EXPECT_EQ(-1, f3()) << "none is left";
-    EXPECT_EQ(1, beeps);
-    EXPECT_EQ(1, f3());
+    EXPECT_EQ(1, f3()) << "after the last row comes the first";
     EXPECT_FALSE(Window().isVisible());
 }
 
