@@ -54,7 +54,7 @@ TEST(DeletionQuestions, NameTheRecordOrTheCountBelowAndEnterAnswersNo) {
 
 TEST(DeletionQuestions, TheRealBoxShowsTheSecondLineAndEnterAnswersNo) {
     CMessageBoxDoor door;
-    IMessageDoor* const before = SetMessageDoor(&door);
+    const DoorUse use(MessageDoor(), &door);
     for (const bool loses : {true, false}) {
         std::string shown;
         QTimer::singleShot(0, [&] {
@@ -68,7 +68,6 @@ TEST(DeletionQuestions, TheRealBoxShowsTheSecondLineAndEnterAnswersNo) {
         EXPECT_EQ(!loses, loses ? AskToLose(text, detail) : AskYesNo(text, detail));
         EXPECT_EQ("Opravdu?|1 obal: Bedna", shown);
     }
-    SetMessageDoor(before);
 }
 
 TEST(ChangeReach, IsToldBeforeAnEarlierQuarterChanges) {
@@ -82,7 +81,7 @@ TEST(ChangeReach, IsToldBeforeAnEarlierQuarterChanges) {
         EXPECT_EQ("Změní kuvel 2 položek výdejů, ve čtvrtletích 1/2012, 2/2012",
                   Plain(QString::fromStdString(covers.frame.said)));
         covers.frame.said.clear();
-        g_options.coversToIssues = 0;
+        Options()->coversToIssues = 0;
         covers.Do(ID_RECORD_EDIT, {Picked("payment", 1), Clicked("ok")});
         EXPECT_EQ("", covers.frame.said);
     }

@@ -256,7 +256,7 @@ void CViewProd::OnAddPackaging() {
     const WaitCursor wait;
     const std::int64_t before = Store().Engine().Changes();
     Guarded([&] {
-        Say(ReachOfPackaging(Store(), g_options, Master().SelectedId()));
+        Say(ReachOfPackaging(Store(), *Options(), Master().SelectedId()));
         CLateProgress progress(Progress(), RecomputationTitle(), false);
         AddPackaging(Store(), *Options(), Master().SelectedId(), dtId, *chosen, progress);
     });
@@ -328,7 +328,7 @@ void CViewProd::CarryOn(std::int32_t prodId) {
     if (prodId == RecordList::NoId)
         return;
     const WaitCursor wait;
-    Say(ReachOfPackaging(Store(), g_options, prodId));
+    Say(ReachOfPackaging(Store(), *Options(), prodId));
     CLateProgress progress(Progress(), RecomputationTitle(), false);
     PackagingChanged(Store(), *Options(), prodId, progress);
 }

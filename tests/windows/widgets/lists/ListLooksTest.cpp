@@ -13,9 +13,7 @@ namespace {
 /// Covers by name, their weights beside them; the sorted column is the second one.
 ListSpec Weighed() {
     ListSpec spec;
-    spec.columns = {{QStringLiteral("Hmotnost"), Field("cover_weight"), "cover_weight"},
-                    {QStringLiteral("Název"), Field("cover_name"), "cover_name"},
-                    {QStringLiteral("Materiál"), Code("cover_mat", CodeList::CoverMaterial), "cover_mat"}};
+    spec.columns = Columns({"cover_weight", "cover_name", "cover_mat"});
     spec.keyField = "cover_id";
     spec.defaultSort = "cover_name";
     spec.sortColumn = 1;
