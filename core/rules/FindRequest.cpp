@@ -1,7 +1,6 @@
 #include "core/rules/FindRequest.h"
 
 #include "core/base/CzechCount.h"
-
 #include "core/base/SqlText.h"
 #include "core/base/TextField.h"
 

@@ -10,8 +10,8 @@
 #include "windows/frame/FrameCommands.h"
 #include "windows/frame/doors/Desktop.h"
 #include "windows/frame/doors/ProgressDlg.h"
-#include "windows/widgets/DisabledWindow.h"
 #include "windows/frame/doors/ProgressDoor.h"
+#include "windows/widgets/DisabledWindow.h"
 
 #include <gtest/gtest.h>
 
