@@ -8,7 +8,7 @@ void AddPackagingRows(CDataStore& store, const RecordsetPtr& target, std::int32_
         target->AddNew();
         target->put_Collect("cover_id", chosen.rule.coverId);
         target->put_Collect("dt_id", dtId);
-        WriteRule(chosen.rule, *target);
+        chosen.rule.Write(*target);
         target->Update();
         return;
     }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/base/DateTime.h"
-#include "core/rules/PackagingRule.h"
+#include "core/rules/records/PackagingRule.h"
 #include "core/store/Recordset.h"
 
 /// What the user chose to pack products in: a cover with the values of its use, or a composite cover.

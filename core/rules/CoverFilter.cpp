@@ -19,11 +19,11 @@ std::string CoverFilter::Clauses() const {
     if (byMaterial)
         sql += SqlText(" AND (cover_mat = %li)", material);
     if (byType)
-        sql += SqlText(" AND (cover_type = %li)", type);
+        sql += SqlText(" AND (cover_type = %li)", terms.type);
     if (byOrigin)
-        sql += SqlText(" AND (cover_org = %li)", origin);
+        sql += SqlText(" AND (cover_org = %li)", terms.origin);
     if (byPayment)
-        sql += SqlText(" AND (cover_pay = %li)", payment);
+        sql += SqlText(" AND (cover_pay = %li)", terms.payment);
     if (byUsage)
         sql += reusable ? " AND (cover_reusable = TRUE)" : " AND (cover_reusable = FALSE)";
     return sql;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/base/Currency.h"
+#include "core/rules/records/CoverTerms.h"
 
 #include <QString>
 
@@ -20,10 +21,8 @@ struct CoverFilter {
     bool namePart = false;
     Currency weightFrom;
     Currency weightTo;
-    std::int32_t type = -1;
     std::int32_t material = -1;
-    std::int32_t origin = -1;
-    std::int32_t payment = -1;
+    CoverTerms terms;
     bool reusable = false;
 
     bool IsActive() const { return byName || byWeight || byMaterial || byType || byOrigin || byPayment || byUsage; }

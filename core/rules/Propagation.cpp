@@ -3,6 +3,7 @@
 #include "core/base/AppDir.h"
 #include "core/base/Profile.h"
 #include "core/base/SqlText.h"
+#include "core/rules/records/CoverTerms.h"
 #include "core/store/DataStore.h"
 
 namespace {
@@ -43,11 +44,11 @@ std::error_code WritePropagationOptions(const PropagationOptions& options) {
     return CProfile(SettingsPath()).Write(QString::fromLatin1(Section), entries);
 }
 
-void PropagateCover(CDataStore& store, const PropagationOptions& options, std::int32_t coverId, std::int32_t type,
-                    std::int32_t origin, std::int32_t payment) {
+void PropagateCover(CDataStore& store, const PropagationOptions& options, std::int32_t coverId,
+                    const CoverTerms& terms) {
     const auto update = [&](const char* table) {
         store.ExecuteSQL(SqlText("UPDATE %s SET cover_type=%li, cover_org=%li, cover_pay=%li WHERE cover_id=%li", table,
-                                 type, origin, payment, coverId));
+                                 terms.type, terms.origin, terms.payment, coverId));
     };
     if (options.coversToComposites != 0)
         update("CompCover_Item");

@@ -6,6 +6,7 @@
 #include <system_error>
 
 class CDataStore;
+struct CoverTerms;
 
 /// Which copies follow when a cover or a packaging definition changes. On unless the user turned them off.
 struct PropagationOptions {
@@ -22,7 +23,7 @@ Door<PropagationOptions>& Options();
 PropagationOptions ReadPropagationOptions();
 std::error_code WritePropagationOptions(const PropagationOptions& options);
 
-/// Carries a cover's new type, origin and payment into composites, packaging definitions and issued packaging, each as
+/// Carries a cover's new terms into composites, packaging definitions and issued packaging, each as
 /// the options say. Every row of the cover is overwritten, whatever its date. Raises ComError; what ran before stays.
-void PropagateCover(CDataStore& store, const PropagationOptions& options, std::int32_t coverId, std::int32_t type,
-                    std::int32_t origin, std::int32_t payment);
+void PropagateCover(CDataStore& store, const PropagationOptions& options, std::int32_t coverId,
+                    const CoverTerms& terms);

@@ -1,7 +1,7 @@
 #include "core/rules/ScratchItems.h"
 
 #include "core/base/SqlText.h"
-#include "core/rules/PackagingRule.h"
+#include "core/rules/records/PackagingRule.h"
 #include "core/store/Edit.h"
 
 void ScratchItems::Load(CDataStore& store, std::int32_t compositeId) {

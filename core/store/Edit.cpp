@@ -19,12 +19,16 @@ void CEdit::Commit() {
     m_open = false;
 }
 
-void CEdit::KeepWhatWasWritten() noexcept {
-    if (!m_open || !m_engine->StillStands())
-        return;
+bool CEdit::KeepWhatWasWritten() noexcept {
+    if (!m_open)
+        return m_engine->StillStands();
+    if (!m_engine->StillStands())
+        return false;
     try {
         Commit();
+        return true;
     } catch (...) {
         // The destructor takes it back; the error before this one is the one to be told.
+        return false;
     }
 }

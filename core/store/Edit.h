@@ -18,23 +18,31 @@ public:
     /// Raises ComError, with everything taken back.
     void Commit();
     /// After an error that one statement raised: what was written before it is committed, as if each statement were so
-    /// by itself. Where the error took the whole edit back, as a full disk does, nothing is.
-    void KeepWhatWasWritten() noexcept;
+    /// by itself. False where the error took the whole edit back, as a full disk does.
+    bool KeepWhatWasWritten() noexcept;
 
 private:
     std::shared_ptr<CEngine> m_engine;
     bool m_open;
 };
 
-/// Runs `act` as one edit. Raises ComError.
+/// Runs `act` as one edit. Raises ComError; `kept` says then whether what was written before the error is in the file.
 template <class Act>
-void InOneEdit(CDataStore& store, const Act& act) {
+void InOneEdit(CDataStore& store, const Act& act, bool& kept) {
+    kept = false;
     CEdit edit(store);
     try {
         act();
     } catch (const ComError&) {
-        edit.KeepWhatWasWritten();
+        kept = edit.KeepWhatWasWritten();
         throw;
     }
     edit.Commit();
+    kept = true;
+}
+
+template <class Act>
+void InOneEdit(CDataStore& store, const Act& act) {
+    bool kept = false;
+    InOneEdit(store, act, kept);
 }

@@ -3,6 +3,7 @@
 #include "core/base/CzechCount.h"
 #include "core/base/SqlText.h"
 #include "core/store/Edit.h"
+#include "core/store/Engine.h"
 #include "windows/registers/find/FindInList.h"
 #include "windows/registers/find/FindReplaceDlg.h"
 #include "windows/widgets/Guarded.h"
@@ -230,53 +231,70 @@ bool ListRegisterView::FindMaster(std::int32_t id) {
     return !records->get_EOF();
 }
 
-void ListRegisterView::AddToMaster(const Write& write, const After& after) {
-    std::int32_t id = KeepSelection;
-    const bool added = Guarded([&] {
-        InOneEdit(Store(), [&] {
-            CRecordset& records = *Master().Records();
-            records.AddNew();
-            write(records);
-            records.Update();
-            id = records.Long(m_spec.master.keyField);
-            if (after)
-                after(id);
-        });
-    });
-    FillMaster(id);
-    if (added)
-        TellIfHidden(id);
+ListRegisterView::Ask ListRegisterView::Shown(QDialog& dialog) {
+    return [&dialog] { return dialog.exec() == QDialog::Accepted; };
 }
 
-void ListRegisterView::EditMaster(const Ask& ask, const Write& write, const After& after) {
+bool ListRegisterView::AskAndSave(const Ask& ask, const std::function<void()>& save) {
+    while (ask()) {
+        const std::int64_t before = Store().Engine().Changes();
+        bool kept = false;
+        const bool whole = Guarded([&] { InOneEdit(Store(), save, kept); });
+        if (whole || (kept && Store().Engine().Changes() != before))
+            return true;
+    }
+    return false;
+}
+
+void ListRegisterView::AddToMaster(const Ask& ask, const Write& write, const After& after) {
+    std::int32_t id = KeepSelection;
+    const bool added = AskAndSave(ask, [&] {
+        // A recordset of its own: the list may have none.
+        const RecordsetPtr records = Store().Query(
+            SqlText("SELECT * FROM %s WHERE %s = %li", m_spec.masterTable, m_spec.master.keyField, RecordList::NoId));
+        records->AddNew();
+        write(*records);
+        records->Update();
+        id = records->Long(m_spec.master.keyField);
+        if (after)
+            after(id);
+    });
+    if (!added)
+        return;
+    FillMaster(id);
+    TellIfHidden(id);
+}
+
+void ListRegisterView::EditMaster(const Read& read, const Ask& ask, const Write& write, const After& after) {
     const int row = Master().FocusedRow();
     if (row < 0) {
         ShowWarning(QString::fromUtf8(m_spec.nothingSelected));
         return;
     }
-    bool writing = false;
     const std::int32_t id = Master().Id(row);
-    Guarded([&] {
-        bool found = FindMaster(id);
-        if (found && !ask(*Master().Records()))
-            return;
-        if (found) {
-            InOneEdit(Store(), [&] {
-                found = FindMaster(id);
-                if (!found)
-                    return;
-                writing = true;
-                CRecordset& record = *Master().Records();
-                write(record);
-                record.Update();
-                if (after)
-                    after(id);
-            });
-        }
-        if (!found)
-            RemoveVanishedRow(Master(), row);
+    bool found = false;
+    const bool known = Guarded([&] {
+        found = FindMaster(id);
+        if (found)
+            read(*Master().Records());
     });
-    if (!writing)
+    if (!known)
+        return;
+    bool written = false;
+    if (found)
+        written = AskAndSave(ask, [&] {
+            found = FindMaster(id);
+            if (!found)
+                return;
+            CRecordset& record = *Master().Records();
+            write(record);
+            record.Update();
+            if (after)
+                after(id);
+        });
+    if (!found)
+        RemoveVanishedRow(Master(), row);
+    if (!found || !written)
         return;
     FillMaster();
     TellIfHidden(id);
@@ -342,30 +360,32 @@ bool ListRegisterView::EditDetailRow(const DetailEdit& edit) {
     const int row = RowToChange(edit.list, edit.nothingSelected);
     if (row < 0)
         return false;
-    bool written = false;
-    Guarded([&] {
-        const std::int32_t id = edit.list.Id(row);
-        const RecordsetPtr record = Store().Query(SqlText(edit.select, id));
-        bool found = record->get_RecordCount() > 0;
-        if (found && !edit.ask(*record))
-            return;
-        if (found) {
-            InOneEdit(Store(), [&] {
-                record->Requery();
-                found = record->get_RecordCount() > 0;
-                if (!found)
-                    return;
-                edit.write(*record);
-                record->Update();
-                written = true;
-                if (edit.after)
-                    edit.after(id);
-            });
-        }
-        if (!found)
-            RemoveVanishedRow(edit.list, row);
+    const std::int32_t id = edit.list.Id(row);
+    RecordsetPtr record;
+    bool found = false;
+    const bool known = Guarded([&] {
+        record = Store().Query(SqlText(edit.select, id));
+        found = record->get_RecordCount() > 0;
+        if (found)
+            edit.read(*record);
     });
-    return written;
+    if (!known)
+        return false;
+    bool written = false;
+    if (found)
+        written = AskAndSave(edit.ask, [&] {
+            record->Requery();
+            found = record->get_RecordCount() > 0;
+            if (!found)
+                return;
+            edit.write(*record);
+            record->Update();
+            if (edit.after)
+                edit.after(id);
+        });
+    if (!found)
+        RemoveVanishedRow(edit.list, row);
+    return found && written;
 }
 
 bool ListRegisterView::DeleteDetailRow(const DetailDeletion& deletion) {

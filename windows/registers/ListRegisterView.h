@@ -5,12 +5,17 @@
 #include "windows/widgets/commands/ContextMenus.h"
 #include "windows/widgets/lists/RecordList.h"
 
+#include <QDialog>
+
 #include <map>
 #include <optional>
+#include <utility>
 
 /// What a register is made of. Texts are UTF-8; the delete statements take their rows "IN (SELECT id FROM TmpID)".
 struct RegisterSpec {
     ListSpec master;
+    /// The table that new records go to.
+    const char* masterTable = "";
     const char* masterTitle = "";
     ContextMenu masterMenu = ContextMenu::RecMain;
     std::optional<ListSpec> detail;
@@ -89,24 +94,31 @@ protected:
     void FillDetail(std::int32_t id = KeepSelection);
     void FillSubdetail(std::int32_t id = KeepSelection);
 
-    /// One dialog on a record: fills the dialog from it and shows it; true for OK. No edit when it says false.
-    using Ask = std::function<bool(CRecordset& record)>;
+    /// Shows one dialog; true for OK.
+    using Ask = std::function<bool()>;
+    static Ask Shown(QDialog& dialog);
+    /// Fills the dialog from a record, before it is shown.
+    using Read = std::function<void(const CRecordset& record)>;
     using Write = std::function<void(CRecordset& record)>;
     /// What follows a record that was written or deleted, in the same edit; no message may be shown in it.
     using After = std::function<void(std::int32_t id)>;
 
-    /// Adds a record through the master's recordset, then `after` and the fill of the list, which selects the record.
-    void AddToMaster(const Write& write, const After& after = {});
+    /// Shows the dialog and runs `save` as one edit. A save that fails with nothing written brings the dialog back as
+    /// it was. False when it was cancelled.
+    bool AskAndSave(const Ask& ask, const std::function<void()>& save);
+    /// Adds a record of the master list, then `after` and the fill of the list, which selects the record.
+    void AddToMaster(const Ask& ask, const Write& write, const After& after = {});
     /// The focused row: located, shown, located again, written, then `after` and the fill.
-    void EditMaster(const Ask& ask, const Write& write, const After& after = {});
+    void EditMaster(const Read& read, const Ask& ask, const Write& write, const After& after = {});
     void DeleteMaster();
-    /// Opens the dialog on a copy; `ask` copies the criteria back and answers true for OK. Criteria that the store
-    /// refuses are taken back, and the rows stay.
-    template <class Filter, class Ask>
-    void EditFilter(Filter& filter, const Ask& ask) {
-        const Filter before = filter;
-        if (ask() && !FillMaster())
-            filter = before;
+    /// The dialog has a copy of the criteria. Criteria that the store refuses are taken back, and the rows stay.
+    template <class Filter, class Dialog>
+    void EditFilter(Filter& filter, Dialog&& dialog) {
+        if (dialog.exec() == QDialog::Accepted) {
+            const Filter before = std::exchange(filter, dialog.Filter());
+            if (!FillMaster())
+                filter = before;
+        }
         ShowFilter();
     }
 
@@ -115,6 +127,7 @@ protected:
         RecordList& list;
         const char* nothingSelected;
         const char* select; // "SELECT * FROM … WHERE (… = %li)"
+        Read read;
         Ask ask;
         Write write;
         After after = {};

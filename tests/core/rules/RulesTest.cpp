@@ -241,7 +241,7 @@ TEST(Propagation, OfACoverFollowsTheOptions) {
             sums += std::string(sums.size() > 7 ? ", " : "") +
                     "(SELECT sum(cover_type*100+cover_org*10+cover_pay) FROM " + table + ")";
         }
-        PropagateCover(store.store, options, 1, 3, 2, 1);
+        PropagateCover(store.store, options, 1, {3, 2, 1});
         EXPECT_EQ(expected, store.AskAll(sums));
     }
 }

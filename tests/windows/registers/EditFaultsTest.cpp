@@ -25,6 +25,8 @@ class EditSubject : public IFaultSubject {
 public:
     explicit EditSubject(const Edit& edit) : m_edit(edit), m_opened(edit.show) {
         m_opened.messages.AcceptAny();
+        // What could not be saved comes back.
+        m_opened.steps.Otherwise(Clicked("cancel"));
         auto& master = static_cast<RecordList&>(*m_opened.view->focusProxy());
         for (int row = 0; row < edit.selected; ++row)
             ClickRow(master, row, row == 0 ? Qt::KeyboardModifiers() : Qt::ControlModifier);

@@ -34,6 +34,8 @@ void Steps::Look() {
     // Shortcuts reach only the active window.
     if (!modal->isActiveWindow() && ++m_waited < LongestWait)
         return;
+    if (m_steps.empty() && m_otherwise)
+        m_steps.push_back(m_otherwise);
     if (m_steps.empty()) {
         if (++m_waited < LongestWait)
             return;

@@ -29,11 +29,14 @@ public:
     Steps& operator=(const Steps&) = delete;
 
     void Then(Step step) { m_steps.push_back(std::move(step)); }
+    /// What is done with a dialog that no step waits for.
+    void Otherwise(Step step) { m_otherwise = std::move(step); }
 
 private:
     void Look();
 
     std::vector<Step> m_steps;
+    Step m_otherwise;
     QWidget* m_current = nullptr;
     QObject m_alive;
     int m_waited = 0;

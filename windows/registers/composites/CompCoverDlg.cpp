@@ -34,10 +34,9 @@ ListSpec Items() {
 
 } // namespace
 
-CCompCoverDlg::CCompCoverDlg(CDataStore& store, std::int32_t compositeId, const QString& name, const QString& note,
-                             QWidget* parent)
+CCompCoverDlg::CCompCoverDlg(CDataStore& store, std::int32_t compositeId, CompositeValues values, QWidget* parent)
     : QDialog(parent), m_store(store), m_ui(std::make_unique<Ui::CompCoverDlg>()),
-      m_items(new RecordList(store, Items(), this)) {
+      m_items(new RecordList(store, Items(), this)), m_values(std::move(values)) {
     m_ui->setupUi(this);
     m_ui->itemPlace->addWidget(m_items);
     m_items->setMinimumSize(560, 220);
@@ -45,8 +44,8 @@ CCompCoverDlg::CCompCoverDlg(CDataStore& store, std::int32_t compositeId, const 
     m_ui->label_items->setBuddy(m_items);
     AddButtons();
     AddShortcuts();
-    m_ui->name->setText(name);
-    m_ui->note->setText(note);
+    m_ui->name->setText(m_values.name);
+    m_ui->note->setText(m_values.note);
     m_ui->name->setFocus();
     m_ui->name->selectAll();
     connect(m_items, &RecordList::rowDoubleClicked, this, &CCompCoverDlg::EditItem);
@@ -113,7 +112,7 @@ void CCompCoverDlg::AddItem() {
         const RecordsetPtr items = m_store.Table("TmpCover_Item");
         items->AddNew();
         items->put_Collect("cover_id", rulePage.Rule().coverId);
-        WriteRule(rulePage.Rule(), *items);
+        rulePage.Rule().Write(*items);
         items->Update();
         id = items->Long("ti_id");
     });
@@ -139,12 +138,12 @@ void CCompCoverDlg::EditItem() {
             return;
         }
         CPageCoverProd page(m_store);
-        page.SetRule(ReadRule(*item));
+        page.SetRule(PackagingRule::Read(*item));
         CWizardSheet sheet(this);
         sheet.AddPage(page);
         if (!sheet.Run())
             return;
-        WriteRule(page.Rule(), *item);
+        page.Rule().Write(*item);
         item->Update();
         Fill(RecordList::KeepSelection);
     });
@@ -169,11 +168,10 @@ void CCompCoverDlg::ShowMenu(const QPoint& screen, bool onRow) {
 void CCompCoverDlg::accept() {
     if (!TakeLine(*m_ui->name, "ccover_name", false) || !TakeLine(*m_ui->note, "ccover_note"))
         return;
-    m_name = m_ui->name->text();
-    m_note = m_ui->note->text();
-    while (m_name.startsWith(QLatin1Char(' ')))
-        m_name.remove(0, 1);
-    if (m_name.isEmpty()) {
+    m_values = {m_ui->name->text(), m_ui->note->text()};
+    while (m_values.name.startsWith(QLatin1Char(' ')))
+        m_values.name.remove(0, 1);
+    if (m_values.name.isEmpty()) {
         Refuse(*m_ui->name, "Není zadáno jméno!");
         return;
     }

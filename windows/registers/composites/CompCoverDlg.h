@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/rules/records/CompositeValues.h"
+
 #include <QDialog>
 
 #include <cstdint>
@@ -20,13 +22,11 @@ public:
     static constexpr std::int32_t NewComposite = -1;
 
     /// Makes the scratch copy; an error while copying is shown, and the dialog opens with what was copied.
-    CCompCoverDlg(CDataStore& store, std::int32_t compositeId, const QString& name, const QString& note,
-                  QWidget* parent);
+    CCompCoverDlg(CDataStore& store, std::int32_t compositeId, CompositeValues values, QWidget* parent);
     ~CCompCoverDlg() override;
 
     /// After OK.
-    const QString& Name() const { return m_name; }
-    const QString& Note() const { return m_note; }
+    const CompositeValues& Values() const { return m_values; }
 
     void accept() override;
 
@@ -45,6 +45,5 @@ private:
     CDataStore& m_store;
     std::unique_ptr<Ui::CompCoverDlg> m_ui;
     RecordList* m_items;
-    QString m_name;
-    QString m_note;
+    CompositeValues m_values;
 };

@@ -19,6 +19,7 @@ RegisterSpec CompositeRegister() {
     spec.master.keyField = "ccover_id";
     spec.master.defaultSort = "ccover_name";
     spec.master.multiSelection = true;
+    spec.masterTable = "CompCover";
     spec.masterTitle = "Složené kuvel";
     spec.findFields = {"ccover_name", "ccover_note"};
     spec.findFirst = {"ccover_name", "ccover_note"};
@@ -28,11 +29,6 @@ RegisterSpec CompositeRegister() {
                              "DELETE FROM CompCover WHERE ccover_id IN (SELECT id FROM TmpID)"};
     spec.toBeDeleted = CompositesToBeDeleted;
     return spec;
-}
-
-void WriteTexts(const CCompCoverDlg& dialog, CRecordset& record) {
-    record.put_Collect("ccover_name", dialog.Name());
-    record.put_Collect("ccover_note", dialog.Note());
 }
 
 } // namespace
@@ -49,21 +45,20 @@ std::string CViewCompCover::AllSql() const {
 }
 
 void CViewCompCover::OnAddCompCover() {
-    CCompCoverDlg dialog(Store(), CCompCoverDlg::NewComposite, {}, {}, this);
-    if (dialog.exec() == QDialog::Accepted)
-        AddToMaster([&](CRecordset& record) { WriteTexts(dialog, record); },
-                    [this](std::int32_t id) { ScratchItems::Store(Store(), id); });
+    CCompCoverDlg dialog(Store(), CCompCoverDlg::NewComposite, {}, this);
+    AddToMaster(
+        Shown(dialog), [&](CRecordset& record) { dialog.Values().Write(record); },
+        [this](std::int32_t id) { ScratchItems::Store(Store(), id); });
 }
 
 void CViewCompCover::OnEditCompCover() {
     std::optional<CCompCoverDlg> dialog;
     EditMaster(
         [&](const CRecordset& record) {
-            dialog.emplace(Store(), record.Long("ccover_id"), FormatVariant(record.get_Collect("ccover_name")),
-                           FormatVariant(record.get_Collect("ccover_note")), this);
-            return dialog->exec() == QDialog::Accepted;
+            dialog.emplace(Store(), record.Long("ccover_id"), CompositeValues::Read(record), this);
         },
-        [&](CRecordset& record) { WriteTexts(*dialog, record); },
+        [&] { return dialog->exec() == QDialog::Accepted; },
+        [&](CRecordset& record) { dialog->Values().Write(record); },
         [this](std::int32_t id) {
             Store().ExecuteSQL(SqlText("DELETE FROM CompCover_Item WHERE ccover_id = %li", id));
             ScratchItems::Store(Store(), id);
@@ -71,11 +66,5 @@ void CViewCompCover::OnEditCompCover() {
 }
 
 void CViewCompCover::OnFilterCompCovers() {
-    EditFilter(m_filter, [this] {
-        CCompCoverFilterDlg dialog(m_filter, this);
-        if (dialog.exec() != QDialog::Accepted)
-            return false;
-        m_filter = dialog.Filter();
-        return true;
-    });
+    EditFilter(m_filter, CCompCoverFilterDlg(m_filter, this));
 }

@@ -1,10 +1,9 @@
 #include "windows/registers/covers/CoverDlg.h"
 
-#include "core/store/DataStore.h"
 #include "ui_CoverDlg.h"
+#include "windows/registers/packaging/TermsLists.h"
 #include "windows/widgets/HelpDoor.h"
 #include "windows/widgets/Refuse.h"
-#include "windows/widgets/edits/CodeCombo.h"
 
 CCoverDlg::CCoverDlg(const CDataStore& store, QWidget* parent)
     : QDialog(parent), m_ui(std::make_unique<Ui::CoverDlg>()) {
@@ -26,9 +25,7 @@ void CCoverDlg::FillLists(const CDataStore& store) {
     const QString textile = materials.takeAt(Material::Textile);
     FillCodes(*m_ui->material, materials);
     m_ui->material->insertItem(1, textile, int{Material::Textile});
-    FillCodes(*m_ui->type, store.Codes(CodeList::CoverType));
-    FillCodes(*m_ui->origin, store.Codes(CodeList::CoverOrigin));
-    FillCodes(*m_ui->payment, store.Codes(CodeList::CoverPayment));
+    FillTerms(*m_ui, store);
     FillCodes(*m_ui->stat, store.Codes(CodeList::CoverStat));
 }
 
@@ -39,9 +36,7 @@ void CCoverDlg::SetValues(const CoverValues& values) {
     m_ui->reusable->setChecked(values.reusable);
     m_ui->weight->SetValue(Currency::FromCount(values.weight.count));
     SelectCode(*m_ui->material, values.material);
-    SelectCode(*m_ui->type, values.type);
-    SelectCode(*m_ui->origin, values.origin);
-    SelectCode(*m_ui->payment, values.payment);
+    ShowTerms(*m_ui, values.terms);
     SelectCode(*m_ui->stat, values.stat);
     m_ui->name->setFocus();
     m_ui->name->selectAll();
@@ -74,9 +69,7 @@ bool CCoverDlg::TakeValues() {
     m_values.reusable = m_ui->reusable->isChecked();
     m_values.weight = m_ui->weight->Value();
     m_values.material = ChosenCode(*m_ui->material);
-    m_values.type = ChosenCode(*m_ui->type);
-    m_values.origin = ChosenCode(*m_ui->origin);
-    m_values.payment = ChosenCode(*m_ui->payment);
+    m_values.terms = ChosenTerms(*m_ui);
     m_values.stat = ChosenCode(*m_ui->stat);
     return true;
 }

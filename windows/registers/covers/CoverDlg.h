@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/rules/CoverValues.h"
+#include "core/rules/records/CoverValues.h"
 
 #include <QDialog>
 

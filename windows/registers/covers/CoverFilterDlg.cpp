@@ -1,17 +1,14 @@
 #include "windows/registers/covers/CoverFilterDlg.h"
 
-#include "core/store/DataStore.h"
 #include "ui_CoverFilterDlg.h"
+#include "windows/registers/packaging/TermsLists.h"
 #include "windows/widgets/Refuse.h"
-#include "windows/widgets/edits/CodeCombo.h"
 
 CCoverFilterDlg::CCoverFilterDlg(const CDataStore& store, const CoverFilter& filter, QWidget* parent)
     : QDialog(parent), m_ui(std::make_unique<Ui::CoverFilterDlg>()), m_filter(filter) {
     m_ui->setupUi(this);
     FillCodes(*m_ui->material, store.Codes(CodeList::CoverMaterial));
-    FillCodes(*m_ui->type, store.Codes(CodeList::CoverType));
-    FillCodes(*m_ui->origin, store.Codes(CodeList::CoverOrigin));
-    FillCodes(*m_ui->payment, store.Codes(CodeList::CoverPayment));
+    FillTerms(*m_ui, store);
     ShowFilter();
     EnableCriteria();
     for (QCheckBox* check :
@@ -36,9 +33,7 @@ void CCoverFilterDlg::ShowFilter() {
     m_ui->weightFrom->SetValue(m_filter.weightFrom);
     m_ui->weightTo->SetValue(m_filter.weightTo);
     SelectCode(*m_ui->material, m_filter.material);
-    SelectCode(*m_ui->type, m_filter.type);
-    SelectCode(*m_ui->origin, m_filter.origin);
-    SelectCode(*m_ui->payment, m_filter.payment);
+    ShowTerms(*m_ui, m_filter.terms);
     m_ui->reusable->setChecked(m_filter.reusable);
 }
 
@@ -55,9 +50,7 @@ void CCoverFilterDlg::TakeFilter() {
     m_filter.weightFrom = m_ui->weightFrom->Value();
     m_filter.weightTo = m_ui->weightTo->Value();
     m_filter.material = ChosenCode(*m_ui->material);
-    m_filter.type = ChosenCode(*m_ui->type);
-    m_filter.origin = ChosenCode(*m_ui->origin);
-    m_filter.payment = ChosenCode(*m_ui->payment);
+    m_filter.terms = ChosenTerms(*m_ui);
     m_filter.reusable = m_ui->reusable->isChecked();
 }
 

@@ -1,13 +1,11 @@
 #pragma once
 
-#include "core/base/Currency.h"
-#include "core/base/DateTime.h"
+#include "core/rules/records/DiscardValues.h"
 #include "windows/widgets/WizardSheet.h"
 
 #include <memory>
 
 class CDataStore;
-class CRecordset;
 class WeightLink;
 namespace Ui {
 class PageDisc;
@@ -18,13 +16,12 @@ class CPageDisc : public CWizardPage {
     Q_OBJECT
 
 public:
-    CPageDisc(CDataStore& store, std::int32_t coverId);
+    explicit CPageDisc(CDataStore& store);
     ~CPageDisc() override;
 
-    /// Raises ComError.
-    void Read(const CRecordset& discard);
-    /// Everything but the cover. Raises ComError.
-    void Write(CRecordset& discard) const;
+    void SetValues(const DiscardValues& values);
+    /// After the page was finished.
+    const DiscardValues& Values() const { return m_values; }
 
     void OnSetActive() override;
     bool OnWizardFinish() override;
@@ -33,5 +30,5 @@ private:
     CDataStore& m_store;
     std::unique_ptr<Ui::PageDisc> m_ui;
     WeightLink* m_link;
-    std::int32_t m_coverId;
+    DiscardValues m_values;
 };

@@ -36,6 +36,7 @@ ListSpec Discards() {
 RegisterSpec CoverRegister() {
     RegisterSpec spec;
     spec.master = Covers();
+    spec.masterTable = "Cover";
     spec.masterTitle = "Kuvel";
     spec.detail = Discards();
     spec.detailTitle = "Vyřazené";
@@ -74,27 +75,26 @@ std::string CViewCover::DetailSql(std::int32_t coverId) const {
 
 void CViewCover::OnAddCover() {
     CCoverDlg dialog(Store(), this);
-    if (dialog.exec() == QDialog::Accepted)
-        AddToMaster([&](CRecordset& record) { dialog.Values().Write(record); });
+    AddToMaster(Shown(dialog), [&](CRecordset& record) { dialog.Values().Write(record); });
 }
 
 void CViewCover::OnEditCover() {
     CCoverDlg dialog(Store(), this);
-    CoverValues before;
+    CoverTerms before;
     bool propagated = false;
     EditMaster(
         [&](const CRecordset& record) {
-            before = CoverValues::Read(record);
-            dialog.SetValues(before);
-            return dialog.exec() == QDialog::Accepted;
+            const CoverValues values = CoverValues::Read(record);
+            before = values.terms;
+            dialog.SetValues(values);
         },
-        [&](CRecordset& record) { dialog.Values().Write(record); },
+        Shown(dialog), [&](CRecordset& record) { dialog.Values().Write(record); },
         [&](std::int32_t id) {
-            const CoverValues& now = dialog.Values();
-            if (now.SamePackaging(before))
+            const CoverTerms& now = dialog.Values().terms;
+            if (now == before)
                 return;
             Say(ReachOfCover(Store(), *Options(), id));
-            PropagateCover(Store(), *Options(), id, now.type, now.origin, now.payment);
+            PropagateCover(Store(), *Options(), id, now);
             propagated = true;
         });
     if (propagated)
@@ -102,13 +102,14 @@ void CViewCover::OnEditCover() {
 }
 
 void CViewCover::OnFilterCovers() {
-    EditFilter(m_filter, [this] {
-        CCoverFilterDlg dialog(Store(), m_filter, this);
-        if (dialog.exec() != QDialog::Accepted)
-            return false;
-        m_filter = dialog.Filter();
-        return true;
-    });
+    EditFilter(m_filter, CCoverFilterDlg(Store(), m_filter, this));
+}
+
+bool CViewCover::AskDiscard(CPageDisc& page) {
+    CWizardSheet sheet(this);
+    sheet.AddPage(page);
+    sheet.SetSubject(Master().CellText(Master().SelectedRow(), 0));
+    return sheet.Run();
 }
 
 void CViewCover::OnAddDiscard() {
@@ -119,38 +120,28 @@ void CViewCover::OnAddDiscard() {
         ShowWarning(QString::fromUtf8(Text::NoCover));
         return;
     }
-    CPageDisc page(Store(), coverId);
-    CWizardSheet sheet(this);
-    sheet.AddPage(page);
-    sheet.SetSubject(Master().CellText(Master().SelectedRow(), 0));
-    if (!sheet.Run())
-        return;
+    CPageDisc page(Store());
+    page.SetValues({.coverId = coverId});
     std::int32_t id = KeepSelection;
-    Guarded([&] {
+    const auto add = [&] {
         const RecordsetPtr discards = Store().Table("CoverDiscard");
         discards->AddNew();
-        discards->put_Collect("cover_id", coverId);
-        page.Write(*discards);
+        page.Values().Write(*discards);
         discards->Update();
         id = discards->Long("disc_id");
-    });
-    FillDetail(id);
+    };
+    if (AskAndSave([&] { return AskDiscard(page); }, add))
+        FillDetail(id);
 }
 
 void CViewCover::OnEditDiscard() {
-    CPageDisc page(Store(), RecordList::NoId);
-    const auto ask = [&](const CRecordset& record) {
-        page.Read(record);
-        CWizardSheet sheet(this);
-        sheet.AddPage(page);
-        sheet.SetSubject(Master().CellText(Master().SelectedRow(), 0));
-        return sheet.Run();
-    };
+    CPageDisc page(Store());
     if (EditDetailRow({.list = Detail(),
                        .nothingSelected = Text::NoDiscard,
                        .select = "SELECT * FROM CoverDiscard WHERE (disc_id = %li)",
-                       .ask = ask,
-                       .write = [&](CRecordset& record) { page.Write(record); }}))
+                       .read = [&](const CRecordset& record) { page.SetValues(DiscardValues::Read(record)); },
+                       .ask = [&] { return AskDiscard(page); },
+                       .write = [&](CRecordset& record) { page.Values().Write(record); }}))
         FillDetail();
 }
 

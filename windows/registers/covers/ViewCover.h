@@ -3,6 +3,8 @@
 #include "core/rules/CoverFilter.h"
 #include "windows/registers/ListRegisterView.h"
 
+class CPageDisc;
+
 /// The covers register: covers, and the discards of the selected one.
 class CViewCover : public ListRegisterView {
     Q_OBJECT
@@ -24,6 +26,8 @@ private:
     void OnAddDiscard();
     void OnEditDiscard();
     void OnDeleteDiscard();
+    /// The sheet with this page; true for OK.
+    bool AskDiscard(CPageDisc& page);
 
     CoverFilter m_filter;
 };

@@ -9,9 +9,7 @@
 CMoveDlg::CMoveDlg(const CDataStore& store, QWidget* parent) : QDialog(parent), m_ui(std::make_unique<Ui::MoveDlg>()) {
     m_ui->setupUi(this);
     FillCodes(*m_ui->type, store.Codes(CodeList::MoveType));
-    SelectCode(*m_ui->type, -1);
-    m_ui->date->SetValue(DateTime::Now());
-    m_ui->num->setFocus();
+    SetValues({});
     connect(m_ui->ok, &QPushButton::clicked, this, &CMoveDlg::accept);
     connect(m_ui->cancel, &QPushButton::clicked, this, &QDialog::reject);
     connect(m_ui->help, &QPushButton::clicked, this, [] { OpenHelp(HelpContext::Issue); });
@@ -19,24 +17,17 @@ CMoveDlg::CMoveDlg(const CDataStore& store, QWidget* parent) : QDialog(parent), 
 
 CMoveDlg::~CMoveDlg() = default;
 
-void CMoveDlg::Read(const CRecordset& issue) {
-    m_ui->num->setText(FormatVariant(issue.get_Collect("move_num")));
-    SelectCode(*m_ui->type, issue.Code("move_type"));
-    const DateTime date = ToDate(issue.get_Collect("move_date"));
-    m_ui->date->SetValue(date.IsValid() ? date : DateTime::FromDay(1900, 1, 1));
-    m_ui->exported->setChecked(ToBool(issue.get_Collect("move_export")));
+void CMoveDlg::SetValues(const IssueValues& values) {
+    m_ui->num->setText(values.number);
+    SelectCode(*m_ui->type, values.type);
+    m_ui->date->SetValue(values.date);
+    m_ui->exported->setChecked(values.isExport);
     m_ui->num->setFocus();
     m_ui->num->selectAll();
 }
 
-void CMoveDlg::Write(CRecordset& issue) const {
-    issue.put_Collect("move_num", m_ui->num->text());
-    issue.put_Collect("move_type", ChosenCode(*m_ui->type));
-    issue.put_Collect("move_date", m_ui->date->Value());
-}
-
-void CMoveDlg::WriteExport(CRecordset& issue) const {
-    issue.put_Collect("move_export", m_ui->exported->isChecked());
+IssueValues CMoveDlg::Values() const {
+    return {m_ui->num->text(), ChosenCode(*m_ui->type), m_ui->date->Value(), m_ui->exported->isChecked()};
 }
 
 void CMoveDlg::accept() {

@@ -52,6 +52,7 @@ ListSpec IssuedCovers() {
 RegisterSpec IssueRegister() {
     RegisterSpec spec;
     spec.master = Issues();
+    spec.masterTable = "Move";
     spec.masterTitle = "Výdeje";
     spec.detail = Items();
     spec.detailTitle = "Položky";
@@ -146,35 +147,20 @@ void CViewMove::OnToggleCovers() {
     FillSubdetail();
 }
 
-/// The export flag of the dialog is not stored here: a new issue takes the column's default.
 void CViewMove::OnAddIssue() {
     CMoveDlg dialog(Store(), this);
-    if (dialog.exec() == QDialog::Accepted)
-        AddToMaster([&](CRecordset& record) { dialog.Write(record); });
+    AddToMaster(Shown(dialog), [&](CRecordset& record) { dialog.Values().WriteNew(record); });
 }
 
 /// The covers of the issue stay as they are, whatever its new date and type.
 void CViewMove::OnEditIssue() {
     CMoveDlg dialog(Store(), this);
-    EditMaster(
-        [&](const CRecordset& record) {
-            dialog.Read(record);
-            return dialog.exec() == QDialog::Accepted;
-        },
-        [&](CRecordset& record) {
-            dialog.Write(record);
-            dialog.WriteExport(record);
-        });
+    EditMaster([&](const CRecordset& record) { dialog.SetValues(IssueValues::Read(record)); }, Shown(dialog),
+               [&](CRecordset& record) { dialog.Values().Write(record); });
 }
 
 void CViewMove::OnFilterIssues() {
-    EditFilter(m_filter, [this] {
-        CMoveFilterDlg dialog(m_filter, this);
-        if (dialog.exec() != QDialog::Accepted)
-            return false;
-        m_filter = dialog.Filter();
-        return true;
-    });
+    EditFilter(m_filter, CMoveFilterDlg(m_filter, this));
 }
 
 void CViewMove::OnAddItem() {
@@ -190,10 +176,9 @@ void CViewMove::OnAddItem() {
     CWizardSheet sheet(this);
     sheet.AddPage(productPage);
     sheet.AddPage(quantityPage);
-    if (!sheet.Run())
-        return;
-    Guarded([&] { CIssueLines(Store()).Add(moveId, productPage.ChosenId(), quantityPage.Quantity()); });
-    FillDetail();
+    const auto add = [&] { CIssueLines(Store()).Add(moveId, productPage.ChosenId(), quantityPage.Quantity()); };
+    if (AskAndSave([&] { return sheet.Run(); }, add))
+        FillDetail();
 }
 
 void CViewMove::OnEditItem() {
@@ -201,9 +186,11 @@ void CViewMove::OnEditItem() {
         return;
     CPageQty page;
     std::int32_t mvprodId = RecordList::NoId;
-    const auto ask = [&](const CRecordset& record) {
+    const auto read = [&](const CRecordset& record) {
         mvprodId = record.Long("mvprod_id");
         page.SetQuantity(ToCurrency(record.get_Collect("mvprod_qty")));
+    };
+    const auto ask = [&] {
         CWizardSheet sheet(this);
         sheet.AddPage(page);
         sheet.SetSubject(Detail().CellText(Detail().SelectedRow(), 0));
@@ -217,6 +204,7 @@ void CViewMove::OnEditItem() {
     EditDetailRow({.list = Detail(),
                    .nothingSelected = Text::NoProduct,
                    .select = "SELECT * FROM Move_Prod WHERE (mvprod_id = %li)",
+                   .read = read,
                    .ask = ask,
                    .write = write});
     if (writing)
@@ -239,6 +227,19 @@ void CViewMove::ClearVanishedItem(std::int32_t mvprodId) {
     CIssueLines(Store()).Remove(mvprodId);
 }
 
+bool CViewMove::AddCover(std::int32_t mvprodId, const IssuedCover& values) {
+    const RecordsetPtr item = Store().Query(SqlText("SELECT * FROM Move_Prod WHERE mvprod_id = %li", mvprodId));
+    if (item->get_EOF())
+        return false;
+    const RecordsetPtr covers = Store().Table("Move_Cover");
+    covers->AddNew();
+    values.Write(*covers);
+    covers->put_Collect("mvprod_id", item->get_Collect("mvprod_id"));
+    covers->put_Collect("move_id", item->get_Collect("move_id"));
+    covers->Update();
+    return true;
+}
+
 void CViewMove::OnAddCover() {
     if (!ItemsAllowed())
         return;
@@ -255,35 +256,21 @@ void CViewMove::OnAddCover() {
     sheet.AddPage(coverPage);
     sheet.AddPage(movePage);
     sheet.SetSubject(Detail().CellText(row, 0));
-    if (!sheet.Run())
-        return;
     bool vanished = false;
-    Guarded([&] {
-        InOneEdit(Store(), [&] {
-            const RecordsetPtr item = Store().Query(SqlText("SELECT * FROM Move_Prod WHERE mvprod_id = %li", mvprodId));
-            vanished = item->get_EOF();
-            if (vanished)
-                return;
-            const RecordsetPtr covers = Store().Table("Move_Cover");
-            covers->AddNew();
-            movePage.Write(*covers);
-            covers->put_Collect("mvprod_id", item->get_Collect("mvprod_id"));
-            covers->put_Collect("move_id", item->get_Collect("move_id"));
-            covers->Update();
-        });
-        if (vanished)
-            ClearVanishedItem(mvprodId);
-    });
-    if (vanished)
+    const auto add = [&] { vanished = !AddCover(mvprodId, movePage.Values()); };
+    if (!AskAndSave([&] { return sheet.Run(); }, add))
+        return;
+    if (vanished) {
+        Guarded([&] { ClearVanishedItem(mvprodId); });
         Detail().RemoveRow(row);
+    }
     FillSubdetail();
 }
 
 /// Only the quantity is written: the codes stand on the page to be read.
 void CViewMove::OnEditCover() {
     CPageCoverMove page(Store());
-    const auto ask = [&](const CRecordset& record) {
-        page.Read(record);
+    const auto ask = [&] {
         CWizardSheet sheet(this);
         sheet.AddPage(page);
         sheet.SetSubject(Subdetail().CellText(Subdetail().SelectedRow(), 0));
@@ -292,8 +279,9 @@ void CViewMove::OnEditCover() {
     if (EditDetailRow({.list = Subdetail(),
                        .nothingSelected = Text::NoCover,
                        .select = "SELECT * FROM Move_Cover WHERE (mvcover_id = %li)",
+                       .read = [&](const CRecordset& record) { page.SetValues(IssuedCover::Read(record)); },
                        .ask = ask,
-                       .write = [&](CRecordset& record) { record.put_Collect("mvcover_qty", page.Quantity()); }}))
+                       .write = [&](CRecordset& record) { page.Values().WriteQuantity(record); }}))
         FillSubdetail();
 }
 

@@ -3,6 +3,8 @@
 #include "core/rules/MoveFilter.h"
 #include "windows/registers/ListRegisterView.h"
 
+struct IssuedCover;
+
 /// The issues register: issue documents, the products issued on the selected one, and the covers that went out with the
 /// selected product or, by a button, with the whole document. The covers of an item are computed when it is added and
 /// when its quantity changes, and can then be corrected by hand.
@@ -37,7 +39,8 @@ private:
 
     /// Whether items can be added, changed and deleted, and covers added.
     bool ItemsAllowed() const { return m_coversOfItem && DetailsAllowed(); }
-    /// Adds the computed covers of an item. Raises ComError.
+    /// Adds a cover to an item; false when the item's record has gone. Raises ComError.
+    bool AddCover(std::int32_t mvprodId, const IssuedCover& values);
     /// The item's record has gone: clears what is left of it. Raises ComError.
     void ClearVanishedItem(std::int32_t mvprodId);
 

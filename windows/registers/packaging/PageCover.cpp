@@ -92,11 +92,8 @@ bool CPageCover::OnWizardNext() {
     CoverChoice choice{m_chosenId};
     const bool read = Guarded([&] {
         const RecordsetPtr cover = m_store.Query(SqlText("SELECT * FROM Cover WHERE cover_id = %li", m_chosenId));
-        if (cover->get_RecordCount() != 1)
-            return;
-        choice.type = cover->Code("cover_type");
-        choice.origin = cover->Code("cover_org");
-        choice.payment = cover->Code("cover_pay");
+        if (cover->get_RecordCount() == 1)
+            choice.terms = CoverTerms::Read(*cover);
     });
     if (read)
         m_follower(choice);

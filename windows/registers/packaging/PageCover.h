@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/rules/records/CoverTerms.h"
 #include "windows/widgets/WizardSheet.h"
 
 #include <functional>
@@ -11,12 +12,10 @@ namespace Ui {
 class PageCover;
 }
 
-/// A chosen cover with the values that a use of it starts from; −1 for what is not known.
+/// A chosen cover with the terms that a use of it starts from.
 struct CoverChoice {
     std::int32_t id = -1;
-    std::int32_t type = -1;
-    std::int32_t origin = -1;
-    std::int32_t payment = -1;
+    CoverTerms terms;
 };
 
 /// "Vyberte obal": a cover is chosen with Next; a composite one, where they are offered, ends the sheet. The tab last

@@ -1,12 +1,11 @@
 #include "windows/registers/packaging/PageCoverMove.h"
 
 #include "core/base/SqlText.h"
-#include "core/store/DataStore.h"
 #include "ui_PageCoverMove.h"
 #include "windows/registers/packaging/PageCover.h"
+#include "windows/registers/packaging/TermsLists.h"
 #include "windows/widgets/Guarded.h"
 #include "windows/widgets/Refuse.h"
-#include "windows/widgets/edits/CodeCombo.h"
 #include "windows/widgets/edits/CurrencyEdit.h"
 
 namespace {
@@ -23,53 +22,31 @@ void MakeReadable(QWidget& disabled) {
 
 CPageCoverMove::CPageCoverMove(CDataStore& store) : m_store(store), m_ui(std::make_unique<Ui::PageCoverMove>()) {
     m_ui->setupUi(this);
-    FillCodes(*m_ui->type, store.Codes(CodeList::CoverType));
-    FillCodes(*m_ui->origin, store.Codes(CodeList::CoverOrigin));
-    FillCodes(*m_ui->payment, store.Codes(CodeList::CoverPayment));
+    FillTerms(*m_ui, store);
     FillCodes(*m_ui->stat, store.Codes(CodeList::CoverStat));
     FillCodes(*m_ui->material, store.Codes(CodeList::CoverMaterial));
     for (QWidget* shown : std::initializer_list<QWidget*>{m_ui->type, m_ui->origin, m_ui->payment, m_ui->stat,
                                                           m_ui->material, m_ui->reusable})
         MakeReadable(*shown);
     m_link = new WeightLink(*m_ui->covers, *m_ui->weight, this);
-    m_ui->covers->SetValue(Currency::FromWhole(1));
+    SetValues({});
 }
 
 CPageCoverMove::~CPageCoverMove() = default;
 
 void CPageCoverMove::SetCover(const CoverChoice& cover) {
-    m_coverId = cover.id;
-    m_type = cover.type;
-    m_origin = cover.origin;
-    m_payment = cover.payment;
+    m_values.coverId = cover.id;
+    m_values.terms = cover.terms;
 }
 
-void CPageCoverMove::Read(const CRecordset& issued) {
-    m_coverId = issued.Long("cover_id");
-    m_type = issued.Code("cover_type");
-    m_origin = issued.Code("cover_org");
-    m_payment = issued.Code("cover_pay");
-    const Currency quantity = ToCurrency(issued.get_Collect("mvcover_qty"));
-    m_ui->covers->SetValue(quantity.IsValid() ? quantity : Currency::FromWhole(1));
-}
-
-Currency CPageCoverMove::Quantity() const {
-    return m_ui->covers->Value();
-}
-
-void CPageCoverMove::Write(CRecordset& issued) const {
-    issued.put_Collect("cover_id", m_coverId);
-    issued.put_Collect("mvcover_qty", Quantity());
-    issued.put_Collect("cover_type", m_type);
-    issued.put_Collect("cover_org", m_origin);
-    issued.put_Collect("cover_pay", m_payment);
+void CPageCoverMove::SetValues(const IssuedCover& values) {
+    m_values = values;
+    m_ui->covers->SetValue(values.quantity);
 }
 
 void CPageCoverMove::OnSetActive() {
     CWizardPage::OnSetActive();
-    SelectCode(*m_ui->type, m_type);
-    SelectCode(*m_ui->origin, m_origin);
-    SelectCode(*m_ui->payment, m_payment);
+    ShowTerms(*m_ui, m_values.terms);
     ShowCover();
     m_ui->covers->FocusAll();
 }
@@ -80,7 +57,7 @@ void CPageCoverMove::ShowCover() {
     std::int32_t material = -1;
     std::int32_t stat = -1;
     Guarded([&] {
-        const RecordsetPtr cover = m_store.Query(SqlText("SELECT * FROM Cover WHERE cover_id = %li", m_coverId));
+        const RecordsetPtr cover = m_store.Query(SqlText("SELECT * FROM Cover WHERE cover_id = %li", m_values.coverId));
         if (cover->get_EOF())
             return;
         pieceWeight = Currency::FromCount(ToCurrency(cover->get_Collect("cover_weight")).count);
@@ -97,5 +74,6 @@ void CPageCoverMove::ShowCover() {
 bool CPageCoverMove::OnWizardFinish() {
     if (!m_link->Check())
         return false;
-    return Quantity().count > 0 || Refuse(*m_ui->covers, "Množství obalu musí být větší než 0");
+    m_values.quantity = m_ui->covers->Value();
+    return m_values.quantity.count > 0 || Refuse(*m_ui->covers, "Množství obalu musí být větší než 0");
 }

@@ -1,13 +1,11 @@
 #pragma once
 
-#include "core/base/Currency.h"
+#include "core/rules/records/IssuedCover.h"
 #include "windows/widgets/WizardSheet.h"
 
-#include <cstdint>
 #include <memory>
 
 class CDataStore;
-class CRecordset;
 class WeightLink;
 struct CoverChoice;
 namespace Ui {
@@ -24,12 +22,9 @@ public:
 
     /// The cover that the page before chose, with the values that its use starts from.
     void SetCover(const CoverChoice& cover);
-    /// An issued cover as it is stored; a quantity that is not valid becomes 1. Raises ComError.
-    void Read(const CRecordset& issued);
-    /// In pieces, after the page was finished.
-    Currency Quantity() const;
-    /// The cover, its quantity and codes. Raises ComError.
-    void Write(CRecordset& issued) const;
+    void SetValues(const IssuedCover& values);
+    /// After the page was finished.
+    const IssuedCover& Values() const { return m_values; }
 
     void OnSetActive() override;
     bool OnWizardFinish() override;
@@ -40,8 +35,5 @@ private:
     CDataStore& m_store;
     std::unique_ptr<Ui::PageCoverMove> m_ui;
     WeightLink* m_link;
-    std::int32_t m_coverId = -1;
-    std::int32_t m_type = -1;
-    std::int32_t m_origin = -1;
-    std::int32_t m_payment = -1;
+    IssuedCover m_values;
 };

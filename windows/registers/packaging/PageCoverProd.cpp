@@ -1,11 +1,10 @@
 #include "windows/registers/packaging/PageCoverProd.h"
 
-#include "core/store/DataStore.h"
 #include "ui_PageCoverProd.h"
 #include "windows/registers/packaging/PageCover.h"
+#include "windows/registers/packaging/TermsLists.h"
 #include "windows/widgets/Guarded.h"
 #include "windows/widgets/Refuse.h"
-#include "windows/widgets/edits/CodeCombo.h"
 #include "windows/widgets/edits/CurrencyEdit.h"
 
 namespace {
@@ -16,9 +15,7 @@ Currency ValidOr(Currency value, Currency other) {
 
 CPageCoverProd::CPageCoverProd(CDataStore& store) : m_store(store), m_ui(std::make_unique<Ui::PageCoverProd>()) {
     m_ui->setupUi(this);
-    FillCodes(*m_ui->type, store.Codes(CodeList::CoverType));
-    FillCodes(*m_ui->origin, store.Codes(CodeList::CoverOrigin));
-    FillCodes(*m_ui->payment, store.Codes(CodeList::CoverPayment));
+    FillTerms(*m_ui, store);
     m_link = new WeightLink(*m_ui->covers, *m_ui->weight, this);
     connect(m_ui->useAlways, &QRadioButton::clicked, this, &CPageCoverProd::EnableRange);
     connect(m_ui->useRange, &QRadioButton::clicked, this, &CPageCoverProd::EnableRange);
@@ -40,9 +37,7 @@ void CPageCoverProd::SetRule(const PackagingRule& rule) {
 
 void CPageCoverProd::SetCover(const CoverChoice& cover) {
     m_rule.coverId = cover.id;
-    m_rule.type = cover.type;
-    m_rule.origin = cover.origin;
-    m_rule.payment = cover.payment;
+    m_rule.terms = cover.terms;
 }
 
 void CPageCoverProd::EnableRange() {
@@ -52,9 +47,7 @@ void CPageCoverProd::EnableRange() {
 
 void CPageCoverProd::OnSetActive() {
     CWizardPage::OnSetActive();
-    SelectCode(*m_ui->type, m_rule.type);
-    SelectCode(*m_ui->origin, m_rule.origin);
-    SelectCode(*m_ui->payment, m_rule.payment);
+    ShowTerms(*m_ui, m_rule.terms);
     Currency pieceWeight;
     Guarded([&] { pieceWeight = PieceWeight(m_store, m_rule.coverId); });
     m_link->SetPieceWeight(pieceWeight);
@@ -79,8 +72,6 @@ bool CPageCoverProd::OnWizardFinish() {
     m_rule.useAlways = m_ui->useAlways->isChecked();
     m_rule.useFrom = m_ui->useFrom->Value();
     m_rule.useTo = m_ui->useTo->Value();
-    m_rule.type = ChosenCode(*m_ui->type);
-    m_rule.origin = ChosenCode(*m_ui->origin);
-    m_rule.payment = ChosenCode(*m_ui->payment);
+    m_rule.terms = ChosenTerms(*m_ui);
     return true;
 }

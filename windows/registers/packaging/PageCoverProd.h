@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/rules/PackagingRule.h"
+#include "core/rules/records/PackagingRule.h"
 #include "windows/widgets/WizardSheet.h"
 
 #include <memory>

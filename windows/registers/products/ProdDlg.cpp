@@ -1,6 +1,5 @@
 #include "windows/registers/products/ProdDlg.h"
 
-#include "core/store/Recordset.h"
 #include "ui_ProdDlg.h"
 #include "windows/widgets/HelpDoor.h"
 #include "windows/widgets/Refuse.h"
@@ -26,18 +25,16 @@ CProdDlg::CProdDlg(QWidget* parent) : QDialog(parent), m_ui(std::make_unique<Ui:
 
 CProdDlg::~CProdDlg() = default;
 
-void CProdDlg::Read(const CRecordset& product) {
-    m_ui->name->setText(FormatVariant(product.get_Collect("prod_name")));
-    m_ui->katalog->setText(FormatVariant(product.get_Collect("prod_katalog")));
-    m_ui->unit->setText(FormatVariant(product.get_Collect("prod_unit")));
+void CProdDlg::SetValues(const ProductValues& values) {
+    m_ui->name->setText(values.name);
+    m_ui->katalog->setText(values.catalogue);
+    m_ui->unit->setText(values.unit);
     m_ui->name->setFocus();
     m_ui->name->selectAll();
 }
 
-void CProdDlg::Write(CRecordset& product) const {
-    product.put_Collect("prod_name", m_ui->name->text());
-    product.put_Collect("prod_katalog", m_ui->katalog->text());
-    product.put_Collect("prod_unit", m_ui->unit->text());
+ProductValues CProdDlg::Values() const {
+    return {m_ui->name->text(), m_ui->katalog->text(), m_ui->unit->text()};
 }
 
 void CProdDlg::accept() {

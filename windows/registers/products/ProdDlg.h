@@ -1,10 +1,11 @@
 #pragma once
 
+#include "core/rules/records/ProductValues.h"
+
 #include <QDialog>
 
 #include <memory>
 
-class CRecordset;
 namespace Ui {
 class ProdDlg;
 }
@@ -17,10 +18,10 @@ public:
     explicit CProdDlg(QWidget* parent);
     ~CProdDlg() override;
 
-    /// Shown with the name selected. Raises ComError.
-    void Read(const CRecordset& product);
-    /// After OK. Raises ComError.
-    void Write(CRecordset& product) const;
+    /// Shown with the name selected.
+    void SetValues(const ProductValues& values);
+    /// After OK.
+    ProductValues Values() const;
 
     void accept() override;
 

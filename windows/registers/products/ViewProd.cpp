@@ -63,6 +63,7 @@ ListSpec Packaging() {
 RegisterSpec ProductRegister() {
     RegisterSpec spec;
     spec.master = Products();
+    spec.masterTable = "Product";
     spec.masterTitle = "Produkty";
     spec.masterMenu = ContextMenu::RecProd;
     spec.detail = Dates();
@@ -82,25 +83,31 @@ RegisterSpec ProductRegister() {
     return spec;
 }
 
-/// Asks for the packaging, after `first` when there is one; none when the sheet was cancelled.
-std::optional<ChosenPackaging> AskPackaging(CDataStore& store, QWidget* parent, CWizardPage* first = nullptr) {
-    CPageCover coverPage(store, CPageCover::Offer::SimpleAndComposite);
-    CPageCoverProd rulePage(store);
-    coverPage.SetFollower([&](const CoverChoice& cover) { rulePage.SetCover(cover); });
-    CWizardSheet sheet(parent);
-    if (first != nullptr)
-        sheet.AddPage(*first);
-    sheet.AddPage(coverPage);
-    sheet.AddPage(rulePage);
-    if (!sheet.Run())
-        return std::nullopt;
-    ChosenPackaging chosen;
-    if (coverPage.IsComposite())
-        chosen.compositeId = coverPage.ChosenId();
-    else
-        chosen.rule = rulePage.Rule();
-    return chosen;
-}
+/// The sheet that asks for the packaging, after the page `first` when there is one.
+class CPackagingSheet {
+public:
+    CPackagingSheet(CDataStore& store, QWidget* parent, CWizardPage* first = nullptr)
+        : m_coverPage(store, CPageCover::Offer::SimpleAndComposite), m_rulePage(store), m_sheet(parent) {
+        m_coverPage.SetFollower([this](const CoverChoice& cover) { m_rulePage.SetCover(cover); });
+        if (first != nullptr)
+            m_sheet.AddPage(*first);
+        m_sheet.AddPage(m_coverPage);
+        m_sheet.AddPage(m_rulePage);
+    }
+
+    bool Run() { return m_sheet.Run(); }
+    /// After it was finished.
+    ChosenPackaging Chosen() const {
+        if (m_coverPage.IsComposite())
+            return {.compositeId = m_coverPage.ChosenId()};
+        return {.rule = m_rulePage.Rule()};
+    }
+
+private:
+    CPageCover m_coverPage;
+    CPageCoverProd m_rulePage;
+    CWizardSheet m_sheet;
+};
 
 QString RecomputationTitle() {
     return QStringLiteral("Úprava vydaných obalů");
@@ -149,28 +156,17 @@ std::string CViewProd::SubdetailSql() const {
 
 void CViewProd::OnAddProduct() {
     CProdDlg dialog(this);
-    if (dialog.exec() == QDialog::Accepted)
-        AddToMaster([&](CRecordset& record) { dialog.Write(record); });
+    AddToMaster(Shown(dialog), [&](CRecordset& record) { dialog.Values().Write(record); });
 }
 
 void CViewProd::OnEditProduct() {
     CProdDlg dialog(this);
-    EditMaster(
-        [&](const CRecordset& record) {
-            dialog.Read(record);
-            return dialog.exec() == QDialog::Accepted;
-        },
-        [&](CRecordset& record) { dialog.Write(record); });
+    EditMaster([&](const CRecordset& record) { dialog.SetValues(ProductValues::Read(record)); }, Shown(dialog),
+               [&](CRecordset& record) { dialog.Values().Write(record); });
 }
 
 void CViewProd::OnFilterProducts() {
-    EditFilter(m_filter, [this] {
-        CProdFilterDlg dialog(m_filter, this);
-        if (dialog.exec() != QDialog::Accepted)
-            return false;
-        m_filter = dialog.Filter();
-        return true;
-    });
+    EditFilter(m_filter, CProdFilterDlg(m_filter, this));
 }
 
 /// A definition of the same day is refused only here: a date may be edited to a day that the product has already.
@@ -185,46 +181,38 @@ void CViewProd::OnAddDate() {
     CProdDateDlg dialog(DateTime::Now(), this);
     if (Detail().RowCount() > 0)
         dialog.OfferPackaging();
-    if (dialog.exec() != QDialog::Accepted)
-        return;
     bool taken = false;
-    bool added = false;
-    Guarded([&] {
-        InOneEdit(Store(), [&] {
-            const RecordsetPtr dates = DefinitionsOfDay(Store(), prodId, dialog.Date());
-            taken = dates->get_RecordCount() > 0;
-            if (taken)
-                return;
-            AddDefinition(*dates, prodId, dialog.Date());
-            if (dialog.TakesPackaging())
-                TakePackagingBefore(Store(), prodId, dates->Long("dt_id"), dialog.Date());
-            added = true;
-            CarryOn(prodId);
-        });
+    const bool saved = AskAndSave(Shown(dialog), [&] {
+        const RecordsetPtr dates = DefinitionsOfDay(Store(), prodId, dialog.Date());
+        taken = dates->get_RecordCount() > 0;
+        if (taken)
+            return;
+        AddDefinition(*dates, prodId, dialog.Date());
+        if (dialog.TakesPackaging())
+            TakePackagingBefore(Store(), prodId, dates->Long("dt_id"), dialog.Date());
+        CarryOn(prodId);
     });
     if (taken)
         ShowMessage(MessageText("Databáze již obsahuje datum \"%s\"!", FormatDate(dialog.Date())));
-    if (!added)
+    if (!saved || taken)
         return;
     FillDetail();
     TellOfPackaging();
 }
 
 void CViewProd::OnEditDate() {
-    DateTime now;
-    const auto ask = [&](const CRecordset& record) {
-        const DateTime before = ToDate(record.get_Collect("dt_from"));
-        CProdDateDlg dialog(before, this);
-        if (dialog.exec() != QDialog::Accepted)
-            return false;
-        now = dialog.Date();
-        return now != before;
-    };
+    std::optional<CProdDateDlg> dialog;
+    DateTime before;
     if (!EditDetailRow({.list = Detail(),
                         .nothingSelected = Text::NoDate,
                         .select = "SELECT * FROM Prod_CoverDT WHERE (dt_id = %li)",
-                        .ask = ask,
-                        .write = [&](CRecordset& record) { record.put_Collect("dt_from", now); },
+                        .read =
+                            [&](const CRecordset& record) {
+                                before = ToDate(record.get_Collect("dt_from"));
+                                dialog.emplace(before, this);
+                            },
+                        .ask = [&] { return dialog->exec() == QDialog::Accepted && dialog->Date() != before; },
+                        .write = [&](CRecordset& record) { record.put_Collect("dt_from", dialog->Date()); },
                         .after = [this](std::int32_t) { CarryOn(Master().SelectedId()); }}))
         return;
     FillDetail();
@@ -250,28 +238,25 @@ void CViewProd::OnAddPackaging() {
         ShowWarning(QString::fromUtf8(Text::NoDate));
         return;
     }
-    const std::optional<ChosenPackaging> chosen = AskPackaging(Store(), this);
-    if (!chosen)
+    CPackagingSheet sheet(Store(), this);
+    const bool added =
+        AskAndSave([&] { return sheet.Run(); },
+                   [&] {
+                       const WaitCursor wait;
+                       Say(ReachOfPackaging(Store(), *Options(), Master().SelectedId()));
+                       CLateProgress progress(Progress(), RecomputationTitle(), false);
+                       AddPackaging(Store(), *Options(), Master().SelectedId(), dtId, sheet.Chosen(), progress);
+                   });
+    if (!added)
         return;
-    const WaitCursor wait;
-    const std::int64_t before = Store().Engine().Changes();
-    Guarded([&] {
-        Say(ReachOfPackaging(Store(), *Options(), Master().SelectedId()));
-        CLateProgress progress(Progress(), RecomputationTitle(), false);
-        AddPackaging(Store(), *Options(), Master().SelectedId(), dtId, *chosen, progress);
-    });
     FillSubdetail();
-    // Also when only some rows of a composite could be added.
-    if (Store().Engine().Changes() != before)
-        TellOfPackaging();
+    TellOfPackaging();
 }
 
 void CViewProd::OnEditPackaging() {
     PackagingRule before;
     CPageCoverProd page(Store());
-    const auto ask = [&](const CRecordset& record) {
-        before = ReadRule(record);
-        page.SetRule(before);
+    const auto ask = [&] {
         CWizardSheet sheet(this);
         sheet.AddPage(page);
         sheet.SetSubject(Subdetail().CellText(Subdetail().SelectedRow(), 0));
@@ -280,8 +265,13 @@ void CViewProd::OnEditPackaging() {
     if (!EditDetailRow({.list = Subdetail(),
                         .nothingSelected = Text::NoCover,
                         .select = "SELECT * FROM Prod_Cover WHERE (cp_id = %li)",
+                        .read =
+                            [&](const CRecordset& record) {
+                                before = PackagingRule::Read(record);
+                                page.SetRule(before);
+                            },
                         .ask = ask,
-                        .write = [&](CRecordset& record) { WriteRule(page.Rule(), record); },
+                        .write = [&](CRecordset& record) { page.Rule().Write(record); },
                         .after =
                             [&](std::int32_t) {
                                 if (page.Rule() != before)
@@ -313,13 +303,13 @@ void CViewProd::OnAssignCovers() {
         return;
     }
     CPageDateRange datePage;
-    const std::optional<ChosenPackaging> chosen = AskPackaging(Store(), this, &datePage);
-    if (!chosen)
+    CPackagingSheet sheet(Store(), this, &datePage);
+    if (!sheet.Run())
         return;
     const WaitCursor wait;
     Guarded([&] {
         CLateProgress progress(Progress(), QStringLiteral("Hromadné přiřazení obalů"), true);
-        AssignPackaging(Store(), *Options(), products, datePage.Date(), *chosen, progress);
+        AssignPackaging(Store(), *Options(), products, datePage.Date(), sheet.Chosen(), progress);
     });
     TellOthers(ViewMessage::WM_COVERS_CHANGED);
 }

@@ -64,8 +64,7 @@ TEST_F(PageCoverTest, ASimpleCoverLeadsOnWithItsValues) {
                           ShowsTitle("Údaje balení"), Clicked("back"), ShowsTitle("Vyberte obal"),
                           Pressed(Qt::Key_Return), Shows("finish", "Dokončit"), Pressed(Qt::Key_Return)}));
     EXPECT_EQ(std::pair(1, false), chosen);
-    EXPECT_EQ("1 2 0",
-              std::to_string(choice.type) + " " + std::to_string(choice.origin) + " " + std::to_string(choice.payment));
+    EXPECT_EQ((CoverTerms{1, 2, 0}), choice.terms);
 }
 
 TEST_F(PageCoverTest, ACompositeCoverEndsTheSheetAndItsTabComesUpAgain) {
@@ -87,8 +86,7 @@ TEST_F(PageCoverTest, ACoverThatVanishedMeanwhileHandsOnNoValues) {
     Finishes({Tab(0), Chose("simple", 0), [this](QWidget&) { folder.Sql("DELETE FROM Cover WHERE cover_id = 1"); },
               Clicked("next"), Clicked("cancel")});
     EXPECT_EQ(1, choice.id);
-    EXPECT_EQ(-1, choice.type);
-    EXPECT_EQ(-1, choice.payment);
+    EXPECT_EQ(CoverTerms(), choice.terms);
 }
 
 TEST_F(PageCoverTest, EachTabIsFilledOnceAndOnlyWhenShown) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/base/Currency.h"
+#include "core/rules/records/CoverTerms.h"
 
 #include <QString>
 
@@ -15,17 +16,11 @@ struct CoverValues {
     bool reusable = false;
     Currency weight;
     std::int32_t material = -1;
-    std::int32_t type = -1;
-    std::int32_t origin = -1;
-    std::int32_t payment = -1;
+    CoverTerms terms;
     std::int32_t stat = -1;
 
     /// Raises ComError.
     static CoverValues Read(const CRecordset& record);
     /// Raises ComError.
     void Write(CRecordset& record) const;
-    /// Whether composites, packaging and issues, which hold copies of these three, differ now.
-    bool SamePackaging(const CoverValues& other) const {
-        return type == other.type && origin == other.origin && payment == other.payment;
-    }
 };

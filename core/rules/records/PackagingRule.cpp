@@ -1,9 +1,9 @@
-#include "core/rules/PackagingRule.h"
+#include "core/rules/records/PackagingRule.h"
 
 #include "core/base/SqlText.h"
 #include "core/store/DataStore.h"
 
-PackagingRule ReadRule(const CRecordset& record) {
+PackagingRule PackagingRule::Read(const CRecordset& record) {
     PackagingRule rule;
     rule.coverId = record.Long("cover_id");
     rule.covers = ToCurrency(record.get_Collect("cp_qtycover"));
@@ -13,23 +13,19 @@ PackagingRule ReadRule(const CRecordset& record) {
         rule.useFrom = ToCurrency(record.get_Collect("cp_usefrom"));
         rule.useTo = ToCurrency(record.get_Collect("cp_useto"));
     }
-    rule.type = record.Code("cover_type");
-    rule.origin = record.Code("cover_org");
-    rule.payment = record.Code("cover_pay");
+    rule.terms = CoverTerms::Read(record);
     return rule;
 }
 
-void WriteRule(const PackagingRule& rule, CRecordset& record) {
-    record.put_Collect("cp_qtycover", rule.covers);
-    record.put_Collect("cp_qtyprod", rule.products);
-    record.put_Collect("cp_usealways", rule.useAlways);
-    if (!rule.useAlways) {
-        record.put_Collect("cp_usefrom", rule.useFrom);
-        record.put_Collect("cp_useto", rule.useTo);
+void PackagingRule::Write(CRecordset& record) const {
+    record.put_Collect("cp_qtycover", covers);
+    record.put_Collect("cp_qtyprod", products);
+    record.put_Collect("cp_usealways", useAlways);
+    if (!useAlways) {
+        record.put_Collect("cp_usefrom", useFrom);
+        record.put_Collect("cp_useto", useTo);
     }
-    record.put_Collect("cover_type", rule.type);
-    record.put_Collect("cover_org", rule.origin);
-    record.put_Collect("cover_pay", rule.payment);
+    terms.Write(record);
 }
 
 void CopyRule(const CRecordset& from, CRecordset& to) {

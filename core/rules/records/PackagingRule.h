@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/base/Currency.h"
+#include "core/rules/records/CoverTerms.h"
 
 #include <cstdint>
 
@@ -16,18 +17,17 @@ struct PackagingRule {
     bool useAlways = true;
     Currency useFrom = Currency::FromWhole(0);
     Currency useTo = Currency::FromWhole(1000);
-    std::int32_t type = -1;
-    std::int32_t origin = -1;
-    std::int32_t payment = -1;
+    CoverTerms terms;
+
+    /// The range keeps its defaults when the rule applies always. Raises ComError.
+    static PackagingRule Read(const CRecordset& record);
+    /// Everything but the cover; the range only when it counts, so that what a record holds there stays otherwise.
+    /// Raises ComError.
+    void Write(CRecordset& record) const;
 
     friend bool operator==(const PackagingRule&, const PackagingRule&) = default;
 };
 
-/// The range keeps its defaults when the rule applies always. Raises ComError.
-PackagingRule ReadRule(const CRecordset& record);
-/// Everything but the cover; the range only when it counts, so that what a record holds there stays otherwise. Raises
-/// ComError.
-void WriteRule(const PackagingRule& rule, CRecordset& record);
 /// Copies the nine columns, cover and range included, as they are stored. Raises ComError.
 void CopyRule(const CRecordset& from, CRecordset& to);
 

@@ -1,4 +1,4 @@
-#include "core/rules/CoverValues.h"
+#include "core/rules/records/CoverValues.h"
 
 #include "core/store/Recordset.h"
 
@@ -9,9 +9,7 @@ CoverValues CoverValues::Read(const CRecordset& record) {
     values.reusable = ToBool(record.get_Collect("cover_reusable"));
     values.weight = ToCurrency(record.get_Collect("cover_weight"));
     values.material = record.Code("cover_mat");
-    values.type = record.Code("cover_type");
-    values.origin = record.Code("cover_org");
-    values.payment = record.Code("cover_pay");
+    values.terms = CoverTerms::Read(record);
     values.stat = record.Code("cover_stat");
     return values;
 }
@@ -20,10 +18,8 @@ void CoverValues::Write(CRecordset& record) const {
     record.put_Collect("cover_name", name);
     record.put_Collect("cover_weight", weight);
     record.put_Collect("cover_reusable", reusable);
-    record.put_Collect("cover_type", type);
     record.put_Collect("cover_mat", material);
-    record.put_Collect("cover_org", origin);
-    record.put_Collect("cover_pay", payment);
+    terms.Write(record);
     record.put_Collect("cover_stat", stat);
     record.put_Collect("cover_note", note);
 }
