@@ -98,9 +98,8 @@ TEST(TypedText, ANumberIsReadAsAWholeOrRefused) {
 
 TEST(TypedText, WeightsStayWithinACurrency) {
     const Currency most = Currency::FromCount(9223372036854775807);
-    EXPECT_EQ(most, CurrencyProduct(most, Currency::FromWhole(1)));
-    EXPECT_EQ(std::nullopt, CurrencyProduct(most, Currency::FromCount(10001)));
-    EXPECT_EQ(2, CurrencyProduct(Currency::FromCount(15), Currency::FromCount(1000))->count) << "ties to even";
+    EXPECT_TRUE(CurrencyProductFits(most, Currency::FromWhole(1)));
+    EXPECT_FALSE(CurrencyProductFits(most, Currency::FromCount(10001)));
     EXPECT_EQ("Hmotnost 99999999999999 ks po 25 kg je mimo rozsah, nejvýše lze zadat 922337203685477,5807 kg.",
               RefuseWeight(Currency::FromWhole(99999999999999), Currency::FromWhole(25)).toStdString());
     EXPECT_EQ("", RefuseWeight(Currency::FromWhole(99999999999999), Currency::FromWhole(9)).toStdString());

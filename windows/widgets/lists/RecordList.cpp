@@ -10,10 +10,10 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 
 #include <algorithm>
-#include <utility>
 
 namespace {
 
@@ -109,6 +109,18 @@ std::string RecordList::OrderedSql(const std::string& sql) const {
     return sql + " ORDER BY " + (field != nullptr ? field : m_spec.defaultSort) + (m_descending ? " DESC" : "");
 }
 
+template <class Show>
+bool RecordList::FillBy(std::int32_t id, const Show& show) {
+    const QScopedValueRollback filling(m_filling, true);
+    const bool filled = Guarded([&] {
+        if (id == KeepSelection)
+            id = m_spec.keepsSelection ? SelectedId() : NoId;
+        show();
+    });
+    SelectAfterFill(id);
+    return filled;
+}
+
 bool RecordList::FillKeeping(const std::string& sql, std::int32_t id) {
     const WaitCursor wait;
     const NoRedraw still(*this);
@@ -118,32 +130,20 @@ bool RecordList::FillKeeping(const std::string& sql, std::int32_t id) {
                                   CommandType::Text);
         }))
         return false;
-    m_filling = true;
-    const bool filled = Guarded([&] {
-        if (id == KeepSelection)
-            id = m_spec.keepsSelection ? SelectedId() : NoId;
+    return FillBy(id, [&] {
         m_records = records;
         m_model->Show(m_records);
     });
-    SelectAfterFill(id);
-    m_filling = false;
-    return filled;
 }
 
 bool RecordList::Fill(const std::string& sql, std::int32_t id) {
     const WaitCursor wait;
     const NoRedraw still(*this);
-    m_filling = true;
-    const bool filled = Guarded([&] {
-        if (id == KeepSelection)
-            id = m_spec.keepsSelection ? SelectedId() : NoId;
+    return FillBy(id, [&] {
         m_model->Clear();
         if (!sql.empty())
             m_model->Take(*m_store.Query(OrderedSql(sql)));
     });
-    SelectAfterFill(id);
-    m_filling = false;
-    return filled;
 }
 
 void RecordList::SelectAfterFill(std::int32_t id) {
@@ -217,9 +217,10 @@ const RecordsetPtr& RecordList::Records() const {
 /// The focus goes where the selection goes: to the row that takes the place of the one removed, or to the last.
 void RecordList::RemoveRow(int row) {
     const bool wasSelected = selectionModel()->isRowSelected(row, {});
-    m_filling = true;
-    Guarded([&] { m_model->RemoveRow(row); });
-    m_filling = false;
+    {
+        const QScopedValueRollback filling(m_filling, true);
+        Guarded([&] { m_model->RemoveRow(row); });
+    }
     if (!wasSelected || SelectedRow() >= 0)
         return;
     if (RowCount() > 0)
@@ -267,23 +268,21 @@ void RecordList::FitOn() {
 }
 
 void RecordList::ApplyFit() {
-    m_fitting = true;
+    const QScopedValueRollback fitting(m_fitting, true);
     const int last = m_model->columnCount() - 1;
     for (int column = 0; column < last; ++column)
         setColumnWidth(column, FittingWidth(column));
     m_lastColumnWidth = FittingWidth(last);
     StretchLastColumn();
-    m_fitting = false;
 }
 
 void RecordList::StretchLastColumn() {
-    const bool fitting = std::exchange(m_fitting, true);
+    const QScopedValueRollback fitting(m_fitting, true);
     const int last = m_model->columnCount() - 1;
     int others = 0;
     for (int column = 0; column < last; ++column)
         others += columnWidth(column);
     setColumnWidth(last, std::max(m_lastColumnWidth, viewport()->width() - others));
-    m_fitting = fitting;
 }
 
 void RecordList::SetEmptyText(const QString& text) {

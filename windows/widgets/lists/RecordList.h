@@ -93,6 +93,8 @@ private:
     void WantMenuByKey();
     void SortBy(int column);
     std::string OrderedSql(const std::string& sql) const;
+    template <class Show>
+    bool FillBy(std::int32_t id, const Show& show);
     void SelectAfterFill(std::int32_t id);
     bool ShowToFit(int first, int end);
     void FitOn();
