@@ -89,7 +89,7 @@ bool CPageCover::OnWizardNext() {
         return false;
     if (!m_follower)
         return true;
-    CoverChoice choice{m_chosenId};
+    CoverChoice choice{m_chosenId, {}};
     const bool read = Guarded([&] {
         const RecordsetPtr cover = m_store.Query(SqlText("SELECT * FROM Cover WHERE cover_id = %li", m_chosenId));
         if (cover->get_RecordCount() == 1)
