@@ -199,8 +199,8 @@ TEST(Figures, AWeightOutOfRangeIsNamed) {
         std::string issued;
         std::string discarded;
         const char* row;
-    } cases[] = {{"999999999999990000", "10000", "\n\nvýdej \"A\" z 15.08.2012, obal \"Bedna\""},
-                 {"10000", "999999999999990000", "\n\nobal \"Bedna\" vyřazený 16.08.2012"}};
+    } cases[] = {{"999999999999990000", "10000", "\n\nvýdej \"A\" ze dne 15.08.2012, obal \"Bedna\""},
+                 {"10000", "999999999999990000", "\n\nvyřazení ze dne 16.08.2012, obal \"Bedna\""}};
     for (const auto& each : cases) {
         StoreFolder folder;
         folder.Sql(("INSERT INTO Cover (cover_name, cover_mat, cover_weight, cover_reusable, cover_stat) VALUES "

@@ -124,6 +124,8 @@ TEST(RegisterCommands, ACancelledDialogAndAFailedWriteLeaveEverything) {
         EXPECT_EQ(stored, AllRows(opened.folder));
         if (each.fault != nullptr) {
             opened.Fault(each.fault);
+            // It comes back with what was typed.
+            opened.steps.Otherwise(Clicked("cancel"));
             opened.ExpectError([&] { opened.Do(each.command, {InTurn(each.acts), Clicked(each.end)}); });
         }
         EXPECT_EQ(stored, AllRows(opened.folder));

@@ -12,7 +12,7 @@ using enum Command;
 
 class TypedIssue : public RegisterTest<ID_SHOW_ISSUES> {
 protected:
-    std::string Date() const { return folder.Ask("SELECT move_date FROM Move WHERE move_id = 1"); }
+    std::string Date() const { return folder.AskAll("SELECT move_date FROM Move WHERE move_id = 1"); }
 };
 using TypedCover = RegisterTest<ID_SHOW_COVERS>;
 using TypedComposite = RegisterTest<ID_SHOW_COMPOSITES>;
@@ -151,7 +151,7 @@ TEST_F(TypedCover, AWeightOutOfRangeIsRefusedAndDoesNotHideTheOthers) {
 
 TEST_F(TypedCover, APastedNameIsOneLine) {
     Do(ID_RECORD_EDIT, {Pasted("name", " PE\nfolie\t20 µm\n"), Clicked("ok")});
-    EXPECT_EQ("PE folie 20 µm", folder.Ask("SELECT cover_name FROM Cover WHERE cover_id = 1"));
+    EXPECT_EQ("PE folie 20 µm", folder.AskAll("SELECT cover_name FROM Cover WHERE cover_id = 1"));
 }
 
 TEST_F(TypedCover, ABlankBelongsToTheMaterialThatIsTyped) {

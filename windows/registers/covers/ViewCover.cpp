@@ -120,8 +120,10 @@ void CViewCover::OnAddDiscard() {
         ShowWarning(QString::fromUtf8(Text::NoCover));
         return;
     }
+    DiscardValues discard;
+    discard.coverId = coverId;
     CPageDisc page(Store());
-    page.SetValues({.coverId = coverId});
+    page.SetValues(discard);
     std::int32_t id = KeepSelection;
     const auto add = [&] {
         const RecordsetPtr discards = Store().Table("CoverDiscard");

@@ -98,9 +98,12 @@ public:
     bool Run() { return m_sheet.Run(); }
     /// After it was finished.
     ChosenPackaging Chosen() const {
+        ChosenPackaging chosen;
         if (m_coverPage.IsComposite())
-            return {.compositeId = m_coverPage.ChosenId()};
-        return {.rule = m_rulePage.Rule()};
+            chosen.compositeId = m_coverPage.ChosenId();
+        else
+            chosen.rule = m_rulePage.Rule();
+        return chosen;
     }
 
 private:

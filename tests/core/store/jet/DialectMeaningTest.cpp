@@ -240,13 +240,15 @@ TEST(DialectNumbers, AreSetExactlyOrNotAtAll) {
 
 namespace {
 
-/// The product as the store works it out, as a count; "!" for an error.
+/// The product as the store works it out, as a count; "!" where it leaves the range: an error of the sum, a currency
+/// that is not valid in a row, whose list goes on.
 std::string Product(const StoreFolder& folder, std::int64_t a, std::int64_t b, const char* item) {
     folder.Sql(SqlText("UPDATE Prod_Cover SET cp_qtycover = %li, cp_qtyprod = %li WHERE cp_id = 1", a, b).c_str());
     try {
         const RecordsetPtr row = const_cast<CDataStore&>(folder.store)
                                      .Query(std::string("SELECT ") + item + " AS w FROM Prod_Cover WHERE cp_id = 1");
-        return std::to_string(std::get<Currency>(row->get_Collect("w")).count);
+        const auto weight = std::get<Currency>(row->get_Collect("w"));
+        return weight.IsValid() ? std::to_string(weight.count) : "!";
     } catch (const ComError&) {
         return "!";
     }
@@ -257,7 +259,7 @@ std::string Product(const StoreFolder& folder, std::int64_t a, std::int64_t b, c
 TEST(DialectProduct, IsExactAndTiesGoToEven) {
     constexpr std::int64_t Most = std::numeric_limits<std::int64_t>::max();
     constexpr std::int64_t Least = std::numeric_limits<std::int64_t>::min();
-    // product: "!" for an error
+    // product: "!" out of range
     const std::tuple<std::int64_t, std::int64_t, const char*> cases[] = {
         {10000, 10000, "10000"},
         {5000, 1, "0"},  // half of the last place: to even, down

@@ -275,7 +275,7 @@ TEST_F(FindReplace, ATextTooLongForItsFieldIsNotMade) {
     folder.Sql("UPDATE Cover SET cover_name = 'další žlutý box' WHERE cover_id = 5");
     frame->RunCommand(ID_RECORD_REFRESH);
     Press(Covers(), "replaceAll");
-    EXPECT_EQ("další žlutý box", folder.Ask("SELECT cover_name FROM Cover WHERE cover_id = 5"));
+    EXPECT_EQ("další žlutý box", folder.AskAll("SELECT cover_name FROM Cover WHERE cover_id = 5"));
 }
 
 TEST_F(FindReplace, EachRegisterIsTheTargetOfTheWindowItOpenedLast) {
