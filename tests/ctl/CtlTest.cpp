@@ -239,7 +239,9 @@ TEST(Kuvelctl, ADatabaseThatCannotBeOpenedStaysAsItIs) {
         const CtlResult result = CKuvelctl(folder.Path()).Run(command);
         EXPECT_EQ(1, result.exitCode) << command;
         EXPECT_EQ("", result.output.toStdString()) << command;
-        EXPECT_EQ("Nemohu otevřít databázi '" + folder.File("Kuvel.mdb") + "'\n", result.errors) << command;
+        EXPECT_EQ("Nemohu otevřít databázi '" + folder.File("Kuvel.mdb") + "'\nSoubor není databází programu.\n",
+                  result.errors)
+            << command;
         EXPECT_EQ("obaly", FileBytes(folder.File("Kuvel.mdb"))) << command;
     }
 }
