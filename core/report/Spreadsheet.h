@@ -30,7 +30,8 @@ public:
 class IWorkbook {
 public:
     virtual ~IWorkbook() = default;
-    /// Null when the answer is no worksheet; raises when the spreadsheet rejects the name.
+    /// Null when the answer is no worksheet; raises when the spreadsheet rejects the name (with ResultCode::BadIndex
+    /// when the workbook has no sheet of that name).
     virtual std::unique_ptr<IWorksheet> Worksheet(const QString& name) = 0;
     /// The file on disk is the old one or the whole new one, never a part.
     virtual void Save() = 0;
