@@ -1,0 +1,8 @@
+#pragma once
+
+/// Whether lists show amounts with all their four decimals instead of two: the user's own choice, off unless made.
+bool FourDecimalsInLists();
+/// Takes the choice from section "Zobrazeni" of the settings file; until then it is off.
+void ReadListDecimals();
+/// From now on and, where it can be written, from the next start on. False, with the reason in errno, where it cannot.
+bool KeepListDecimals(bool four);
