@@ -4,6 +4,7 @@
 #include "windows/frame/MenuTable.h"
 #include "windows/frame/StatusPanes.h"
 #include "windows/widgets/Guarded.h"
+#include "windows/widgets/ScreenFit.h"
 #include "windows/widgets/commands/CommandTable.h"
 
 #include <QAction>
@@ -40,7 +41,7 @@ CMainFrame::CMainFrame(CKuvelDoc& doc, std::span<const RegisterEntry> registers)
     m_statusPanes = new CStatusPanes(*statusBar());
     CreateHandlers();
     connect(m_registers, &CRegisterArea::Switched, this, &CMainFrame::UpdateCommands);
-    resize(1000, 650);
+    resize(FittingSize(*this, {1280, 800}));
     RestoreLayout();
     if (!registers.empty())
         m_registers->Show(registers.front().show);

@@ -1,7 +1,9 @@
 #include "windows/widgets/WizardSheet.h"
 
 #include <QBoxLayout>
+#include <QCoreApplication>
 #include <QFrame>
+#include <QKeyEvent>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QStackedWidget>
@@ -38,6 +40,8 @@ CWizardSheet::CWizardSheet(QWidget* parent) : QDialog(parent), m_stack(new QStac
     m_finish = add("finish", QStringLiteral("Dokončit"));
     QPushButton* cancel = add("cancel", QStringLiteral("Storno"));
     cancel->setAutoDefault(false);
+    QPushButton* help = add("help", QStringLiteral("Nápověda"));
+    help->setAutoDefault(false);
     m_back->setAutoDefault(false);
 
     auto* all = new QVBoxLayout(this);
@@ -48,6 +52,11 @@ CWizardSheet::CWizardSheet(QWidget* parent) : QDialog(parent), m_stack(new QStac
     connect(m_next, &QPushButton::clicked, this, &CWizardSheet::PressNext);
     connect(m_finish, &QPushButton::clicked, this, &CWizardSheet::PressFinish);
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+    connect(help, &QPushButton::clicked, this, [this] {
+        // What each page needs is known to the key.
+        QKeyEvent key(QEvent::KeyPress, Qt::Key_F1, Qt::NoModifier);
+        QCoreApplication::sendEvent(&Current(), &key);
+    });
 }
 
 CWizardSheet::~CWizardSheet() {

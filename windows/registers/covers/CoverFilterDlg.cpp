@@ -2,12 +2,14 @@
 
 #include "core/store/DataStore.h"
 #include "ui_CoverFilterDlg.h"
+#include "windows/widgets/HelpButton.h"
 #include "windows/widgets/Refuse.h"
 #include "windows/widgets/edits/CodeCombo.h"
 
 CCoverFilterDlg::CCoverFilterDlg(const CDataStore& store, const CoverFilter& filter, QWidget* parent)
     : QDialog(parent), m_ui(std::make_unique<Ui::CoverFilterDlg>()), m_filter(filter) {
     m_ui->setupUi(this);
+    AddHelpButton(*m_ui->cancel, HelpContext::CoverFilter);
     FillCodes(*m_ui->material, store.Codes(CodeList::CoverMaterial));
     FillCodes(*m_ui->type, store.Codes(CodeList::CoverType));
     FillCodes(*m_ui->origin, store.Codes(CodeList::CoverOrigin));
