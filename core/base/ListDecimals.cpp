@@ -20,10 +20,10 @@ void ReadListDecimals() {
     g_fourDecimals = CProfile(SettingsPath()).GetInt(Section, Key, 0) != 0;
 }
 
-bool KeepListDecimals(bool four) {
+std::error_code KeepListDecimals(bool four) {
     // The settings file of a user who leaves this alone stays without it.
     if (four == g_fourDecimals)
-        return true;
+        return {};
     g_fourDecimals = four;
-    return CProfile(SettingsPath()).WriteString(Section, Key, QString::number(four ? 1 : 0));
+    return CProfile(SettingsPath()).Write(Section, {{Key, QString::number(four ? 1 : 0)}});
 }

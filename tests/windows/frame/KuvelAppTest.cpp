@@ -14,6 +14,7 @@
 #include <QTest>
 #include <QTimer>
 
+#include <chrono>
 #include <csignal>
 #include <sys/types.h>
 
@@ -69,7 +70,7 @@ struct Program {
 };
 
 bool CanAcquire(const QString& folder) {
-    return CSingleInstance().Acquire(folder);
+    return CSingleInstance().Acquire(folder, std::chrono::milliseconds(0));
 }
 
 TEST_F(Start, ASecondStartBringsTheFirstForwardAndEndsSilently) {
@@ -92,6 +93,46 @@ TEST_F(Start, ASecondStartBringsTheFirstForwardAndEndsSilently) {
     EXPECT_TRUE(came);
     EXPECT_FALSE(app.MainFrame()->isMinimized());
     EXPECT_TRUE(app.MainFrame()->isVisible());
+}
+
+TEST_F(Start, ACopyAtItsEndIsWaitedForAndItsPlaceTaken) {
+    folder.AddDatabase();
+    const auto takesOver = [this](const Program& second, const char* from) {
+        EXPECT_TRUE(QTest::qWaitFor(
+            [&] { return second.process.state() != QProcess::Running || !CanAcquire(folder.Path()); }, 15000));
+        EXPECT_EQ(QProcess::Running, second.process.state()) << from;
+    };
+    {
+        // It holds the lock and its socket, but reads no more.
+        auto first = std::make_unique<CSingleInstance>();
+        ASSERT_TRUE(first->Acquire(folder.Path()));
+        Program second;
+        QTest::qWait(2500);
+        EXPECT_TRUE(second.Runs()) << "a message that nobody reads is no answer";
+        first.reset();
+        takesOver(second, "the lock");
+    }
+    auto app = std::make_unique<CKuvelApp>();
+    ASSERT_TRUE(app->InitInstance());
+    Program second;
+    EXPECT_TRUE(app->MainFrame()->close());
+    app->ExitInstance();
+    app.reset();
+    takesOver(second, "the program");
+}
+
+TEST_F(Start, APoliteEndFromOutsideClosesTheWindow) {
+    folder.AddDatabase();
+    for (const int signal : {SIGTERM, SIGHUP}) {
+        QFile::remove(folder.File("kuvel.ini"));
+        Program program;
+        ASSERT_TRUE(QTest::qWaitFor([&] { return !CanAcquire(folder.Path()); }, 15000));
+        QTest::qWait(1500); // its window is up
+        ASSERT_TRUE(program.Runs());
+        kill(static_cast<pid_t>(program.process.processId()), signal);
+        program.ExpectSilentEnd();
+        EXPECT_TRUE(QFile::exists(folder.File("kuvel.ini"))) << "options are kept";
+    }
 }
 
 TEST_F(Start, AKilledProcessDoesNotKeepTheNextFromStarting) {
@@ -137,7 +178,8 @@ TEST_F(Start, EachFailureHasItsMessageAndEndsTheStart) {
     }
     {
         CKuvelApp app;
-        messages.Expect(QStringLiteral("Nemohu otevřít databázi '%1'").arg(Database()), Message::Icon::Error);
+        messages.Expect(QStringLiteral("Nemohu otevřít databázi '%1'\nSoubor neexistuje.").arg(Database()),
+                        Message::Icon::Error);
         EXPECT_FALSE(app.InitInstance());
         EXPECT_EQ(1, app.InitResult());
         EXPECT_EQ(nullptr, app.MainFrame());

@@ -2,6 +2,7 @@
 #include "windows/frame/FrameCommands.h"
 #include "windows/frame/StatusPanes.h"
 #include "windows/frame/doors/ProgressDoor.h"
+#include "windows/widgets/ScreenFit.h"
 
 #include <gtest/gtest.h>
 
@@ -9,6 +10,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
+#include <QScreen>
 #include <QStatusBar>
 #include <QTest>
 #include <QToolBar>
@@ -71,6 +73,20 @@ TEST_F(MainFrame, TheMenuStandsAsDocumented) {
         EXPECT_EQ(std::string(expected[i]), lines[i].toStdString());
     EXPECT_EQ("Kuvel", frame->windowTitle().toStdString());
     EXPECT_EQ(QSize(600, 400), frame->minimumSize());
+}
+
+TEST_F(MainFrame, ANewWindowIsAsLargeAsTheScreenAllows) {
+    const QSize room = frame->screen()->availableSize();
+    ASSERT_GT(1280, room.width()) << "the screen of this test is small";
+    EXPECT_GT(room.width(), frame->width()) << "its frame has room too";
+    EXPECT_GT(room.height(), frame->height());
+    EXPECT_LT(room.width() - 60, frame->width());
+    EXPECT_EQ(QSize(640, 300), FittingSize(*frame, {640, 300}));
+}
+
+TEST_F(MainFrame, TheIndicatorsStandWithoutFrames) {
+    for (const char* const name : {"capsPane", "numPane", "scrollPane"})
+        EXPECT_EQ(QFrame::NoFrame, frame->findChild<QLabel*>(QString::fromLatin1(name))->frameShape()) << name;
 }
 
 TEST_F(MainFrame, NoMnemonicStandsTwiceInAMenu) {
