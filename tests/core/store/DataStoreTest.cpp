@@ -67,6 +67,7 @@ std::vector<BadFile> BadFiles() {
         {"a folder", Foreign, [](const ProgramFolder& folder) { QDir(folder.Path()).mkdir("Kuvel.mdb"); }},
         {"a link to nothing", Missing,
          [](const ProgramFolder& folder) { QFile::link("nowhere.mdb", folder.File("Kuvel.mdb")); }},
+        {"cut to 1", Foreign, [](const ProgramFolder& folder) { WriteFile(folder.File("Kuvel.mdb"), "S"); }},
         {"empty", Foreign, [](const ProgramFolder& folder) { WriteFile(folder.File("Kuvel.mdb"), {}); }},
         {"a long text", Foreign,
          [](const ProgramFolder& folder) { WriteFile(folder.File("Kuvel.mdb"), QByteArray(20000, 'x')); }},
@@ -82,7 +83,7 @@ std::vector<BadFile> BadFiles() {
     for (const char* table : {"Cover", "CompCover", "CompCover_Item", "TmpCover_Item", "Product", "Prod_CoverDT",
                               "Prod_Cover", "Move", "Move_Prod", "Move_Cover", "CoverDiscard", "TmpID"})
         files.push_back(Changed(std::string("DROP TABLE ") + table));
-    for (const int length : {1, 99, 511, 4096, 4097, 8192, -4096, -1})
+    for (const int length : {99, 511, 4096, 4097, 8192, -4096, -1})
         files.push_back(Bytes("cut to " + std::to_string(length), [length](const QByteArray& bytes) {
             return bytes.left(length > 0 ? length : bytes.size() + length);
         }));
