@@ -1,13 +1,10 @@
 #include "windows/frame/OptionsDlg.h"
 
-#include "core/base/AppDir.h"
 #include "core/base/ListDecimals.h"
 #include "core/base/Messages.h"
 #include "core/rules/Propagation.h"
 #include "ui_OptionsDlg.h"
 #include "windows/widgets/HelpButton.h"
-
-#include <cerrno>
 
 COptionsDlg::COptionsDlg(PropagationOptions& options, QWidget* parent)
     : QDialog(parent), m_ui(std::make_unique<Ui::OptionsDlg>()), m_options(options) {
@@ -30,7 +27,6 @@ void COptionsDlg::accept() {
     m_options.coversToPackaging = m_ui->coversToPackagingCheck->isChecked();
     m_options.coversToIssues = m_ui->coversToIssuesCheck->isChecked();
     m_options.packagingToIssues = m_ui->packagingToIssuesCheck->isChecked();
-    if (!KeepListDecimals(m_ui->fourDecimalsCheck->isChecked()))
-        ShowWin32Error(errno, QStringLiteral("Nastavení nelze zapsat do souboru '%1'.").arg(SettingsPath()));
+    ShowSettingsError(KeepListDecimals(m_ui->fourDecimalsCheck->isChecked()));
     QDialog::accept();
 }
