@@ -74,7 +74,7 @@ TEST(Dialogs, HaveTheirPageOfTheGuideAtAButton) {
     StoreFolder f;
     PropagationOptions options;
     std::vector<HelpContext> opened;
-    const HelpDoor before = SetHelpDoor([&](HelpContext context) { opened.push_back(context); });
+    const DoorUse help(HelpDoor(), [&](HelpContext context) { opened.push_back(context); });
     COptionsDlg optionsDlg(options, nullptr);
     CBackupDlg backupDlg(CBackupDlg::Mode::Backup, f.store, BackupActions{}, nullptr);
     CReportDlg reportDlg(nullptr);
@@ -83,7 +83,6 @@ TEST(Dialogs, HaveTheirPageOfTheGuideAtAButton) {
         dialog->show();
         Click(*dialog, "help");
     }
-    SetHelpDoor(before);
     EXPECT_EQ((std::vector{HelpContext::Options, HelpContext::Backup, HelpContext::Report, HelpContext::Contents}),
               opened);
 }

@@ -220,10 +220,9 @@ TEST(Registers, TheirDialogsOpenTheGuideAtTheirPage) {
 
 TEST(Registers, EveryFilterHasItsPageOfTheGuide) {
     std::vector<HelpContext> opened;
-    const HelpDoor before = SetHelpDoor([&](HelpContext context) { opened.push_back(context); });
+    const DoorUse help(HelpDoor(), [&](HelpContext context) { opened.push_back(context); });
     for (const Command show : {ID_SHOW_COVERS, ID_SHOW_COMPOSITES, ID_SHOW_PRODUCTS, ID_SHOW_ISSUES})
         OpenRegister(show).Do(ID_RECORD_FILTER, {Clicked("help"), Clicked("cancel")});
-    SetHelpDoor(before);
     EXPECT_EQ((std::vector{HelpContext::CoverFilter, HelpContext::CompositeFilter, HelpContext::ProductFilter,
                            HelpContext::IssueFilter}),
               opened);

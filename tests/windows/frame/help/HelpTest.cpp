@@ -221,7 +221,7 @@ TEST_F(HelpWindow, ItsButtonsHaveIconsAndItsPicturesAFrame) {
 
 TEST(WizardSheet, ItsHelpButtonMeansThePageThatIsShown) {
     std::vector<HelpContext> opened;
-    const HelpDoor before = SetHelpDoor([&](HelpContext context) { opened.push_back(context); });
+    const DoorUse help(HelpDoor(), [&](HelpContext context) { opened.push_back(context); });
     {
         const CHelpKey key(nullptr);
         CWizardSheet sheet(nullptr);
@@ -234,7 +234,6 @@ TEST(WizardSheet, ItsHelpButtonMeansThePageThatIsShown) {
         steps.Then(InTurn({Clicked("help"), Clicked("next"), Clicked("help"), Clicked("cancel")}));
         EXPECT_FALSE(sheet.Run());
     }
-    SetHelpDoor(before);
     EXPECT_EQ((std::vector{HelpContext::MoneyImport, HelpContext::IssueItem}), opened);
 }
 
