@@ -36,7 +36,6 @@ inline constexpr std::uint32_t NoCurrentRecord = 0x80040E23; // DB_E_DELETEDROW
 inline constexpr std::uint32_t NoSuchField = 0x800A0CC1;     // adErrItemNotFound
 inline constexpr std::uint32_t ObjectClosed = 0x800A0E78;    // adErrObjectClosed
 inline constexpr std::uint32_t AtEnd = 0x800A0BCD;           // adErrNoCurrentRecord
-inline constexpr std::uint32_t BadIndex = 0x8002000B;        // DISP_E_BADINDEX
 inline constexpr std::uint32_t TypeMismatch = 0x80020005;    // DISP_E_TYPEMISMATCH
 inline constexpr std::uint32_t Overflow = 0x8002000A;        // DISP_E_OVERFLOW
 inline constexpr std::uint32_t DiskFull = 0x80070070;        // ERROR_DISK_FULL

@@ -88,7 +88,7 @@ std::unique_ptr<IWorksheet> IntroSheet(IWorkbook& workbook) {
     try {
         return workbook.Worksheet(IntroName());
     } catch (const ComError& error) {
-        if (error.Code() == ResultCode::BadIndex)
+        if (error.Code() == NoSuchSheet)
             return nullptr;
         throw;
     }

@@ -27,6 +27,7 @@ inline QString FromOffice(const OUString& text) {
 namespace OfficeResult {
 inline constexpr std::uint32_t ServerDied = 0x80010007; // RPC_E_SERVER_DIED
 inline constexpr std::uint32_t TimedOut = 0x8001011F;   // RPC_E_TIMEOUT
+inline constexpr std::uint32_t BadIndex = 0x8002000B;   // DISP_E_BADINDEX
 } // namespace OfficeResult
 
 /// An office process with our connection to it. Every object that holds something of the office holds this one too.

@@ -111,7 +111,7 @@ void COfficeWorksheet::SetCurrency(const QString& range, Currency value) {
 COfficeWorksheet::Cell COfficeWorksheet::CellAt(const QString& range) {
     const auto position = ParseAddress(range);
     if (!position)
-        throw ComError("Range", range.toStdString(), ResultCode::BadIndex,
+        throw ComError("Range", range.toStdString(), OfficeResult::BadIndex,
                        QString("Neplatná adresa buňky \"%1\".").arg(range));
     return m_sheet->getCellByPosition(position->column, position->row);
 }

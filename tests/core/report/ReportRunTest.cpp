@@ -79,7 +79,7 @@ public:
         m_office.Do(QStringLiteral("sheet ") + name);
         m_office.log.removeLast();
         if (m_office.rejected.contains(name))
-            throw ComError("sheet", name.toStdString(), ResultCode::BadIndex, QStringLiteral("no such sheet"));
+            throw ComError("sheet", name.toStdString(), NoSuchSheet, QStringLiteral("no such sheet"));
         return m_office.absent.contains(name) ? nullptr : std::make_unique<FakeSheet>(m_office, name);
     }
     void Save() override {
