@@ -35,7 +35,8 @@ CAboutDlg::CAboutDlg(QWidget* parent) : QDialog(parent), m_ui(std::make_unique<U
     MakeLink(*m_ui->mailButton, MailAddress);
     MakeLink(*m_ui->webButton, WebAddress);
     connect(m_ui->mailButton, &QPushButton::clicked, this, &CAboutDlg::SendMail);
-    connect(m_ui->webButton, &QPushButton::clicked, this, [this] { OpenWebPage(QUrl(m_ui->webButton->text())); });
+    connect(m_ui->webButton, &QPushButton::clicked, this,
+            [this] { OpenWebPage(QUrl(m_ui->webButton->text()), *this); });
     connect(m_ui->okButton, &QPushButton::clicked, this, &QDialog::accept);
     m_ui->okButton->setFocus();
 }

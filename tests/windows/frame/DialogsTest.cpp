@@ -177,53 +177,84 @@ TEST_F(BackupDlg, BrowsingProposesTheNameInTheField) {
 }
 
 /// Takes the links that the desktop would open.
-class LinkCatcher : public QObject {
+class MailCatcher : public QObject {
     Q_OBJECT
 
 public:
-    LinkCatcher() {
-        for (const char* scheme : {"mailto", "https"})
-            QDesktopServices::setUrlHandler(QString::fromLatin1(scheme), this, "Take");
-    }
-    ~LinkCatcher() override {
-        for (const char* scheme : {"mailto", "https"})
-            QDesktopServices::unsetUrlHandler(QString::fromLatin1(scheme));
-    }
+    MailCatcher() { QDesktopServices::setUrlHandler(QStringLiteral("mailto"), this, "Take"); }
+    ~MailCatcher() override { QDesktopServices::unsetUrlHandler(QStringLiteral("mailto")); }
     QList<QUrl> taken;
 
 public slots:
     void Take(const QUrl& url) { taken.append(url); }
 };
 
+/// The desktop's opener, which writes down what it is asked and ends with this code.
+class Opener {
+public:
+    explicit Opener(int exitCode) {
+        const QString program = m_folder.filePath(QStringLiteral("xdg-open"));
+        WriteFile(program, "#!/bin/sh\nprintf '%s|' \"$@\" >> \"$(dirname \"$0\")/log\"\nexit " +
+                               QByteArray::number(exitCode) + "\n");
+        QFile::setPermissions(program, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        qputenv("PATH", m_folder.path().toUtf8() + ":" + m_path);
+    }
+    ~Opener() { qputenv("PATH", m_path); }
+    Opener(const Opener&) = delete;
+    Opener& operator=(const Opener&) = delete;
+
+    std::string Asked() const {
+        const QString log = m_folder.filePath(QStringLiteral("log"));
+        return QFile::exists(log) ? FileBytes(log).toStdString() : "";
+    }
+
+private:
+    QTemporaryDir m_folder;
+    QByteArray m_path = qgetenv("PATH");
+};
+
 TEST(AboutDlg, NamesItsVersionAndItsLinksOpenByKey) {
-    LinkCatcher links;
+    MailCatcher mails;
+    const Opener opener(0);
     CAboutDlg dialog(nullptr);
     dialog.show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
     EXPECT_EQ("O aplikaci Kuvel", dialog.windowTitle().toStdString());
     const QString version = Find<QLabel>(dialog, "versionLabel").text();
     EXPECT_EQ("Kuvel, verze " KUVEL_VERSION "  (rel. Jul  2 2012)", version.toStdString());
+    QTest::keyClick(dialog.focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ("help", dialog.focusWidget()->objectName().toStdString());
     for (const char* const name : {"mailButton", "webButton"}) {
         QTest::keyClick(dialog.focusWidget(), Qt::Key_Tab);
         EXPECT_EQ(name, dialog.focusWidget()->objectName().toStdString());
         QTest::keyClick(dialog.focusWidget(), Qt::Key_Space);
     }
-    ASSERT_EQ(2, links.taken.size());
-    EXPECT_EQ("mailto", links.taken[0].scheme().toStdString());
-    EXPECT_FALSE(links.taken[0].path().isEmpty());
+    ASSERT_EQ(1, mails.taken.size());
+    EXPECT_FALSE(mails.taken[0].path().isEmpty());
     EXPECT_EQ(QStringLiteral("Připomínka k programu \"%1\"").arg(version),
-              QUrlQuery(links.taken[0]).queryItemValue(QStringLiteral("subject"), QUrl::FullyDecoded));
-    EXPECT_EQ("https", links.taken[1].scheme().toStdString());
+              QUrlQuery(mails.taken[0]).queryItemValue(QStringLiteral("subject"), QUrl::FullyDecoded));
+    const std::string web = Find<QPushButton>(dialog, "webButton").text().toStdString();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return opener.Asked() == web + "|"; }, 5000)) << opener.Asked();
 }
 
 TEST(AboutDlg, SaysWhenThereIsNoBrowser) {
-    ScriptedMessages messages;
-    CAboutDlg dialog(nullptr);
-    dialog.show();
-    messages.Expect(QStringLiteral("Stránku '%1' nelze otevřít.\nV tomto počítači není nastaven internetový prohlížeč.")
-                        .arg(Find<QPushButton>(dialog, "webButton").text()),
-                    Message::Icon::Warning);
-    Click(dialog, "webButton");
+    const QByteArray path = qgetenv("PATH");
+    for (const bool hasOpener : {true, false}) {
+        SCOPED_TRACE(hasOpener);
+        ScriptedMessages messages;
+        const Opener opener(3); // what it was asked needs a program that is not there
+        if (!hasOpener)
+            qputenv("PATH", "/nowhere");
+        CAboutDlg dialog(nullptr);
+        dialog.show();
+        messages.Expect(
+            QStringLiteral("Stránku '%1' nelze otevřít.\nV tomto počítači není nastaven internetový prohlížeč.")
+                .arg(Find<QPushButton>(dialog, "webButton").text()),
+            Message::Icon::Warning);
+        Click(dialog, "webButton");
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !messages.Shown().empty(); }, 5000));
+    }
+    EXPECT_EQ(path, qgetenv("PATH"));
 }
 
 TEST(FileDialogDoor, ShowsDatesInCzechAndTypesInFull) {

@@ -80,7 +80,7 @@ void CHelpWindow::CreateBar() {
 
 void CHelpWindow::ShowPage(const QUrl& page) {
     if (page.scheme().startsWith(QLatin1String("http"))) {
-        OpenWebPage(page);
+        OpenWebPage(page, *this);
         return;
     }
     m_browser->setSource(m_browser->source().resolved(page));
