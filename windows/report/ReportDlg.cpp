@@ -11,23 +11,18 @@ namespace {
 struct CompanyField {
     QLineEdit* Ui::ReportDlg::*edit;
     QString CompanyData::*text;
-    /// The characters that it has room for; 0 is as many as the dialog has.
-    int length = 0;
 };
-
-constexpr int NumberLength = 20;
-constexpr int TelephoneLength = 28;
 
 constexpr CompanyField Fields[] = {
     {&Ui::ReportDlg::contactPersonEdit, &CompanyData::contactPerson},
-    {&Ui::ReportDlg::taxNumberEdit, &CompanyData::taxNumber, NumberLength},
-    {&Ui::ReportDlg::companyNumberEdit, &CompanyData::companyNumber, NumberLength},
-    {&Ui::ReportDlg::faxEdit, &CompanyData::fax, TelephoneLength},
-    {&Ui::ReportDlg::telephoneEdit, &CompanyData::telephone, TelephoneLength},
+    {&Ui::ReportDlg::taxNumberEdit, &CompanyData::taxNumber},
+    {&Ui::ReportDlg::companyNumberEdit, &CompanyData::companyNumber},
+    {&Ui::ReportDlg::faxEdit, &CompanyData::fax},
+    {&Ui::ReportDlg::telephoneEdit, &CompanyData::telephone},
     {&Ui::ReportDlg::companyNameEdit, &CompanyData::name},
     {&Ui::ReportDlg::mailEdit, &CompanyData::mail},
     {&Ui::ReportDlg::officeEdit, &CompanyData::office},
-    {&Ui::ReportDlg::schemeIdEdit, &CompanyData::schemeId, NumberLength},
+    {&Ui::ReportDlg::schemeIdEdit, &CompanyData::schemeId},
     {&Ui::ReportDlg::invoiceMailEdit, &CompanyData::invoiceMail},
 };
 
@@ -43,11 +38,12 @@ CReportDlg::CReportDlg(QWidget* parent) : QDialog(parent), m_ui(std::make_unique
     m_ui->quarterSpin->setValue(m_request.period.quarter);
     m_ui->yearSpin->setValue(m_request.period.year);
     m_ui->regularRadio->setChecked(true);
-    for (const CompanyField& field : Fields) {
-        QLineEdit& edit = *(m_ui.get()->*field.edit);
-        edit.setText(m_request.company.*field.text);
-        if (field.length > 0)
-            edit.setMaximumWidth(field.length * edit.fontMetrics().averageCharWidth());
+    for (const CompanyField& field : Fields)
+        (m_ui.get()->*field.edit)->setText(m_request.company.*field.text);
+    // The fields of both groups stand below each other.
+    for (QGridLayout* const group : {m_ui->companyGroupGrid, m_ui->contactGroupGrid}) {
+        group->setColumnMinimumWidth(0, m_ui->invoiceMailLabel->sizeHint().width());
+        group->setColumnMinimumWidth(2, m_ui->faxLabel->sizeHint().width());
     }
     connect(m_ui->okButton, &QPushButton::clicked, this, &QDialog::accept);
     connect(m_ui->cancelButton, &QPushButton::clicked, this, &QDialog::reject);
