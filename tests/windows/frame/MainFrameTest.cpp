@@ -1,8 +1,10 @@
+#include "tests/windows/support/Driver.h"
 #include "tests/windows/support/FrameFolder.h"
 #include "windows/frame/FrameCommands.h"
 #include "windows/frame/StatusPanes.h"
 #include "windows/frame/doors/ProgressDoor.h"
 #include "windows/widgets/ScreenFit.h"
+#include "windows/widgets/lists/RecordList.h"
 
 #include <gtest/gtest.h>
 
@@ -163,6 +165,27 @@ TEST_F(MainFrame, ACommandThatNobodyHandlesIsDisabled) {
                                   Command::ID_RECOMPUTE_ISSUES, Command::ID_APP_ABOUT, Command::ID_HELP,
                                   Command::ID_IMPORT_MONEY, Command::ID_IMPORT_WAK})
         EXPECT_TRUE(frame->Action(command)->isEnabled()) << static_cast<int>(command);
+}
+
+TEST(MainFrameOptions, FourDecimalsAreInTheListsAtOnce) {
+    const FreshSettings settings;
+    StoreFolder f;
+    f.Sql("INSERT INTO Cover(cover_name, cover_weight) VALUES ('Víčko', 11)");
+    CKuvelDoc document(f.store);
+    CMainFrame frame(document);
+    CProgressDoor progress(frame);
+    InstallFrameCommands(frame, progress);
+    frame.show();
+    const auto shown = [&] { return Rows(Find<RecordList>(frame, "covers")); };
+    EXPECT_NE(std::string::npos, shown().find("|0,00")) << shown();
+    EXPECT_EQ(std::string::npos, shown().find("0,0011"));
+    for (const char* const expected : {"|0,0011", "|0,00"}) {
+        Steps steps;
+        steps.Then(InTurn({Clicked("fourDecimalsCheck"), Clicked("okButton")}));
+        frame.RunCommand(Command::ID_OPTIONS);
+        EXPECT_NE(std::string::npos, shown().find(expected)) << shown();
+    }
+    EXPECT_EQ(std::string::npos, shown().find("0,0011"));
 }
 
 TEST_F(MainFrame, RegistersAreCreatedOnFirstUseAndKept) {

@@ -1,9 +1,19 @@
 #include "windows/widgets/lists/ListColumn.h"
 
+#include "core/base/ListDecimals.h"
 #include "core/rules/Fields.h"
 #include "core/store/DataStore.h"
 
 namespace {
+
+constexpr std::int64_t EveryDecimal = 1;
+
+QString ValueText(const Variant& value) {
+    const auto* number = std::get_if<Currency>(&value);
+    return number != nullptr && number->status == ValueStatus::Valid && FourDecimalsInLists()
+               ? FormatCurrency(*number, EveryDecimal, 'D')
+               : FormatVariant(value);
+}
 
 CellText TextOf(const RecordField& field) {
     const char* const name = field.name;
@@ -15,10 +25,10 @@ CellText TextOf(const RecordField& field) {
     case RecordField::Kind::RangeEnd:
         return [name](const CDataStore&, const CRecordset& record) {
             return ToBool(record.get_Collect("cp_usealways")) ? QStringLiteral("-")
-                                                              : FormatVariant(record.get_Collect(name));
+                                                              : ValueText(record.get_Collect(name));
         };
     default:
-        return [name](const CDataStore&, const CRecordset& record) { return FormatVariant(record.get_Collect(name)); };
+        return [name](const CDataStore&, const CRecordset& record) { return ValueText(record.get_Collect(name)); };
     }
 }
 
