@@ -16,6 +16,7 @@
 
 #include <chrono>
 #include <csignal>
+#include <cstring>
 #include <sys/types.h>
 
 namespace {
@@ -60,11 +61,14 @@ struct Program {
         process.waitForFinished();
     }
     bool Runs() { return process.state() == QProcess::Running; }
-    /// Ended by itself, with this code and without a word.
-    void ExpectSilentEnd() {
+    void ExpectEnd() {
         EXPECT_TRUE(QTest::qWaitFor([this] { return !Runs(); }, 10000));
         EXPECT_EQ(QProcess::NormalExit, process.exitStatus());
         EXPECT_EQ(0, process.exitCode());
+    }
+    /// Ended by itself and without a word.
+    void ExpectSilentEnd() {
+        ExpectEnd();
         EXPECT_EQ("", process.readAllStandardError().toStdString());
     }
 };
@@ -127,10 +131,10 @@ TEST_F(Start, APoliteEndFromOutsideClosesTheWindow) {
         QFile::remove(folder.File("kuvel.ini"));
         Program program;
         ASSERT_TRUE(QTest::qWaitFor([&] { return !CanAcquire(folder.Path()); }, 15000));
-        QTest::qWait(1500); // its window is up
-        ASSERT_TRUE(program.Runs());
+        ASSERT_FALSE(CSingleInstance().Acquire(folder.Path(), std::chrono::seconds(15)));
+        ASSERT_TRUE(program.Runs()); // its window is up, for it answers
         kill(static_cast<pid_t>(program.process.processId()), signal);
-        program.ExpectSilentEnd();
+        program.ExpectEnd();
         EXPECT_TRUE(QFile::exists(folder.File("kuvel.ini"))) << "options are kept";
     }
 }
@@ -208,6 +212,26 @@ TEST_F(Start, OptionsAreReadAtStartAndWrittenAtExit) {
     EXPECT_FALSE(g_dataStore.IsOpen());
     EXPECT_FALSE(QFile::exists(folder.File("KuvelTmp.MDB")));
     EXPECT_TRUE(QSettings().contains(QStringLiteral("Kuvel/bars")));
+}
+
+TEST_F(Start, OptionsThatCannotBeWrittenAreTold) {
+    folder.AddDatabase();
+    CKuvelApp app;
+    ASSERT_TRUE(app.InitInstance());
+    ASSERT_TRUE(QDir().mkdir(folder.File("kuvel.ini")));
+    messages.Expect(QStringLiteral("Nemohu zapsat soubor '%1'\n\nChyba č.21. %2")
+                        .arg(folder.File("kuvel.ini"), QString::fromLocal8Bit(std::strerror(EISDIR))),
+                    Message::Icon::Error);
+    // As the end of the user's session does it.
+    QTimer::singleShot(0, [] {
+        QEvent quit(QEvent::Quit);
+        QCoreApplication::sendEvent(QCoreApplication::instance(), &quit);
+    });
+    QCoreApplication::exec();
+    EXPECT_FALSE(app.MainFrame()->isVisible());
+    EXPECT_TRUE(QSettings().contains(QStringLiteral("Kuvel/bars")));
+    app.ExitInstance();
+    EXPECT_FALSE(g_dataStore.IsOpen());
 }
 
 } // namespace

@@ -209,8 +209,8 @@ TEST_F(HelpWindow, FindsWordsInAnyOfTheirForms) {
 TEST_F(HelpWindow, ItsButtonsHaveIconsAndItsPicturesAFrame) {
     for (const QAction* action : Find<QToolBar>(help, "helpBar").actions())
         EXPECT_FALSE(action->icon().pixmap(16).isNull()) << action->text().toStdString();
-    EXPECT_LT(0, Find<QLineEdit>(help, "helpSearch").x());
     help.Open(HelpContext::Options);
+    EXPECT_LT(0, Find<QLineEdit>(help, "helpSearch").x());
     const QVariant picture = browser.document()->resource(QTextDocument::ImageResource,
                                                           QUrl(QStringLiteral("qrc:/help/obrazky/moznosti.png")));
     const auto image = picture.value<QImage>();
