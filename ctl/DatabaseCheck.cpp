@@ -62,6 +62,22 @@ constexpr Rule Rules[] = {
     {"Move", "move_export", "t.move_export IS NULL", "must be 0 or 1"},
     {"Product", "prod_source", "t.prod_source NOT IN (0, 1, 2)", "is no known source"},
     {"Move", "move_source", "t.move_source NOT IN (0, 1, 2)", "is no known source"},
+    {"Prod_Cover", "cp_usefrom", "t.cp_usealways = 0 AND t.cp_usefrom > t.cp_useto", "is greater than cp_useto"},
+    {"CompCover_Item", "cp_usefrom", "t.cp_usealways = 0 AND t.cp_usefrom > t.cp_useto", "is greater than cp_useto"},
+    // An import would overwrite the first one only.
+    {"Product", "prod_scrid",
+     "t.prod_source IN (1, 2) AND EXISTS (SELECT 1 FROM Product AS o WHERE o.prod_source = t.prod_source AND "
+     "o.prod_scrid = t.prod_scrid AND o.prod_id < t.prod_id)",
+     "is another product's number in the same source"},
+    {"Move", "move_num",
+     "t.move_source IN (1, 2) AND EXISTS (SELECT 1 FROM Move AS o WHERE o.move_source = t.move_source AND "
+     "o.move_num = t.move_num COLLATE NOCASE AND o.move_id < t.move_id)",
+     "is another issue's number in the same source"},
+    // Of two definitions of a day the one with the later time holds, also when the other one was made after it.
+    {"Prod_CoverDT", "dt_from",
+     "EXISTS (SELECT 1 FROM Prod_CoverDT AS o WHERE o.prod_id = t.prod_id AND o.dt_id < t.dt_id AND "
+     "substr(o.dt_from, 1, 10) = substr(t.dt_from, 1, 10) AND o.dt_from > t.dt_from)",
+     "is overruled by an older definition of the same day"},
     {"Move_Cover", "move_id",
      "EXISTS (SELECT 1 FROM Move_Prod AS l WHERE l.mvprod_id = t.mvprod_id AND l.move_id <> t.move_id)",
      "is not the issue of its line"},
@@ -114,7 +130,7 @@ private:
             return QStringLiteral("(empty)");
         const int stored = sqlite3_column_type(row.Get(), index);
         if (stored == SQLITE_TEXT)
-            return u'\'' + Text(row.Text(index)).left(40).replace(u'\n', u' ') + u'\'';
+            return u'\'' + Text(row.Text(index)).left(40).replace(u'\n', u' ').replace(QChar::Null, u'\uFFFD') + u'\'';
         if (stored == SQLITE_BLOB)
             return QStringLiteral("(bytes)");
         const jet::Column* known = m_store.Engine().Tables().FindTable(table)->FindColumn(column);
@@ -125,9 +141,20 @@ private:
 
     void Finding(const std::string& table, const sqlite::Statement& row, const std::string& column,
                  const QString& words) {
-        Report(QStringLiteral("%1 %2: %3 %4 %5")
-                   .arg(QString::fromStdString(table), QString::number(row.Integer(0)), QString::fromStdString(column),
-                        Shown(row, 1, table, column), words));
+        Report(QStringLiteral("%1 %2%3: %4 %5 %6")
+                   .arg(QString::fromStdString(table), QString::number(row.Integer(0)),
+                        OwnerName(table, row.Integer(0)), QString::fromStdString(column), Shown(row, 1, table, column),
+                        words));
+    }
+
+    /// The items of a composite have no key that a user could look for.
+    QString OwnerName(const std::string& table, std::int64_t row) const {
+        if (table != "CompCover_Item")
+            return {};
+        sqlite::Statement name(m_database, "SELECT c.ccover_name FROM CompCover_Item AS i JOIN CompCover AS c ON "
+                                           "c.ccover_id = i.ccover_id WHERE i.rowid = " +
+                                               std::to_string(row));
+        return name.Step() ? QStringLiteral(" of '%1'").arg(Text(name.Text(0))) : QString();
     }
 
     /// Every row that meets `wrong`.
@@ -166,6 +193,8 @@ private:
             break;
         case jet::ValueType::Text:
             Find(table.name, column.name, storedAs("text"), "must be a text");
+            Find(table.name, column.name,
+                 "typeof(" + value + ") = 'text' AND instr(CAST(" + value + " AS BLOB), x'00') > 0", "holds a NUL");
             break;
         case jet::ValueType::Date:
             CheckDates(table.name, column.name);

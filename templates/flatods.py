@@ -14,11 +14,12 @@ NAMESPACES = {
     "of": "urn:oasis:names:tc:opendocument:xmlns:of:1.2",
 }
 
-# A flat ODS cell refers to a number format by name; these are all that the form knows.
+# A flat ODS cell refers to a number format by name; these are all that the form knows. They are Czech in any office.
+CZECH = 'number:language="cs" number:country="CZ"'
 NUMBER_FORMATS = {
-    "tonnes": '<number:number-style style:name="N-tonnes"><number:number number:decimal-places="4" '
+    "tonnes": f'<number:number-style style:name="N-tonnes" {CZECH}><number:number number:decimal-places="4" '
     'number:min-decimal-places="4" number:min-integer-digits="1" number:grouping="true"/></number:number-style>',
-    "ordinal": '<number:number-style style:name="N-ordinal"><number:number number:decimal-places="0" '
+    "ordinal": f'<number:number-style style:name="N-ordinal" {CZECH}><number:number number:decimal-places="0" '
     'number:min-integer-digits="1"/><number:text>.</number:text></number:number-style>',
     "text": '<number:text-style style:name="N-text"><number:text-content/></number:text-style>',
 }
@@ -151,6 +152,8 @@ class Workbook:
             cell += f' fo:border-bottom="{BORDERS[properties["underline"]]}"'
         if properties.get("wrap"):
             cell += ' fo:wrap-option="wrap"'
+        if properties.get("shrink"):
+            cell += ' style:shrink-to-fit="true"'
         align = properties.get("align", "start")
         cell += ' style:text-align-source="fix"'
         font = f'fo:font-size="{properties.get("size", 9)}pt" fo:color="{properties.get("color", "#000000")}"'

@@ -9,7 +9,7 @@ TOTAL = dict(border="thin", align="end", format="tonnes", bold=True, fill="#ecec
 BLOCKED = dict(border="thin", align="center", fill="#c4c4c4", color="#595959")
 NOTE = dict(size=8, color="#404040")
 LABEL = dict(size=10, align="end")
-INPUT = dict(border="line", size=10, format="text")
+INPUT = dict(border="line", size=10, format="text", shrink=True)
 
 
 def version_value(text):

@@ -29,6 +29,8 @@ public:
         return m_spreadsheet != nullptr;
     }
     IWorkbook& Open() {
+        if (!m_output.isFree)
+            RaiseTaken();
         m_workbook = m_spreadsheet->Open(m_output.path);
         return *m_workbook;
     }
@@ -49,6 +51,12 @@ public:
     }
 
 private:
+    [[noreturn]] void RaiseTaken() const {
+        throw ComError("Open", m_output.path.toStdString(), ResultCode::Fail,
+                       MessageText("Všech %i názvů výkazů pro dnešní den je použito. Odstraňte nebo přesuňte starší "
+                                   "výkazy ze složky '%s'.",
+                                   NamesOfDay, QDir::toNativeSeparators(ReportFolder())));
+    }
     template <class Act>
     static void Quietly(Act act) noexcept {
         try {
@@ -75,12 +83,23 @@ void FillFigureSheets(IWorkbook& workbook, Period period, CDataStore& store, IPr
     }
 }
 
+/// Null also where the spreadsheet rejects the name because the workbook has no such sheet.
+std::unique_ptr<IWorksheet> IntroSheet(IWorkbook& workbook) {
+    try {
+        return workbook.Worksheet(IntroName());
+    } catch (const ComError& error) {
+        if (error.Code() == NoSuchSheet)
+            return nullptr;
+        throw;
+    }
+}
+
 /// Empty when the workbook is filled and saved, otherwise why the template cannot be used. Raises ComError.
 QString FillWorkbook(IWorkbook& workbook, const QString& templatePath, const ReportRequest& request, CDataStore& store,
                      IProgress& progress) {
     const QString templateName = QDir::toNativeSeparators(templatePath);
     {
-        const std::unique_ptr<IWorksheet> intro = workbook.Worksheet(IntroName());
+        const std::unique_ptr<IWorksheet> intro = IntroSheet(workbook);
         if (!intro)
             return MessageText("Soubor '%s' neobsahuje předlohu výkazu", templateName);
         progress.SetPhaseText(QStringLiteral("sešit ") + IntroName());
@@ -91,7 +110,7 @@ QString FillWorkbook(IWorkbook& workbook, const QString& templatePath, const Rep
         WriteIntroSheet(*intro, request);
     }
     FillFigureSheets(workbook, request.period, store, progress);
-    if (const std::unique_ptr<IWorksheet> intro = workbook.Worksheet(IntroName()))
+    if (const std::unique_ptr<IWorksheet> intro = IntroSheet(workbook))
         intro->Activate();
     workbook.Save();
     return {};

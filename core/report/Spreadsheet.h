@@ -27,10 +27,13 @@ public:
     virtual void SetInteger(const QString& range, std::int32_t value) = 0;
 };
 
+inline constexpr std::uint32_t NoSuchSheet = 0x8002000B; // DISP_E_BADINDEX
+
 class IWorkbook {
 public:
     virtual ~IWorkbook() = default;
-    /// Null when the answer is no worksheet; raises when the spreadsheet rejects the name.
+    /// Null when the answer is no worksheet; raises when the spreadsheet rejects the name (with NoSuchSheet when the
+    /// workbook has no sheet of that name).
     virtual std::unique_ptr<IWorksheet> Worksheet(const QString& name) = 0;
     /// The file on disk is the old one or the whole new one, never a part.
     virtual void Save() = 0;

@@ -9,7 +9,6 @@
 
 namespace {
 
-constexpr int NamesOfDay = 99;
 /// From this year on the forms were published quarter by quarter, each good for those that follow.
 constexpr int FirstYearOfQuarterForms = 2009;
 

@@ -14,9 +14,12 @@ QString FindTemplate(Period period);
 /// The folder that reports are put into, without a trailing separator.
 QString ReportFolder();
 
+/// How many reports can be made in one day.
+inline constexpr int NamesOfDay = 99;
+
 struct OutputName {
     QString path;
-    /// False when all 99 names of the day are taken: the path is then one that no file has.
+    /// False when all names of the day are taken: the path is then one that no file has.
     bool isFree = false;
 };
 

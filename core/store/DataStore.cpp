@@ -41,8 +41,9 @@ bool CDataStore::OpenDatabase(bool checkIntegrity) {
     try {
         m_engine = std::make_shared<CEngine>(QFile::encodeName(path).toStdString(), checkIntegrity);
         return true;
-    } catch (const ComError&) {
-        ShowMessage(QStringLiteral("Nemohu otevřít databázi '%1'").arg(path), Message::Icon::Error);
+    } catch (const ComError& error) {
+        ShowMessage(QStringLiteral("Nemohu otevřít databázi '%1'\n%2").arg(path, error.Description()),
+                    Message::Icon::Error);
         return false;
     }
 }

@@ -22,9 +22,9 @@ public:
     CDataStore(const CDataStore&) = delete;
     CDataStore& operator=(const CDataStore&) = delete;
 
-    /// Opens `g_strAppDir` + "Kuvel.mdb"; never creates it. False after "Nemohu otevřít databázi '%s'" when it is not
-    /// there, not ours, damaged or write-protected. With `checkIntegrity` the whole file is read, and damage anywhere
-    /// counts as a file that cannot be opened.
+    /// Opens `g_strAppDir` + "Kuvel.mdb"; never creates it. False after "Nemohu otevřít databázi '%s'", whose second
+    /// line says why: it is not there, in use, not ours, newer than the program, damaged or write-protected. With
+    /// `checkIntegrity` the whole file is read, and damage anywhere counts as a file that cannot be opened.
     bool OpenDatabase(bool checkIntegrity = false);
     /// True also when nothing is open; false when a commit group or an edit was open, which is taken back.
     bool CloseDatabase();

@@ -124,8 +124,12 @@ CEngine::CEngine(const std::string& path, bool checkIntegrity) : m_database(sqli
 
 void CEngine::CheckIdentity(const std::string& path) {
     sqlite3* const database = m_database.get();
-    if (Pragma(database, "PRAGMA application_id") != ApplicationId ||
-        Pragma(database, "PRAGMA user_version") != SchemaVersion)
+    const bool ours = Pragma(database, "PRAGMA application_id") == ApplicationId;
+    const std::int64_t version = Pragma(database, "PRAGMA user_version");
+    if (ours && version > SchemaVersion)
+        throw ComError("open", path, ResultCode::Fail,
+                       QStringLiteral("Databáze je z novější verze programu, než je tato."));
+    if (!ours || version != SchemaVersion)
         sqlite::Raise(database, SQLITE_NOTADB, "open", path);
     // The engine reads what a last page lacks as noughts. The lock keeps a writer from being caught half-way.
     sqlite::Execute(database, "BEGIN");

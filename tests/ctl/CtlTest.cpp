@@ -1,6 +1,7 @@
 #include "core/report/CompanyData.h"
 #include "ctl/sample/SampleCompany.h"
 #include "tests/support/Kuvelctl.h"
+#include "tests/support/OtherProgram.h"
 #include "tests/support/ProgramFolder.h"
 #include "tests/support/XlsFile.h"
 
@@ -11,6 +12,9 @@
 #include <QRegularExpression>
 
 #include <csignal>
+#include <functional>
+#include <optional>
+#include <tuple>
 
 namespace {
 
@@ -239,8 +243,36 @@ TEST(Kuvelctl, ADatabaseThatCannotBeOpenedStaysAsItIs) {
         const CtlResult result = CKuvelctl(folder.Path()).Run(command);
         EXPECT_EQ(1, result.exitCode) << command;
         EXPECT_EQ("", result.output.toStdString()) << command;
-        EXPECT_EQ("Nemohu otevřít databázi '" + folder.File("Kuvel.mdb") + "'\n", result.errors) << command;
+        EXPECT_EQ("Nemohu otevřít databázi '" + folder.File("Kuvel.mdb") + "'\nSoubor není databází programu.\n",
+                  result.errors)
+            << command;
         EXPECT_EQ("obaly", FileBytes(folder.File("Kuvel.mdb"))) << command;
+    }
+}
+
+TEST(Kuvelctl, SaysWhyTheDatabaseCannotBeOpened) {
+    const std::tuple<const char*, std::function<void(const ProgramFolder&)>, const char*> cases[] = {
+        {"missing", [](const ProgramFolder& f) { QFile::remove(f.File("Kuvel.mdb")); }, "Soubor neexistuje."},
+        {"in use", [](const ProgramFolder&) {}, "Databázi právě používá jiná aplikace."},
+        {"damaged", [](const ProgramFolder& f) { QFile::resize(f.File("Kuvel.mdb"), 5000); },
+         "Soubor databáze je poškozen."},
+        {"newer", [](const ProgramFolder& f) { f.Sql("PRAGMA user_version = 2"); },
+         "Databáze je z novější verze programu, než je tato."},
+        {"a stranger's", [](const ProgramFolder& f) { f.Sql("PRAGMA application_id = 1"); },
+         "Soubor není databází programu."},
+    };
+    for (const auto& [fault, spoil, why] : cases) {
+        const ProgramFolder folder;
+        folder.AddDatabase();
+        std::optional<OtherProgram> other;
+        if (std::string(fault) == "in use")
+            other.emplace(folder).Run("BEGIN EXCLUSIVE");
+        spoil(folder);
+        const CtlResult result = CKuvelctl(folder.Path()).Run("figures 2012 2");
+        EXPECT_EQ(1, result.exitCode) << fault;
+        EXPECT_EQ("Nemohu otevřít databázi '" + folder.File("Kuvel.mdb") + "'\n" + QString::fromUtf8(why) + "\n",
+                  result.errors)
+            << fault;
     }
 }
 

@@ -37,7 +37,7 @@ TEST(DatabaseCheck, NamesEachFault) {
         {"UPDATE Prod_Cover SET dt_id = NULL", "Prod_Cover 1: dt_id (empty) is not in Prod_CoverDT"},
         {"UPDATE Prod_Cover SET cover_id = 9", "Prod_Cover 1: cover_id 9 is not in Cover"},
         {"UPDATE CompCover_Item SET ccover_id = 9", "CompCover_Item 1: ccover_id 9 is not in CompCover"},
-        {"UPDATE CompCover_Item SET cover_id = 9", "CompCover_Item 1: cover_id 9 is not in Cover"},
+        {"UPDATE CompCover_Item SET cover_id = 9", "CompCover_Item 1 of 'Sada': cover_id 9 is not in Cover"},
         {"INSERT INTO TmpCover_Item (ti_id, cover_id, cover_type, cover_org, cover_pay) VALUES (4, 9, 0, 0, 0)",
          "TmpCover_Item 4: cover_id 9 is not in Cover"},
         {"UPDATE Move_Prod SET move_id = 9 WHERE mvprod_id = 2", "Move_Prod 2: move_id 9 is not in Move"},
@@ -59,7 +59,7 @@ TEST(DatabaseCheck, NamesEachFault) {
         {"UPDATE Move_Cover SET cover_org = -1", "Move_Cover 1: cover_org -1 is not in the list CoverOrigin"},
         {"UPDATE Prod_Cover SET cover_pay = 3", "Prod_Cover 1: cover_pay 3 is not in the list CoverPayment"},
         {"UPDATE CompCover_Item SET cover_type = NULL",
-         "CompCover_Item 1: cover_type (empty) is not in the list CoverType"},
+         "CompCover_Item 1 of 'Sada': cover_type (empty) is not in the list CoverType"},
         {"UPDATE CoverDiscard SET disc_type = 3", "CoverDiscard 1: disc_type 3 is not in the list DiscardType"},
         {"UPDATE Move SET move_type = 4 WHERE move_id = 1", "Move 1: move_type 4 is not in the list MoveType"},
         {"UPDATE Cover SET cover_mat = 'sklo' WHERE cover_id = 1",
@@ -79,10 +79,23 @@ TEST(DatabaseCheck, NamesEachFault) {
          "Cover 1: cover_weight -1.5000 must be greater than 0"},
         {"UPDATE Prod_Cover SET cp_qtyprod = 0", "Prod_Cover 1: cp_qtyprod 0.0000 must be greater than 0"},
         {"UPDATE CompCover_Item SET cp_qtycover = NULL, cp_qtyprod = -1",
-         "CompCover_Item 1: cp_qtyprod -0.0001 must be greater than 0\nCompCover_Item 1: cp_qtycover (empty) must be a "
-         "number"},
+         "CompCover_Item 1 of 'Sada': cp_qtyprod -0.0001 must be greater than 0\nCompCover_Item 1 of 'Sada': "
+         "cp_qtycover (empty) must be a number"},
         {"UPDATE Move_Prod SET mvprod_qty = NULL WHERE mvprod_id = 2",
          "Move_Prod 2: mvprod_qty (empty) must be a number"},
+        {"UPDATE Prod_Cover SET cp_usealways = 0, cp_usefrom = 20000, cp_useto = 10000",
+         "Prod_Cover 1: cp_usefrom 2.0000 is greater than cp_useto"},
+        {"UPDATE Prod_Cover SET cp_usefrom = 20000, cp_useto = 10000", ""}, // not looked at
+        {"UPDATE CompCover_Item SET cp_usealways = 0, cp_usefrom = 1",
+         "CompCover_Item 1 of 'Sada': cp_usefrom 0.0001 is greater than cp_useto"},
+        {"INSERT INTO Product (prod_name, prod_source, prod_scrid) VALUES ('Prach', 1, 77), ('Sůl', 2, 77)",
+         "Product 3: prod_scrid 77 is another product's number in the same source"},
+        {"INSERT INTO Product (prod_name) VALUES ('Sůl'), ('Sůl')", ""},
+        {"INSERT INTO Move (move_num, move_date, move_type, move_source) VALUES ('dl2', '2012-05-06', 0, 2), ('DL2', "
+         "'2012-05-06', 0, 1)",
+         "Move 3: move_num 'dl2' is another issue's number in the same source"},
+        {"UPDATE Cover SET cover_name = 'Kra' || char(0) || 'bice' WHERE cover_id = 1",
+         "Cover 1: cover_name 'Kra\uFFFDbice' holds a NUL"},
         {"UPDATE Product SET prod_source = 3 WHERE prod_id = 2", "Product 2: prod_source 3 is no known source"},
     };
     for (const auto& [fault, expected] : cases) {
@@ -100,6 +113,12 @@ TEST(DatabaseCheck, NotesDoubleDefinitionsWithoutCountingThem) {
     std::int64_t count = -1;
     EXPECT_EQ("note: product 1 has 2 packaging definitions from 2012-07-01", Findings(company, &count));
     EXPECT_EQ(0, count);
+    // The one made last would not hold.
+    company.Sql("INSERT INTO Prod_CoverDT VALUES (4, 1, '2012-07-01 09:00:00')");
+    EXPECT_EQ("Prod_CoverDT 4: dt_from '2012-07-01 09:00:00' is overruled by an older definition of the same day\n"
+              "note: product 1 has 3 packaging definitions from 2012-07-01",
+              Findings(company, &count));
+    EXPECT_EQ(1, count);
 }
 
 TEST(DatabaseCheck, FindsADamagedFile) {

@@ -4,6 +4,8 @@
 #include "core/base/Shared.h"
 #include "core/base/SqlText.h"
 #include "ui_AboutDlg.h"
+#include "windows/widgets/HelpButton.h"
+#include "windows/widgets/WebLink.h"
 
 #include <QDesktopServices>
 #include <QIcon>
@@ -27,13 +29,14 @@ void MakeLink(QPushButton& button, const char* address) {
 
 CAboutDlg::CAboutDlg(QWidget* parent) : QDialog(parent), m_ui(std::make_unique<Ui::AboutDlg>()) {
     m_ui->setupUi(this);
+    AddHelpButton(*m_ui->okButton, HelpContext::Contents);
     m_ui->iconLabel->setPixmap(QIcon(QStringLiteral(":/icons/kuvel.svg")).pixmap(QSize(48, 48), devicePixelRatioF()));
     m_ui->versionLabel->setText(MessageText("Kuvel, verze %s  (rel. %s)", FormatVersion(), "Jul  2 2012"));
     MakeLink(*m_ui->mailButton, MailAddress);
     MakeLink(*m_ui->webButton, WebAddress);
     connect(m_ui->mailButton, &QPushButton::clicked, this, &CAboutDlg::SendMail);
     connect(m_ui->webButton, &QPushButton::clicked, this,
-            [this] { QDesktopServices::openUrl(QUrl(m_ui->webButton->text())); });
+            [this] { OpenWebPage(QUrl(m_ui->webButton->text()), *this); });
     connect(m_ui->okButton, &QPushButton::clicked, this, &QDialog::accept);
     m_ui->okButton->setFocus();
 }

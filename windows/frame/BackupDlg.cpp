@@ -6,6 +6,7 @@
 #include "core/base/Profile.h"
 #include "core/base/SqlText.h"
 #include "ui_BackupDlg.h"
+#include "windows/widgets/HelpButton.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -37,6 +38,7 @@ CBackupDlg::CBackupDlg(Mode mode, CDataStore& store, BackupActions actions, QWid
     : QDialog(parent), m_ui(std::make_unique<Ui::BackupDlg>()), m_mode(mode), m_store(store),
       m_actions(std::move(actions)) {
     m_ui->setupUi(this);
+    AddHelpButton(*m_ui->closeButton, HelpContext::Backup);
     if (mode == Mode::Backup) {
         m_ui->actionButton->setText(QStringLiteral("Vytvořit zálohu"));
         m_ui->pathLabel->setText(QStringLiteral("Zálohovat do souboru:"));

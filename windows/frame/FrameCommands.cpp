@@ -1,5 +1,6 @@
 #include "windows/frame/FrameCommands.h"
 
+#include "core/base/ListDecimals.h"
 #include "core/rules/BulkRecompute.h"
 #include "core/rules/Propagation.h"
 #include "windows/frame/AboutDlg.h"
@@ -30,6 +31,13 @@ void RunRecompute(CMainFrame& frame, CProgressDoor& progress) {
     frame.RegisterArea().Broadcast(ViewMessage::WM_COVERS_CHANGED, nullptr);
 }
 
+void RunOptions(CMainFrame& frame) {
+    const bool fourDecimals = FourDecimalsInLists();
+    COptionsDlg(*Options(), &frame).exec();
+    if (FourDecimalsInLists() != fourDecimals)
+        frame.RegisterArea().Broadcast(ViewMessage::Refresh, nullptr);
+}
+
 void ShowHelp(QPointer<CHelpWindow>& window, HelpContext context) {
     if (window == nullptr)
         window = new CHelpWindow;
@@ -46,7 +54,7 @@ void InstallFrameCommands(CMainFrame& frame, CProgressDoor& progress) {
     frame.SetHandler(ID_RECOMPUTE_ISSUES, [&] { RunRecompute(frame, progress); });
     InstallImportCommands(frame, progress);
     frame.RegisterArea().SetProgress(progress);
-    frame.SetHandler(ID_OPTIONS, [&] { COptionsDlg(*Options(), &frame).exec(); });
+    frame.SetHandler(ID_OPTIONS, [&] { RunOptions(frame); });
     frame.SetHandler(ID_APP_ABOUT, [&] { CAboutDlg(&frame).exec(); });
     frame.SetHandler(ID_HELP, [] { OpenHelp(HelpContext::Contents); });
     static QPointer<CHelpWindow> help;

@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 
+class CEndSignals;
 class CKuvelDoc;
 class CMainFrame;
 class CProgressDoor;
@@ -36,5 +37,6 @@ private:
     std::unique_ptr<CKuvelDoc> m_document;
     std::unique_ptr<CProgressDoor> m_progress;
     std::unique_ptr<CMainFrame> m_frame;
+    std::unique_ptr<CEndSignals> m_endSignals;
     int m_initResult = 1;
 };

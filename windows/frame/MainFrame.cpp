@@ -5,6 +5,7 @@
 #include "windows/frame/StatusPanes.h"
 #include "windows/widgets/DisabledWindow.h"
 #include "windows/widgets/Guarded.h"
+#include "windows/widgets/ScreenFit.h"
 #include "windows/widgets/commands/CommandTable.h"
 
 #include <QAction>
@@ -45,7 +46,7 @@ CMainFrame::CMainFrame(CKuvelDoc& doc, std::span<const RegisterEntry> registers)
     connect(m_registers, &CRegisterArea::Said, this,
             [this](const QString& text) { statusBar()->showMessage(text, SaidFor); });
     connect(m_registers, &CRegisterArea::Switched, this, &CMainFrame::UpdateCommands);
-    resize(1000, 650);
+    resize(FittingSize(*this, {1280, 800}));
     RestoreLayout();
     if (!registers.empty())
         m_registers->Show(registers.front().show);

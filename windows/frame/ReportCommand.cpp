@@ -3,6 +3,7 @@
 #include "core/base/Messages.h"
 #include "core/base/SqlText.h"
 #include "core/report/ReportRun.h"
+#include "core/report/office/OfficeProgram.h"
 #include "core/report/office/OfficeSpreadsheet.h"
 #include "windows/frame/doors/ProgressDoor.h"
 #include "windows/report/ReportDlg.h"
@@ -10,7 +11,6 @@
 #include <QDesktopServices>
 #include <QDir>
 #include <QProcess>
-#include <QStandardPaths>
 #include <QUrl>
 
 void RunReportCommand(CDataStore& store, CProgressDoor& progress, QWidget* parent) {
@@ -28,7 +28,7 @@ void RunReportCommand(CDataStore& store, CProgressDoor& progress, QWidget* paren
 
 bool OpenWorkbook(const QString& path) {
     // Asked for by name: another program may be the desktop's choice for the workbook's type.
-    const QString office = QStandardPaths::findExecutable(QStringLiteral("soffice"));
+    const QString office = FindOffice();
     if (!office.isEmpty() && QProcess::startDetached(office, {path}))
         return true;
     if (QDesktopServices::openUrl(QUrl::fromLocalFile(path)))

@@ -7,6 +7,7 @@
 #include <QStandardPaths>
 
 #include <fcntl.h>
+#include <poll.h>
 #include <sys/file.h>
 #include <sys/socket.h>
 #include <sys/un.h>
@@ -18,8 +19,8 @@ namespace {
 
 constexpr const char* Name = "Pelrond-Kuvel-4380-B39A-2F83B5CA4609";
 constexpr const char* ActivationToken = "XDG_ACTIVATION_TOKEN";
-constexpr int AskAttempts = 40;
-constexpr useconds_t AskPause = 50000;
+constexpr int Pause = 50; // ms
+constexpr char Heard = '!';
 
 /// In the user's own run-time folder, so that two users do not meet.
 QString BasePath(const QString& programFolder) {
@@ -40,52 +41,98 @@ bool Address(const QString& path, sockaddr_un& address) {
     return true;
 }
 
-/// The first process may still be on its way from its lock to its socket.
-void AskToComeForward(const QString& path) {
-    sockaddr_un address;
-    if (!Address(path, address))
-        return;
-    const int socket = ::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0);
-    // On some desktops only the process that the user has just started may hand on the right to come forward.
-    const QByteArray token = qgetenv(ActivationToken);
-    for (int attempt = 0; attempt < AskAttempts; ++attempt) {
-        if (sendto(socket, token.constData(), static_cast<std::size_t>(token.size()), MSG_DONTWAIT,
-                   reinterpret_cast<const sockaddr*>(&address), sizeof address) >= 0)
-            break;
-        usleep(AskPause);
-    }
-    close(socket);
+/// Waits this long for something to read, or for the other end to close.
+bool IsReadable(int socket, int milliseconds) {
+    pollfd wait{socket, POLLIN, 0};
+    return poll(&wait, 1, milliseconds) > 0;
 }
+
+/// A request to the first process to come forward.
+class Request {
+public:
+    explicit Request(const QString& path) : m_good(Address(path, m_address)) {}
+    ~Request() { Drop(); }
+    Request(const Request&) = delete;
+    Request& operator=(const Request&) = delete;
+
+    /// Makes the request if it is not made, and waits a moment for the answer. What the first process has not read when
+    /// it ends is no request any more.
+    bool IsHeard() {
+        if (m_socket < 0 && !Make()) {
+            usleep(Pause * 1000);
+            return false;
+        }
+        if (!IsReadable(m_socket, Pause))
+            return false;
+        char answer = 0;
+        if (recv(m_socket, &answer, 1, MSG_DONTWAIT) == 1 && answer == Heard)
+            return true;
+        Drop();
+        return false;
+    }
+
+private:
+    bool Make() {
+        if (!m_good)
+            return false;
+        m_socket = socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0);
+        // On some desktops only the process that the user has just started may hand on the right to come forward. An
+        // empty message would look like the end.
+        const QByteArray token = qgetenv(ActivationToken).leftJustified(1);
+        if (connect(m_socket, reinterpret_cast<const sockaddr*>(&m_address), sizeof m_address) == 0 &&
+            send(m_socket, token.constData(), static_cast<std::size_t>(token.size()), MSG_NOSIGNAL) >= 0)
+            return true;
+        Drop();
+        return false;
+    }
+    void Drop() {
+        if (m_socket >= 0)
+            close(m_socket);
+        m_socket = -1;
+    }
+
+    sockaddr_un m_address;
+    bool m_good;
+    int m_socket = -1;
+};
 
 } // namespace
 
 CSingleInstance::CSingleInstance() = default;
 
 CSingleInstance::~CSingleInstance() {
-    m_notifier.reset();
-    if (m_socket >= 0) {
-        close(m_socket);
-        QFile::remove(m_socketPath);
-    }
+    StopAnswering();
     if (m_lock >= 0)
         close(m_lock);
 }
 
-bool CSingleInstance::Acquire(const QString& programFolder) {
+void CSingleInstance::StopAnswering() {
+    m_notifier.reset();
+    if (m_socket < 0)
+        return;
+    QFile::remove(m_socketPath);
+    close(m_socket);
+    m_socket = -1;
+}
+
+bool CSingleInstance::Acquire(const QString& programFolder, std::chrono::milliseconds patience) {
     const QString base = BasePath(programFolder);
     m_lock = open(QFile::encodeName(base + QStringLiteral(".lock")).constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
     // Where there is no place for a lock the program still has to run.
     if (m_lock < 0)
         return true;
     const QString socket = base + QStringLiteral(".sock");
-    if (flock(m_lock, LOCK_EX | LOCK_NB) == 0) {
-        Listen(socket);
-        return true;
+    Request request(socket);
+    const auto end = std::chrono::steady_clock::now() + patience;
+    while (flock(m_lock, LOCK_EX | LOCK_NB) != 0) {
+        if (!request.IsHeard() && std::chrono::steady_clock::now() < end)
+            continue;
+        close(m_lock);
+        m_lock = -1;
+        return false;
     }
-    close(m_lock);
-    m_lock = -1;
-    AskToComeForward(socket);
-    return false;
+    Listen(socket);
+    return true;
 }
 
 void CSingleInstance::Listen(const QString& path) {
@@ -93,9 +140,10 @@ void CSingleInstance::Listen(const QString& path) {
     if (!Address(path, address))
         return;
     QFile::remove(path); // of a process that was killed
-    m_socket = socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
+    m_socket = socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
     m_socketPath = path;
-    if (bind(m_socket, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0) {
+    if (bind(m_socket, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0 ||
+        listen(m_socket, SOMAXCONN) != 0) {
         close(m_socket);
         m_socket = -1;
     }
@@ -110,12 +158,16 @@ void CSingleInstance::OnAnotherStart(std::function<void()> act) {
 }
 
 void CSingleInstance::Answer() {
-    char token[512];
-    const ssize_t size = recv(m_socket, token, sizeof token, 0);
-    if (size < 0)
+    const int asker = accept4(m_socket, nullptr, nullptr, SOCK_CLOEXEC);
+    if (asker < 0)
         return;
-    if (size > 0)
-        qputenv(ActivationToken, QByteArray(token, static_cast<qsizetype>(size)));
-    m_act();
-    qunsetenv(ActivationToken);
+    char token[512];
+    const ssize_t size = IsReadable(asker, Pause) ? recv(asker, token, sizeof token, MSG_DONTWAIT) : -1;
+    if (size > 0 && send(asker, &Heard, 1, MSG_NOSIGNAL | MSG_DONTWAIT) == 1) {
+        if (const QByteArray given = QByteArray(token, static_cast<qsizetype>(size)).trimmed(); !given.isEmpty())
+            qputenv(ActivationToken, given);
+        m_act();
+        qunsetenv(ActivationToken);
+    }
+    close(asker);
 }

@@ -20,7 +20,7 @@ CStatusPanes::CStatusPanes(QStatusBar& bar) : QObject(&bar) {
 QLabel* CStatusPanes::AddIndicator(QStatusBar& bar, const char* name, const QString& text) {
     auto* const pane = new QLabel(text, &bar);
     pane->setObjectName(QString::fromLatin1(name));
-    pane->setFrameStyle(QFrame::Panel | QFrame::Sunken);
+    pane->setForegroundRole(QPalette::PlaceholderText);
     pane->setAlignment(Qt::AlignCenter);
     // The pane keeps its width while its text is off.
     pane->setMinimumWidth(pane->sizeHint().width() + 8);

@@ -1,10 +1,12 @@
 #include "windows/import/AskOverwriteDlg.h"
 
 #include "ui_AskOverwriteDlg.h"
+#include "windows/widgets/HelpButton.h"
 
 CAskOverwriteDlg::CAskOverwriteDlg(const QString& question, QWidget* parent)
     : QDialog(parent), m_ui(std::make_unique<Ui::AskOverwriteDlg>()) {
     m_ui->setupUi(this);
+    AddHelpButton(*m_ui->noToAllButton, HelpContext::ExistingRecords);
     m_ui->questionLabel->setText(question);
     using enum IOverwriteDoor::Answer;
     const std::pair<QPushButton*, IOverwriteDoor::Answer> buttons[] = {

@@ -23,7 +23,6 @@
 namespace {
 
 constexpr int DetailSideWidth = 240;
-constexpr int SplitterWidth = 5;
 
 /// The row of buttons above each list, by the list's level.
 const std::array<std::vector<Command>, 3> Buttons = {{
@@ -53,7 +52,10 @@ ListRegisterView::ListRegisterView(CDataStore& store, IBroadcaster& broadcaster,
     MakeGroup(m_layout.master, m_spec.master, m_spec.masterTitle, 0);
     if (m_spec.detail) {
         m_layout.splitter = new CSplitterBar(this);
-        connect(m_layout.splitter, &CSplitterBar::moved, this, [this] { Arrange(); });
+        connect(m_layout.splitter, &CSplitterBar::moved, this, [this] {
+            m_layout.wantedLeft = m_layout.splitter->x();
+            Arrange();
+        });
         MakeGroup(m_layout.detail, *m_spec.detail, m_spec.detailTitle, 1);
     }
     if (m_spec.subdetail)
@@ -89,8 +91,7 @@ void ListRegisterView::MakeGroup(ListGroup& group, const ListSpec& spec, const c
         group.buttons.append(button);
         m_buttons[command] = button;
     }
-    if (title != nullptr)
-        group.title = new CTitleBand(QString::fromUtf8(title), this);
+    group.title = new CTitleBand(QString::fromUtf8(title != nullptr ? title : ""), this);
     group.list = new RecordList(Store(), spec, this);
     group.list->setAccessibleName(QString::fromUtf8(title != nullptr ? title : m_spec.detailTitle));
     connect(group.list, &RecordList::sortChanged, this, [this, level] { RefillLevel(level); });
@@ -426,6 +427,6 @@ void ListRegisterView::showEvent(QShowEvent* event) {
     if (m_splitterPlaced || m_layout.splitter == nullptr)
         return;
     m_splitterPlaced = true;
-    m_layout.splitter->setGeometry(window()->width() - DetailSideWidth, 0, SplitterWidth, height());
+    m_layout.wantedLeft = window()->width() - DetailSideWidth;
     Arrange();
 }

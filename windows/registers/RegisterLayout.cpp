@@ -10,7 +10,7 @@ constexpr int Margin = 4;
 constexpr int Gap = 2;
 constexpr int LeastSide = 120;
 constexpr int CollapsedEdge = 2;
-constexpr int CollapsedWidth = 5;
+constexpr int SplitterWidth = 5;
 } // namespace
 
 void ListGroup::SetVisible(bool visible) const {
@@ -28,9 +28,8 @@ void RegisterLayout::Arrange(QSize view) const {
         ArrangeMaster(view.width() - Margin, bottom);
         return;
     }
-    const int left = splitter->x();
-    const bool detailsShown = left < view.width() - LeastSide;
-    const bool masterShown = !detailsShown || left >= LeastSide;
+    const bool detailsShown = wantedLeft < view.width() - LeastSide;
+    const bool masterShown = !detailsShown || wantedLeft >= LeastSide;
     PlaceSplitter(view);
     master.SetVisible(masterShown);
     detail.SetVisible(detailsShown);
@@ -42,16 +41,12 @@ void RegisterLayout::Arrange(QSize view) const {
 }
 
 void RegisterLayout::PlaceSplitter(QSize view) const {
-    int left = splitter->x();
-    int width = splitter->width();
-    if (left >= view.width() - LeastSide) {
-        left = view.width() - CollapsedEdge - CollapsedWidth;
-        width = CollapsedWidth;
-    } else if (left < LeastSide) {
+    int left = wantedLeft;
+    if (left >= view.width() - LeastSide)
+        left = view.width() - CollapsedEdge - SplitterWidth;
+    else if (left < LeastSide)
         left = CollapsedEdge;
-        width = CollapsedWidth;
-    }
-    splitter->setGeometry(left, Margin, width, view.height() - 2 * Margin);
+    splitter->setGeometry(left, Margin, SplitterWidth, view.height() - 2 * Margin);
 }
 
 int RegisterLayout::ArrangeRow(const ListGroup& group, int left, int top, int right) const {
@@ -64,8 +59,7 @@ int RegisterLayout::ArrangeRow(const ListGroup& group, int left, int top, int ri
         right -= button.width();
         group.titleButton->setGeometry(right, top, button.width(), button.height());
     }
-    if (group.title != nullptr)
-        group.title->setGeometry(left, top, qMax(0, right - left), button.height());
+    group.title->setGeometry(left, top, qMax(0, right - left), button.height());
     return top + button.height();
 }
 

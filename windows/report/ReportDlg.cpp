@@ -4,6 +4,7 @@
 #include "core/base/Messages.h"
 #include "core/base/SqlText.h"
 #include "ui_ReportDlg.h"
+#include "windows/widgets/HelpButton.h"
 
 namespace {
 
@@ -29,6 +30,7 @@ constexpr CompanyField Fields[] = {
 
 CReportDlg::CReportDlg(QWidget* parent) : QDialog(parent), m_ui(std::make_unique<Ui::ReportDlg>()) {
     m_ui->setupUi(this);
+    AddHelpButton(*m_ui->cancelButton, HelpContext::Report);
     m_request.period = DefaultPeriod(DateTime::Today());
     m_request.company = ReadCompanyData();
     m_ui->quarterSpin->SetLimits(1, 4);
@@ -38,6 +40,11 @@ CReportDlg::CReportDlg(QWidget* parent) : QDialog(parent), m_ui(std::make_unique
     m_ui->regularRadio->setChecked(true);
     for (const CompanyField& field : Fields)
         (m_ui.get()->*field.edit)->setText(m_request.company.*field.text);
+    // The fields of both groups stand below each other.
+    for (QGridLayout* const group : {m_ui->companyGroupGrid, m_ui->contactGroupGrid}) {
+        group->setColumnMinimumWidth(0, m_ui->invoiceMailLabel->sizeHint().width());
+        group->setColumnMinimumWidth(2, m_ui->faxLabel->sizeHint().width());
+    }
     connect(m_ui->okButton, &QPushButton::clicked, this, &QDialog::accept);
     connect(m_ui->cancelButton, &QPushButton::clicked, this, &QDialog::reject);
     m_ui->quarterSpin->setFocus();

@@ -3,7 +3,9 @@
 #include "windows/widgets/TypedEdit.h"
 
 #include <QBoxLayout>
+#include <QCoreApplication>
 #include <QFrame>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
@@ -47,6 +49,8 @@ CWizardSheet::CWizardSheet(QWidget* parent) : QDialog(parent), m_subject(new QLa
     m_finish = add("finish", QStringLiteral("Dokončit"));
     QPushButton* cancel = add("cancel", QStringLiteral("Storno"));
     cancel->setAutoDefault(false);
+    QPushButton* help = add("help", QStringLiteral("Nápověda"));
+    help->setAutoDefault(false);
     m_back->setAutoDefault(false);
 
     auto* all = new QVBoxLayout(this);
@@ -58,6 +62,11 @@ CWizardSheet::CWizardSheet(QWidget* parent) : QDialog(parent), m_subject(new QLa
     connect(m_next, &QPushButton::clicked, this, &CWizardSheet::PressNext);
     connect(m_finish, &QPushButton::clicked, this, &CWizardSheet::PressFinish);
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+    connect(help, &QPushButton::clicked, this, [this] {
+        // What each page needs is known to the key.
+        QKeyEvent key(QEvent::KeyPress, Qt::Key_F1, Qt::NoModifier);
+        QCoreApplication::sendEvent(&Current(), &key);
+    });
 }
 
 CWizardSheet::~CWizardSheet() {

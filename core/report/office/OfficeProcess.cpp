@@ -1,10 +1,11 @@
 #include "core/report/office/OfficeProcess.h"
 
+#include "core/report/office/OfficeProgram.h"
+
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QUrl>
 
@@ -13,14 +14,6 @@
 #include <algorithm>
 
 namespace {
-
-QString FindProgram() {
-    const QString named = qEnvironmentVariable("KUVEL_SOFFICE");
-    if (!named.isEmpty())
-        return QStandardPaths::findExecutable(named);
-    const QString onPath = QStandardPaths::findExecutable("soffice");
-    return onPath.isEmpty() ? QStandardPaths::findExecutable("soffice", {"/usr/lib/libreoffice/program"}) : onPath;
-}
 
 QString MakeRunFolder() {
     QString parent = QDir::tempPath();
@@ -71,7 +64,7 @@ QByteArrayList Environment(const QByteArray& runFolder) {
 } // namespace
 
 std::unique_ptr<COfficeProcess> COfficeProcess::Start(bool mayUseKeptProfile) {
-    const QString program = FindProgram();
+    const QString program = FindOffice();
     const QString runFolder = program.isEmpty() ? QString() : MakeRunFolder();
     if (runFolder.isEmpty())
         return nullptr;

@@ -12,8 +12,7 @@
 /// leaves nothing behind, in at most five seconds.
 class COfficeProcess {
 public:
-    /// Starts the program that the environment variable KUVEL_SOFFICE names, or else the installed office. Null when
-    /// there is none. `mayUseKeptProfile` false takes a new profile in any case.
+    /// Null when there is no office. `mayUseKeptProfile` false takes a new profile in any case.
     static std::unique_ptr<COfficeProcess> Start(bool mayUseKeptProfile);
     ~COfficeProcess();
 

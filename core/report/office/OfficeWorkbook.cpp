@@ -91,7 +91,7 @@ std::unique_ptr<IWorksheet> COfficeWorkbook::Worksheet(const QString& name) {
         try {
             m_document->getSheets()->getByName(ToOffice(name)) >>= sheet;
         } catch (const css::container::NoSuchElementException&) {
-            throw ComError("Worksheet", name.toStdString(), OfficeResult::BadIndex, failure);
+            throw ComError("Worksheet", name.toStdString(), NoSuchSheet, failure);
         }
         if (!sheet.is())
             return nullptr;

@@ -1,5 +1,6 @@
 #include "core/store/sqlite/Sqlite.h"
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -52,16 +53,33 @@ void Raise(sqlite3* database, int result, const char* operation, std::string_vie
     throw ComError(operation, std::string(text), CodeOf(result), DescriptionOf(database, result));
 }
 
+/// The engine answers whatever keeps it from opening a file with one word of its own.
+static QString WhyNotOpened(const std::string& path) {
+    struct stat entry;
+    if (stat(path.c_str(), &entry) != 0)
+        return errno == ENOENT || errno == ENOTDIR ? QStringLiteral("Soubor neexistuje.")
+                                                   : QStringLiteral("K souboru databáze nemáte přístup.");
+    if (!S_ISREG(entry.st_mode))
+        return QStringLiteral("Soubor není databází programu.");
+    return QStringLiteral("K souboru databáze nemáte přístup.");
+}
+
 Database Open(const std::string& path) {
     sqlite3* raw = nullptr;
     const int result = sqlite3_open_v2(path.c_str(), &raw, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
     Database database(raw);
+    if ((result & 0xFF) == SQLITE_CANTOPEN)
+        throw ComError("open", path, CodeOf(result), WhyNotOpened(path));
     if (result != SQLITE_OK)
         Raise(raw, result, "open", path);
     sqlite3_extended_result_codes(raw, 1);
     const std::string folder = path.substr(0, path.rfind('/') + 1);
-    if (sqlite3_db_readonly(raw, "main") != 0 || access(folder.empty() ? "." : folder.c_str(), W_OK) != 0)
+    if (sqlite3_db_readonly(raw, "main") != 0)
         Raise(raw, SQLITE_READONLY, "open", path);
+    // The journal of each change lies beside the file.
+    if (access(folder.empty() ? "." : folder.c_str(), W_OK) != 0)
+        throw ComError("open", path, ResultCode::WriteProtected,
+                       QStringLiteral("Do složky s databází nelze zapisovat."));
     return database;
 }
 

@@ -31,6 +31,15 @@ constexpr const char* Company =
     "INSERT INTO CoverDiscard (cover_id, disc_date, disc_qty, disc_type) "
     "SELECT cover_id, '%s', 70000 * cover_id, d.i FROM Cover, n d WHERE d.i < 3";
 
+/// Whether one of the workbook's formats of cells shrinks its text to fit.
+bool HasShrinkingFormat(const QByteArray& workbook) {
+    const QByteArray head("\xE0\x00\x14\x00", 4);
+    for (qsizetype at = workbook.indexOf(head); at >= 0; at = workbook.indexOf(head, at + 1))
+        if ((workbook[at + head.size() + 8] & 0x10) != 0)
+            return true;
+    return false;
+}
+
 bool Same(const CXlsFile::CCell& a, const CXlsFile::CCell& b) {
     return a.kind == b.kind && a.text == b.text && a.number == b.number;
 }
@@ -54,6 +63,10 @@ void ExpectWholeReport(const FormCase& form) {
         {"Jiří Dvořák", "CZ00123456", "00123456", "", "1/2", "=1+1", "obaly@example.cz", "'Žďár", "007", "a@b.cz"}};
     const QString path = RunReport(folder.store, SilentProgress(), LibreOfficeFactory(), request);
     ASSERT_FALSE(path.isEmpty());
+    // Amounts have a comma in an office of any language, and a long name shrinks in its cell.
+    const QByteArray bytes = FileBytes(path);
+    EXPECT_TRUE(bytes.contains("[$-405]#,##0.0000"));
+    EXPECT_TRUE(HasShrinkingFormat(bytes));
     EXPECT_EQ(1, QDir(ReportFolder()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).size());
 
     const std::vector<FigureCell> list = ListFigures(folder.store, *SilentProgress().Open({}, false), form.period.year,

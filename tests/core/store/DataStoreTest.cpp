@@ -26,25 +26,32 @@ using namespace std::chrono_literals;
 
 namespace {
 
-QString RefusalOf(const ProgramFolder& folder) {
-    return QStringLiteral("Nemohu otevřít databázi '%1'").arg(folder.File("Kuvel.mdb"));
+QString RefusalOf(const ProgramFolder& folder, const char* why) {
+    return QStringLiteral("Nemohu otevřít databázi '%1'\n%2").arg(folder.File("Kuvel.mdb"), QString::fromUtf8(why));
 }
+
+constexpr const char* Missing = "Soubor neexistuje.";
+constexpr const char* Foreign = "Soubor není databází programu.";
+constexpr const char* Damaged = "Soubor databáze je poškozen.";
+constexpr const char* Newer = "Databáze je z novější verze programu, než je tato.";
+constexpr const char* InUse = "Databázi právě používá jiná aplikace.";
 
 struct BadFile {
     std::string fault;
+    const char* why;
     std::function<void(const ProgramFolder&)> make;
     bool onlyFound = false; // by the check of the whole file
 };
 
-BadFile Changed(const std::string& sql) {
-    return {sql, [sql](const ProgramFolder& folder) {
+BadFile Changed(const std::string& sql, const char* why = Foreign) {
+    return {sql, why, [sql](const ProgramFolder& folder) {
                 folder.AddDatabase();
                 folder.Sql(sql);
             }};
 }
 
 BadFile Bytes(const std::string& fault, const std::function<QByteArray(QByteArray)>& change, bool onlyFound = false) {
-    return {fault,
+    return {fault, Damaged,
             [change](const ProgramFolder& folder) {
                 folder.AddDatabase();
                 folder.Sql(SampleRows);
@@ -56,17 +63,18 @@ BadFile Bytes(const std::string& fault, const std::function<QByteArray(QByteArra
 
 std::vector<BadFile> BadFiles() {
     std::vector<BadFile> files = {
-        {"missing", [](const ProgramFolder&) {}},
-        {"a folder", [](const ProgramFolder& folder) { QDir(folder.Path()).mkdir("Kuvel.mdb"); }},
-        {"a link to nothing",
+        {"missing", Missing, [](const ProgramFolder&) {}},
+        {"a folder", Foreign, [](const ProgramFolder& folder) { QDir(folder.Path()).mkdir("Kuvel.mdb"); }},
+        {"a link to nothing", Missing,
          [](const ProgramFolder& folder) { QFile::link("nowhere.mdb", folder.File("Kuvel.mdb")); }},
-        {"empty", [](const ProgramFolder& folder) { WriteFile(folder.File("Kuvel.mdb"), {}); }},
-        {"a long text",
+        {"cut to 1", Foreign, [](const ProgramFolder& folder) { WriteFile(folder.File("Kuvel.mdb"), "S"); }},
+        {"empty", Foreign, [](const ProgramFolder& folder) { WriteFile(folder.File("Kuvel.mdb"), {}); }},
+        {"a long text", Foreign,
          [](const ProgramFolder& folder) { WriteFile(folder.File("Kuvel.mdb"), QByteArray(20000, 'x')); }},
         Changed("PRAGMA application_id = 1265988173"),
         Changed("PRAGMA application_id = 0"),
         Changed("PRAGMA user_version = 0"),
-        Changed("PRAGMA user_version = 2"),
+        Changed("PRAGMA user_version = 2", Newer),
         Bytes("first page lost", [](QByteArray bytes) { return bytes.replace(100, 3996, QByteArray(3996, '\0')); }),
         Bytes(
             "a page in the middle lost",
@@ -75,7 +83,7 @@ std::vector<BadFile> BadFiles() {
     for (const char* table : {"Cover", "CompCover", "CompCover_Item", "TmpCover_Item", "Product", "Prod_CoverDT",
                               "Prod_Cover", "Move", "Move_Prod", "Move_Cover", "CoverDiscard", "TmpID"})
         files.push_back(Changed(std::string("DROP TABLE ") + table));
-    for (const int length : {1, 99, 511, 4096, 4097, 8192, -4096, -1})
+    for (const int length : {99, 511, 4096, 4097, 8192, -4096, -1})
         files.push_back(Bytes("cut to " + std::to_string(length), [length](const QByteArray& bytes) {
             return bytes.left(length > 0 ? length : bytes.size() + length);
         }));
@@ -103,12 +111,12 @@ TEST(OpenDatabase, RefusesWhatIsNotItsFileAndLeavesItAlone) {
         CDataStore store;
         ScriptedMessages messages;
         if (!file.onlyFound) {
-            messages.Expect(RefusalOf(folder), Message::Icon::Error);
+            messages.Expect(RefusalOf(folder, file.why), Message::Icon::Error);
             EXPECT_FALSE(store.OpenDatabase());
             EXPECT_FALSE(store.IsOpen());
             EXPECT_EQ(before, Listing(folder));
         }
-        messages.Expect(RefusalOf(folder), Message::Icon::Error);
+        messages.Expect(RefusalOf(folder, file.why), Message::Icon::Error);
         EXPECT_FALSE(store.OpenDatabase(true));
         EXPECT_TRUE(store.CloseDatabase());
         if (isFile) {
@@ -118,13 +126,13 @@ TEST(OpenDatabase, RefusesWhatIsNotItsFileAndLeavesItAlone) {
 }
 
 TEST(OpenDatabase, RefusesWhatItMayNotWrite) {
-    const std::tuple<const char*, mode_t, mode_t, bool> cases[] = {
-        {"writable", 0666, 0777, true},
-        {"file read-only", 0444, 0777, false},
-        {"file unreadable", 0000, 0777, false},
-        {"folder read-only", 0666, 0555, false}, // the journal has no place
+    const std::tuple<const char*, mode_t, mode_t, const char*> cases[] = {
+        {"writable", 0666, 0777, nullptr},
+        {"file read-only", 0444, 0777, "Databáze je chráněna proti zápisu."},
+        {"file unreadable", 0000, 0777, "K souboru databáze nemáte přístup."},
+        {"folder read-only", 0666, 0555, "Do složky s databází nelze zapisovat."}, // the journal has no place
     };
-    for (const auto& [fault, file, home, opens] : cases) {
+    for (const auto& [fault, file, home, why] : cases) {
         ProgramFolder folder;
         folder.AddDatabase();
         const QByteArray path = QFile::encodeName(folder.Path());
@@ -140,7 +148,7 @@ TEST(OpenDatabase, RefusesWhatItMayNotWrite) {
             const bool opened = store.OpenDatabase();
             return messages.Shown().empty() ? (opened ? "" : "silent") : messages.Shown()[0].text.toStdString();
         });
-        EXPECT_EQ(opens ? "" : RefusalOf(folder).toStdString(), shown) << fault;
+        EXPECT_EQ(why == nullptr ? "" : RefusalOf(folder, why).toStdString(), shown) << fault;
         ASSERT_EQ(0, chmod(path.constData(), 0700));
     }
 }
@@ -195,7 +203,7 @@ TEST(Locking, ALockedDatabaseOpensReadsAndRefusesToWriteInTime) {
     EXPECT_EQ(ResultCode::Locked, CodeOf([&] { folder.store.Query("SELECT * FROM Cover"); }));
     EXPECT_EQ(ResultCode::Locked, CodeOf([&] { covers->Requery(); }));
     ScriptedMessages messages;
-    messages.Expect(RefusalOf(folder.folder), Message::Icon::Error);
+    messages.Expect(RefusalOf(folder.folder, InUse), Message::Icon::Error);
     EXPECT_TRUE(folder.store.CloseDatabase());
     EXPECT_FALSE(folder.store.OpenDatabase());
 }

@@ -1,4 +1,5 @@
 #include "core/base/AppDir.h"
+#include "core/base/ListDecimals.h"
 #include "core/rules/Propagation.h"
 #include "tests/support/ScriptedFiles.h"
 #include "tests/windows/support/Driver.h"
@@ -8,7 +9,10 @@
 #include "windows/frame/OptionsDlg.h"
 #include "windows/frame/ReportCommand.h"
 #include "windows/frame/doors/Desktop.h"
+#include "windows/frame/doors/FileDialogDoor.h"
 #include "windows/frame/doors/MessageBoxDoor.h"
+#include "windows/report/ReportDlg.h"
+#include "windows/widgets/HelpDoor.h"
 
 #include <gtest/gtest.h>
 
@@ -18,6 +22,7 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTreeView>
 #include <QUrlQuery>
 
 namespace {
@@ -38,6 +43,48 @@ TEST(OptionsDlg, OkTakesTheChecksAndStornoDoesNot) {
         EXPECT_EQ(!taken, options.coversToPackaging != 0);
         EXPECT_NE(0, options.coversToComposites);
     }
+}
+
+TEST(OptionsDlg, KeepsTheDecimalsOfListsApart) {
+    const ProgramFolder folder;
+    ScriptedMessages messages;
+    PropagationOptions options;
+    ReadListDecimals();
+    for (const bool four : {true, false}) {
+        COptionsDlg dialog(options, nullptr);
+        dialog.show();
+        InTurn({Shows("fourDecimalsCheck", four ? "ne" : "ano"), Clicked("fourDecimalsCheck")})(dialog);
+        if (four) {
+            Click(dialog, "okButton");
+            EXPECT_TRUE(FourDecimalsInLists());
+            EXPECT_EQ("[Zobrazeni]\r\nCtyri desetinna mista v seznamech=1\r\n",
+                      FileBytes(folder.File("kuvel.ini")).toStdString());
+        } else {
+            Click(dialog, "cancelButton");
+        }
+        ReadListDecimals();
+        EXPECT_TRUE(FourDecimalsInLists());
+    }
+    QFile::remove(folder.File("kuvel.ini"));
+    ReadListDecimals();
+    EXPECT_FALSE(FourDecimalsInLists());
+}
+
+TEST(Dialogs, HaveTheirPageOfTheGuideAtAButton) {
+    StoreFolder f;
+    PropagationOptions options;
+    std::vector<HelpContext> opened;
+    const DoorUse help(HelpDoor(), [&](HelpContext context) { opened.push_back(context); });
+    COptionsDlg optionsDlg(options, nullptr);
+    CBackupDlg backupDlg(CBackupDlg::Mode::Backup, f.store, BackupActions{}, nullptr);
+    CReportDlg reportDlg(nullptr);
+    CAboutDlg aboutDlg(nullptr);
+    for (QDialog* const dialog : std::initializer_list<QDialog*>{&optionsDlg, &backupDlg, &reportDlg, &aboutDlg}) {
+        dialog->show();
+        Click(*dialog, "help");
+    }
+    EXPECT_EQ((std::vector{HelpContext::Options, HelpContext::Backup, HelpContext::Report, HelpContext::Contents}),
+              opened);
 }
 
 struct BackupDlg : testing::Test {
@@ -130,43 +177,109 @@ TEST_F(BackupDlg, BrowsingProposesTheNameInTheField) {
 }
 
 /// Takes the links that the desktop would open.
-class LinkCatcher : public QObject {
+class MailCatcher : public QObject {
     Q_OBJECT
 
 public:
-    LinkCatcher() {
-        for (const char* scheme : {"mailto", "https"})
-            QDesktopServices::setUrlHandler(QString::fromLatin1(scheme), this, "Take");
-    }
-    ~LinkCatcher() override {
-        for (const char* scheme : {"mailto", "https"})
-            QDesktopServices::unsetUrlHandler(QString::fromLatin1(scheme));
-    }
+    MailCatcher() { QDesktopServices::setUrlHandler(QStringLiteral("mailto"), this, "Take"); }
+    ~MailCatcher() override { QDesktopServices::unsetUrlHandler(QStringLiteral("mailto")); }
     QList<QUrl> taken;
 
 public slots:
     void Take(const QUrl& url) { taken.append(url); }
 };
 
+/// The desktop's opener, which writes down what it is asked and ends with this code.
+class Opener {
+public:
+    explicit Opener(int exitCode) {
+        const QString program = m_folder.filePath(QStringLiteral("xdg-open"));
+        WriteFile(program, "#!/bin/sh\nprintf '%s|' \"$@\" >> \"$(dirname \"$0\")/log\"\nexit " +
+                               QByteArray::number(exitCode) + "\n");
+        QFile::setPermissions(program, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        qputenv("PATH", m_folder.path().toUtf8() + ":" + m_path);
+    }
+    ~Opener() { qputenv("PATH", m_path); }
+    Opener(const Opener&) = delete;
+    Opener& operator=(const Opener&) = delete;
+
+    std::string Asked() const {
+        const QString log = m_folder.filePath(QStringLiteral("log"));
+        return QFile::exists(log) ? FileBytes(log).toStdString() : "";
+    }
+
+private:
+    QTemporaryDir m_folder;
+    QByteArray m_path = qgetenv("PATH");
+};
+
 TEST(AboutDlg, NamesItsVersionAndItsLinksOpenByKey) {
-    LinkCatcher links;
+    MailCatcher mails;
+    const Opener opener(0);
     CAboutDlg dialog(nullptr);
     dialog.show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
     EXPECT_EQ("O aplikaci Kuvel", dialog.windowTitle().toStdString());
     const QString version = Find<QLabel>(dialog, "versionLabel").text();
     EXPECT_EQ("Kuvel, verze " KUVEL_VERSION "  (rel. Jul  2 2012)", version.toStdString());
+    QTest::keyClick(dialog.focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ("help", dialog.focusWidget()->objectName().toStdString());
     for (const char* const name : {"mailButton", "webButton"}) {
         QTest::keyClick(dialog.focusWidget(), Qt::Key_Tab);
         EXPECT_EQ(name, dialog.focusWidget()->objectName().toStdString());
         QTest::keyClick(dialog.focusWidget(), Qt::Key_Space);
     }
-    ASSERT_EQ(2, links.taken.size());
-    EXPECT_EQ("mailto", links.taken[0].scheme().toStdString());
-    EXPECT_FALSE(links.taken[0].path().isEmpty());
+    ASSERT_EQ(1, mails.taken.size());
+    EXPECT_FALSE(mails.taken[0].path().isEmpty());
     EXPECT_EQ(QStringLiteral("Připomínka k programu \"%1\"").arg(version),
-              QUrlQuery(links.taken[0]).queryItemValue(QStringLiteral("subject"), QUrl::FullyDecoded));
-    EXPECT_EQ("https", links.taken[1].scheme().toStdString());
+              QUrlQuery(mails.taken[0]).queryItemValue(QStringLiteral("subject"), QUrl::FullyDecoded));
+    const std::string web = Find<QPushButton>(dialog, "webButton").text().toStdString();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return opener.Asked() == web + "|"; }, 5000)) << opener.Asked();
+}
+
+TEST(AboutDlg, SaysWhenThereIsNoBrowser) {
+    const QByteArray path = qgetenv("PATH");
+    for (const bool hasOpener : {true, false}) {
+        SCOPED_TRACE(hasOpener);
+        ScriptedMessages messages;
+        const Opener opener(3); // what it was asked needs a program that is not there
+        if (!hasOpener)
+            qputenv("PATH", "/nowhere");
+        CAboutDlg dialog(nullptr);
+        dialog.show();
+        messages.Expect(
+            QStringLiteral("Stránku '%1' nelze otevřít.\nV tomto počítači není nastaven internetový prohlížeč.")
+                .arg(Find<QPushButton>(dialog, "webButton").text()),
+            Message::Icon::Warning);
+        Click(dialog, "webButton");
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !messages.Shown().empty(); }, 5000));
+    }
+    EXPECT_EQ(path, qgetenv("PATH"));
+}
+
+TEST(FileDialogDoor, ShowsDatesInCzechAndTypesInFull) {
+    SetUpDesktop();
+    const ProgramFolder folder;
+    WriteFile(folder.File("kuvel.ini"), "x");
+    QFile file(folder.File("kuvel.ini"));
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    file.setFileTime(QDateTime({2012, 7, 2}, {10, 15}), QFileDevice::FileModificationTime);
+    Steps steps;
+    steps.Then([](QWidget& dialog) {
+        auto& list = Find<QTreeView>(dialog, "treeView");
+        const auto cell = [&](int column) {
+            return list.model()->index(0, column, list.rootIndex()).data().toString();
+        };
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !cell(3).isEmpty(); }, 5000));
+        EXPECT_EQ("kuvel.ini", cell(0).toStdString());
+        EXPECT_EQ("2. července 2012 10:15", cell(3).toStdString());
+        for (int column = 1; column < 4; ++column)
+            EXPECT_LE(static_cast<QAbstractItemView&>(list).sizeHintForColumn(column), list.columnWidth(column))
+                << column;
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    });
+    CFileDialogDoor door;
+    EXPECT_EQ("", door.OpenFile({QStringLiteral("Otevřít"), folder.Path(), {}, {}}).toStdString());
 }
 
 TEST(MessageBoxDoor, SpeaksCzechAndAnswersNoWhenClosed) {
@@ -215,12 +328,19 @@ TEST(OpenWorkbook, StartsTheUsersOfficeWithTheFile) {
                       "\"$(dirname \"$0\")/log\"\n");
     QFile::setPermissions(office, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     const QByteArray path = qgetenv("PATH");
-    qputenv("PATH", folder.path().toUtf8() + ":" + path);
-    EXPECT_TRUE(OpenWorkbook(QStringLiteral("/a b/výkaz 1.XLS")));
+    const auto named = qgetenv("KUVEL_SOFFICE");
     const QString log = folder.filePath(QStringLiteral("log"));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(log); }, 5000));
-    EXPECT_EQ("/a b/výkaz 1.XLS|", FileBytes(log).toStdString());
+    // On the path, or where the one that writes the reports is named.
+    for (const bool onPath : {true, false}) {
+        QFile::remove(log);
+        qputenv("PATH", onPath ? folder.path().toUtf8() + ":" + path : path);
+        qputenv("KUVEL_SOFFICE", onPath ? QByteArray() : office.toUtf8());
+        EXPECT_TRUE(OpenWorkbook(QStringLiteral("/a b/výkaz 1.XLS")));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(log); }, 5000));
+        EXPECT_EQ("/a b/výkaz 1.XLS|", FileBytes(log).toStdString());
+    }
     qputenv("PATH", path);
+    qputenv("KUVEL_SOFFICE", named);
 }
 
 } // namespace

@@ -14,7 +14,9 @@
 #include <QTest>
 #include <QTimer>
 
+#include <chrono>
 #include <csignal>
+#include <cstring>
 #include <sys/types.h>
 
 namespace {
@@ -59,17 +61,20 @@ struct Program {
         process.waitForFinished();
     }
     bool Runs() { return process.state() == QProcess::Running; }
-    /// Ended by itself, with this code and without a word.
-    void ExpectSilentEnd() {
+    void ExpectEnd() {
         EXPECT_TRUE(QTest::qWaitFor([this] { return !Runs(); }, 10000));
         EXPECT_EQ(QProcess::NormalExit, process.exitStatus());
         EXPECT_EQ(0, process.exitCode());
+    }
+    /// Ended by itself and without a word.
+    void ExpectSilentEnd() {
+        ExpectEnd();
         EXPECT_EQ("", process.readAllStandardError().toStdString());
     }
 };
 
 bool CanAcquire(const QString& folder) {
-    return CSingleInstance().Acquire(folder);
+    return CSingleInstance().Acquire(folder, std::chrono::milliseconds(0));
 }
 
 TEST_F(Start, ASecondStartBringsTheFirstForwardAndEndsSilently) {
@@ -92,6 +97,46 @@ TEST_F(Start, ASecondStartBringsTheFirstForwardAndEndsSilently) {
     EXPECT_TRUE(came);
     EXPECT_FALSE(app.MainFrame()->isMinimized());
     EXPECT_TRUE(app.MainFrame()->isVisible());
+}
+
+TEST_F(Start, ACopyAtItsEndIsWaitedForAndItsPlaceTaken) {
+    folder.AddDatabase();
+    const auto takesOver = [this](const Program& second, const char* from) {
+        EXPECT_TRUE(QTest::qWaitFor(
+            [&] { return second.process.state() != QProcess::Running || !CanAcquire(folder.Path()); }, 15000));
+        EXPECT_EQ(QProcess::Running, second.process.state()) << from;
+    };
+    {
+        // It holds the lock and its socket, but reads no more.
+        auto first = std::make_unique<CSingleInstance>();
+        ASSERT_TRUE(first->Acquire(folder.Path()));
+        Program second;
+        QTest::qWait(2500);
+        EXPECT_TRUE(second.Runs()) << "a message that nobody reads is no answer";
+        first.reset();
+        takesOver(second, "the lock");
+    }
+    auto app = std::make_unique<CKuvelApp>();
+    ASSERT_TRUE(app->InitInstance());
+    Program second;
+    EXPECT_TRUE(app->MainFrame()->close());
+    app->ExitInstance();
+    app.reset();
+    takesOver(second, "the program");
+}
+
+TEST_F(Start, APoliteEndFromOutsideClosesTheWindow) {
+    folder.AddDatabase();
+    for (const int signal : {SIGTERM, SIGHUP}) {
+        QFile::remove(folder.File("kuvel.ini"));
+        Program program;
+        ASSERT_TRUE(QTest::qWaitFor([&] { return !CanAcquire(folder.Path()); }, 15000));
+        ASSERT_FALSE(CSingleInstance().Acquire(folder.Path(), std::chrono::seconds(15)));
+        ASSERT_TRUE(program.Runs()); // its window is up, for it answers
+        kill(static_cast<pid_t>(program.process.processId()), signal);
+        program.ExpectEnd();
+        EXPECT_TRUE(QFile::exists(folder.File("kuvel.ini"))) << "options are kept";
+    }
 }
 
 TEST_F(Start, AKilledProcessDoesNotKeepTheNextFromStarting) {
@@ -137,7 +182,8 @@ TEST_F(Start, EachFailureHasItsMessageAndEndsTheStart) {
     }
     {
         CKuvelApp app;
-        messages.Expect(QStringLiteral("Nemohu otevřít databázi '%1'").arg(Database()), Message::Icon::Error);
+        messages.Expect(QStringLiteral("Nemohu otevřít databázi '%1'\nSoubor neexistuje.").arg(Database()),
+                        Message::Icon::Error);
         EXPECT_FALSE(app.InitInstance());
         EXPECT_EQ(1, app.InitResult());
         EXPECT_EQ(nullptr, app.MainFrame());
@@ -166,6 +212,26 @@ TEST_F(Start, OptionsAreReadAtStartAndWrittenAtExit) {
     EXPECT_FALSE(g_dataStore.IsOpen());
     EXPECT_FALSE(QFile::exists(folder.File("KuvelTmp.MDB")));
     EXPECT_TRUE(QSettings().contains(QStringLiteral("Kuvel/bars")));
+}
+
+TEST_F(Start, OptionsThatCannotBeWrittenAreTold) {
+    folder.AddDatabase();
+    CKuvelApp app;
+    ASSERT_TRUE(app.InitInstance());
+    ASSERT_TRUE(QDir().mkdir(folder.File("kuvel.ini")));
+    messages.Expect(QStringLiteral("Nemohu zapsat soubor '%1'\n\nChyba č.21. %2")
+                        .arg(folder.File("kuvel.ini"), QString::fromLocal8Bit(std::strerror(EISDIR))),
+                    Message::Icon::Error);
+    // As the end of the user's session does it.
+    QTimer::singleShot(0, [] {
+        QEvent quit(QEvent::Quit);
+        QCoreApplication::sendEvent(QCoreApplication::instance(), &quit);
+    });
+    QCoreApplication::exec();
+    EXPECT_FALSE(app.MainFrame()->isVisible());
+    EXPECT_TRUE(QSettings().contains(QStringLiteral("Kuvel/bars")));
+    app.ExitInstance();
+    EXPECT_FALSE(g_dataStore.IsOpen());
 }
 
 } // namespace

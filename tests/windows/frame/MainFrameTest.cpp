@@ -1,7 +1,10 @@
+#include "tests/windows/support/Driver.h"
 #include "tests/windows/support/FrameFolder.h"
 #include "windows/frame/FrameCommands.h"
 #include "windows/frame/StatusPanes.h"
 #include "windows/frame/doors/ProgressDoor.h"
+#include "windows/widgets/ScreenFit.h"
+#include "windows/widgets/lists/RecordList.h"
 
 #include <gtest/gtest.h>
 
@@ -9,6 +12,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
+#include <QScreen>
 #include <QStatusBar>
 #include <QTest>
 #include <QToolBar>
@@ -71,6 +75,20 @@ TEST_F(MainFrame, TheMenuStandsAsDocumented) {
         EXPECT_EQ(std::string(expected[i]), lines[i].toStdString());
     EXPECT_EQ("Kuvel", frame->windowTitle().toStdString());
     EXPECT_EQ(QSize(600, 400), frame->minimumSize());
+}
+
+TEST_F(MainFrame, ANewWindowIsAsLargeAsTheScreenAllows) {
+    const QSize room = frame->screen()->availableSize();
+    ASSERT_GT(1280, room.width()) << "the screen of this test is small";
+    EXPECT_GT(room.width(), frame->width()) << "its frame has room too";
+    EXPECT_GT(room.height(), frame->height());
+    EXPECT_LT(room.width() - 60, frame->width());
+    EXPECT_EQ(QSize(640, 300), FittingSize(*frame, {640, 300}));
+}
+
+TEST_F(MainFrame, TheIndicatorsStandWithoutFrames) {
+    for (const char* const name : {"capsPane", "numPane", "scrollPane"})
+        EXPECT_EQ(QFrame::NoFrame, frame->findChild<QLabel*>(QString::fromLatin1(name))->frameShape()) << name;
 }
 
 TEST_F(MainFrame, NoMnemonicStandsTwiceInAMenu) {
@@ -147,6 +165,27 @@ TEST_F(MainFrame, ACommandThatNobodyHandlesIsDisabled) {
                                   Command::ID_RECOMPUTE_ISSUES, Command::ID_APP_ABOUT, Command::ID_HELP,
                                   Command::ID_IMPORT_MONEY, Command::ID_IMPORT_WAK})
         EXPECT_TRUE(frame->Action(command)->isEnabled()) << static_cast<int>(command);
+}
+
+TEST(MainFrameOptions, FourDecimalsAreInTheListsAtOnce) {
+    const FreshSettings settings;
+    StoreFolder f;
+    f.Sql("INSERT INTO Cover(cover_name, cover_weight) VALUES ('Víčko', 11)");
+    CKuvelDoc document(f.store);
+    CMainFrame frame(document);
+    CProgressDoor progress(frame);
+    InstallFrameCommands(frame, progress);
+    frame.show();
+    const auto shown = [&] { return Rows(Find<RecordList>(frame, "covers")); };
+    EXPECT_NE(std::string::npos, shown().find("|0,00")) << shown();
+    EXPECT_EQ(std::string::npos, shown().find("0,0011"));
+    for (const char* const expected : {"|0,0011", "|0,00"}) {
+        Steps steps;
+        steps.Then(InTurn({Clicked("fourDecimalsCheck"), Clicked("okButton")}));
+        frame.RunCommand(Command::ID_OPTIONS);
+        EXPECT_NE(std::string::npos, shown().find(expected)) << shown();
+    }
+    EXPECT_EQ(std::string::npos, shown().find("0,0011"));
 }
 
 TEST_F(MainFrame, RegistersAreCreatedOnFirstUseAndKept) {

@@ -192,10 +192,10 @@ TEST_F(MoneyPages, KeysGoThroughTheControlsAsTheyAreReadAndF1OpensTheGuide) {
     const CHelpKey key(nullptr);
     CMoneyWizard wizard;
     Run(wizard,
-        {ShowsTabOrder("agendaList", "agendaList browseButton next cancel "), PressedOn("agendaList", Qt::Key_F1),
+        {ShowsTabOrder("agendaList", "agendaList browseButton next cancel help "), PressedOn("agendaList", Qt::Key_F1),
          PressedOn("next", Qt::Key_F1), ClickedYear(0), Clicked("next"),
          ShowsTabOrder("productsCheck", "productsCheck issuesCheck exportCheck domesticEdit keepRadio back finish "
-                                        "cancel "),
+                                        "cancel help "),
          PressedOn("keepRadio", Qt::Key_Down), Shows("askRadio", "ano"), Clicked("cancel")});
     EXPECT_EQ(std::vector(2, HelpContext::MoneyImport), opened);
     EXPECT_EQ(ExistingRecords::Ask, wizard.Options().existing);
@@ -243,11 +243,12 @@ TEST_F(WakPages, KeysGoThroughTheControlsAndTheLoginIsForTheServersOwnUsers) {
     };
     Cancel<CWakWizard>(
         {ShowsTabOrder("serverEdit", "serverEdit databaseEdit sqlServerRadio userEdit passwordEdit testButton next "
-                                     "cancel "),
+                                     "cancel help "),
          hidden, ShowsEnabled({"userEdit", "passwordEdit"}, true), PressedOn("sqlServerRadio", Qt::Key_Right),
          ShowsEnabled({"userEdit", "passwordEdit"}, false), Clicked("sqlServerRadio"),
          ShowsEnabled({"userEdit", "passwordEdit"}, true), Clicked("next"),
-         ShowsTabOrder("productsCheck", "productsCheck issuesCheck fromDate toDate keepRadio back finish cancel ")});
+         ShowsTabOrder("productsCheck",
+                       "productsCheck issuesCheck fromDate toDate keepRadio back finish cancel help ")});
 }
 
 TEST_F(WakPages, WhatWasTypedIsKept) {

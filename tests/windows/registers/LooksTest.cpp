@@ -12,6 +12,7 @@
 #include "windows/import/MoneyWizard.h"
 #include "windows/import/WakWizard.h"
 #include "windows/report/ReportDlg.h"
+#include "windows/widgets/Look.h"
 
 #include <gtest/gtest.h>
 
@@ -92,6 +93,18 @@ void ExpectNothingCutOff(QWidget& window) {
 }
 
 class Looks : public testing::TestWithParam<Look> {};
+
+TEST_P(Looks, LinesBetweenCellsAreSeenAndQuiet) {
+    const WithLook look(GetParam());
+    CLook style;
+    QStyleOption option;
+    option.palette = QApplication::palette();
+    const QColor line =
+        QColor::fromRgb(static_cast<QRgb>(style.styleHint(QStyle::SH_Table_GridLineColor, &option, nullptr, nullptr)));
+    const int distance = std::abs(line.lightness() - option.palette.base().color().lightness());
+    EXPECT_LE(12, distance);
+    EXPECT_GE(30, distance);
+}
 
 TEST_P(Looks, NoDialogCutsItsTextsOff) {
     SetUpDesktop();

@@ -3,6 +3,7 @@
 #include "tests/windows/support/RegisterFixture.h"
 #include "windows/widgets/HelpDoor.h"
 #include "windows/widgets/SplitterBar.h"
+#include "windows/widgets/TitleBand.h"
 
 namespace {
 
@@ -215,6 +216,45 @@ TEST(Registers, TheirDialogsOpenTheGuideAtTheirPage) {
         OpenRegister(show).Do(ID_RECORD_ADD, {Clicked("help"), Clicked("cancel")});
     EXPECT_EQ((std::vector{HelpContext::Cover, HelpContext::CompositeCover, HelpContext::Product, HelpContext::Issue}),
               opened);
+}
+
+TEST(Registers, EveryFilterHasItsPageOfTheGuide) {
+    std::vector<HelpContext> opened;
+    const DoorUse help(HelpDoor(), [&](HelpContext context) { opened.push_back(context); });
+    for (const Command show : {ID_SHOW_COVERS, ID_SHOW_COMPOSITES, ID_SHOW_PRODUCTS, ID_SHOW_ISSUES})
+        OpenRegister(show).Do(ID_RECORD_FILTER, {Clicked("help"), Clicked("cancel")});
+    EXPECT_EQ((std::vector{HelpContext::CoverFilter, HelpContext::CompositeFilter, HelpContext::ProductFilter,
+                           HelpContext::IssueFilter}),
+              opened);
+}
+
+TEST(Registers, WideningBringsBackWhatNarrowingHid) {
+    const OpenRegister opened(ID_SHOW_COVERS);
+    opened.view->resize(1000, 400);
+    auto& bar = Find<CSplitterBar>(*opened.view, "splitter");
+    QTest::mousePress(&bar, Qt::LeftButton, {}, {2, 50});
+    QTest::mouseRelease(&bar, Qt::LeftButton, {}, QPoint(2 + 800 - bar.x(), 50));
+    ASSERT_EQ(800, bar.x());
+    const struct {
+        int width;
+        int left;
+        bool discards;
+    } steps[] = {{921, 800, true}, {920, 913, false}, {600, 593, false}, {960, 800, true}, {1000, 800, true}};
+    for (const auto& step : steps) {
+        opened.view->resize(step.width, 400);
+        EXPECT_EQ(step.left, bar.x()) << step.width;
+        EXPECT_EQ(step.discards, opened.List("discards").isVisible()) << step.width;
+    }
+}
+
+TEST(Registers, EveryListHasABandAsHighAsItsButtons) {
+    const OpenRegister opened(ID_SHOW_PRODUCTS);
+    const auto bands = opened.view->findChildren<CTitleBand*>();
+    ASSERT_EQ(3, bands.size());
+    for (const CTitleBand* band : bands) {
+        EXPECT_EQ(opened.Button(ID_RECORD_ADD).height(), band->height());
+        EXPECT_LT(40, band->width());
+    }
 }
 
 TEST(Registers, TheSplitterCollapsesEitherSide) {

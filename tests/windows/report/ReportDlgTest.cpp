@@ -128,6 +128,22 @@ constexpr Field Fields[] = {
     {"E-mail pro příjem faktur:", "invoiceMailEdit", "MailInv"},
 };
 
+TEST_F(ReportDlg, TabGoesThroughTheGroupsInReadingOrder) {
+    CReportDlg dialog(nullptr);
+    dialog.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    std::vector<std::string> expected{"quarterSpin", "yearSpin", "regularRadio"};
+    for (const Field& field : Fields)
+        expected.emplace_back(field.edit);
+    expected.insert(expected.end(), {"okButton", "cancelButton", "help", "quarterSpin"});
+    std::vector<std::string> met;
+    for (std::size_t i = 0; i < expected.size(); ++i) {
+        met.push_back(dialog.focusWidget()->objectName().toStdString());
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Tab);
+    }
+    EXPECT_EQ(expected, met);
+}
+
 TEST_F(ReportDlg, OkKeepsTheCompanysDataAndStornoWritesNothing) {
     CProfile settings(SettingsPath());
     const auto read = [&](const Field& field) {

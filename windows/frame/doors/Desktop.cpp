@@ -1,5 +1,7 @@
 #include "windows/frame/doors/Desktop.h"
 
+#include "windows/widgets/Look.h"
+
 #include <QApplication>
 #include <QIcon>
 #include <QLibraryInfo>
@@ -47,6 +49,7 @@ void SetUpDesktop() {
     InitResources();
     // Figures inside the program always have a point, also where C libraries write them.
     std::setlocale(LC_NUMERIC, "C");
+    QApplication::setStyle(new CLook);
     const QLocale czech(QStringLiteral("cs_CZ"));
     QLocale::setDefault(czech);
     auto* const catalogue = new QTranslator(qApp);

@@ -1,12 +1,29 @@
 #include "windows/frame/doors/FileDialogDoor.h"
 
 #include "windows/frame/doors/ActiveWindow.h"
+#include "windows/frame/doors/CzechFiles.h"
+#include "windows/widgets/ScreenFit.h"
 
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QHeaderView>
+#include <QTreeView>
 
 namespace {
+
+/// Only where the desktop has no dialog of its own.
+void SetUpList(QFileDialog& dialog) {
+    auto* const list = dialog.findChild<QTreeView*>();
+    if (list == nullptr)
+        return;
+    dialog.setProxyModel(new CCzechFiles(&dialog));
+    list->header()->setStretchLastSection(false);
+    for (int column = 1; column < list->header()->count(); ++column)
+        list->header()->setSectionResizeMode(column, QHeaderView::ResizeToContents);
+    list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+    dialog.resize(FittingSize(dialog, dialog.sizeHint().expandedTo({800, 480})));
+}
 
 QString Ask(const IFileDoor::Request& request, QFileDialog::AcceptMode mode, QFileDialog::FileMode fileMode) {
     QFileDialog dialog(ActiveWindow(), request.title);
@@ -19,6 +36,7 @@ QString Ask(const IFileDoor::Request& request, QFileDialog::AcceptMode mode, QFi
     if (!request.filter.isEmpty())
         dialog.setNameFilter(request.filter);
     dialog.setDefaultSuffix(request.defaultExtension);
+    SetUpList(dialog);
     const QFileInfo path(request.path);
     if (path.isDir()) {
         dialog.setDirectory(path.absoluteFilePath());

@@ -1,5 +1,8 @@
 #include "windows/frame/help/HelpBrowser.h"
 
+#include "windows/frame/help/HelpSearch.h"
+
+#include <QPainter>
 #include <QTextBlock>
 #include <QTextDocument>
 
@@ -7,15 +10,8 @@
 
 namespace {
 constexpr int NarrowestPicture = 100;
-}
-
-QString FoldedForSearch(const QString& text) {
-    QString folded = text;
-    for (QChar& letter : folded) {
-        const QString parts = letter.decomposition();
-        letter = (parts.isEmpty() ? letter : parts.front()).toLower();
-    }
-    return folded;
+/// As the lines of the pages' tables: it parts a light picture from a light page and does not glare on a dark one.
+constexpr QRgb FrameColor = 0xff8c8c8c;
 }
 
 CHelpBrowser::CHelpBrowser(QWidget* parent) : QTextBrowser(parent) {
@@ -50,6 +46,12 @@ void CHelpBrowser::FitPicture(const QTextFragment& fragment, int room) {
         return;
     if (width < picture.width())
         picture = picture.scaledToWidth(width, Qt::SmoothTransformation);
+    // A picture of few colours cannot be painted on.
+    picture.convertTo(QImage::Format_ARGB32_Premultiplied);
+    QPainter frame(&picture);
+    frame.setPen(QColor(FrameColor));
+    frame.drawRect(picture.rect().adjusted(0, 0, -1, -1));
+    frame.end();
     document()->addResource(QTextDocument::ImageResource, address, picture);
     format.setWidth(width);
     QTextCursor cursor(document());
@@ -60,13 +62,13 @@ void CHelpBrowser::FitPicture(const QTextFragment& fragment, int room) {
 
 void CHelpBrowser::Mark(const QString& text) {
     QList<ExtraSelection> places;
-    const QString sought = FoldedForSearch(text);
-    const QString page = FoldedForSearch(document()->toRawText());
-    for (qsizetype at = sought.isEmpty() ? -1 : page.indexOf(sought); at >= 0; at = page.indexOf(sought, at + 1)) {
+    int first = document()->characterCount();
+    for (const CHelpSearch::Place found : CHelpSearch(text).PlacesIn(FoldedForSearch(document()->toRawText()))) {
         ExtraSelection place;
         place.cursor = QTextCursor(document());
-        place.cursor.setPosition(static_cast<int>(at));
-        place.cursor.setPosition(static_cast<int>(at + sought.size()), QTextCursor::KeepAnchor);
+        place.cursor.setPosition(static_cast<int>(found.at));
+        place.cursor.setPosition(static_cast<int>(found.at + found.size), QTextCursor::KeepAnchor);
+        first = std::min(first, place.cursor.anchor());
         place.format.setBackground(palette().highlight());
         place.format.setForeground(palette().highlightedText());
         places.append(place);
@@ -74,9 +76,9 @@ void CHelpBrowser::Mark(const QString& text) {
     setExtraSelections(places);
     if (places.isEmpty())
         return;
-    QTextCursor first = places.front().cursor;
-    first.setPosition(first.anchor());
-    setTextCursor(first);
+    QTextCursor cursor(document());
+    cursor.setPosition(first);
+    setTextCursor(cursor);
 }
 
 void CHelpBrowser::resizeEvent(QResizeEvent* event) {

@@ -10,7 +10,7 @@ class CHelpBrowser : public QTextBrowser {
 
 public:
     explicit CHelpBrowser(QWidget* parent);
-    /// Marks every place of the text, whatever its case and accents, and goes to the first one.
+    /// Marks every place that the search finds and goes to the first one.
     void Mark(const QString& text);
 
 protected:
@@ -22,6 +22,3 @@ private:
     void FitPictures();
     void FitPicture(const QTextFragment& fragment, int room);
 };
-
-/// Without case and accents, character by character.
-QString FoldedForSearch(const QString& text);

@@ -1,6 +1,6 @@
 #include "windows/frame/help/HelpContents.h"
 
-#include "windows/frame/help/HelpBrowser.h"
+#include "windows/frame/help/HelpSearch.h"
 
 #include <QFile>
 #include <QLineEdit>
@@ -47,7 +47,7 @@ CHelpContents::CHelpContents(const QUrl& firstPage, QWidget* parent)
     m_tree->setRootIsDecorated(false);
     m_tree->setIndentation(12);
     auto* const all = new QVBoxLayout(this);
-    all->setContentsMargins(0, 0, 0, 0);
+    all->setContentsMargins(8, 8, 4, 8);
     all->addWidget(m_search);
     all->addWidget(m_tree);
     Fill(firstPage);
@@ -84,6 +84,9 @@ void CHelpContents::Fill(const QUrl& firstPage) {
             add(group, link.text, firstPage.resolved(QUrl(link.address)));
         }
     }
+    m_nothing = new QTreeWidgetItem(m_tree, {QStringLiteral("Nic nenalezeno")});
+    m_nothing->setFlags(Qt::NoItemFlags);
+    m_nothing->setHidden(true);
     m_tree->expandAll();
 }
 
@@ -108,11 +111,15 @@ void CHelpContents::ClearSearch() {
 }
 
 void CHelpContents::Seek(const QString& text) {
-    const QString folded = FoldedForSearch(text);
+    const CHelpSearch search(text);
+    bool found = false;
     for (int top = 0; top < m_tree->topLevelItemCount(); ++top) {
         QTreeWidgetItem* const group = m_tree->topLevelItem(top);
+        if (group == m_nothing)
+            continue;
         const auto misses = [&](QTreeWidgetItem* item) {
-            item->setHidden(!item->data(0, FoldedText).toString().contains(folded));
+            item->setHidden(!search.IsIn(item->data(0, FoldedText).toString()));
+            found = found || !item->isHidden();
             return item->isHidden();
         };
         int shown = 0;
@@ -123,6 +130,7 @@ void CHelpContents::Seek(const QString& text) {
         else
             misses(group);
     }
+    m_nothing->setHidden(found);
     emit sought(text);
 }
 

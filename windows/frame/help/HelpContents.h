@@ -32,4 +32,5 @@ private:
 
     QLineEdit* m_search;
     QTreeWidget* m_tree;
+    QTreeWidgetItem* m_nothing = nullptr;
 };

@@ -3,11 +3,12 @@
 #include "windows/frame/help/HelpBrowser.h"
 #include "windows/frame/help/HelpContents.h"
 #include "windows/frame/help/HelpPages.h"
+#include "windows/widgets/ScreenFit.h"
+#include "windows/widgets/WebLink.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
-#include <QDesktopServices>
 #include <QDialog>
 #include <QSettings>
 #include <QShortcut>
@@ -34,7 +35,7 @@ CHelpWindow::CHelpWindow()
     m_browser->setObjectName(QStringLiteral("helpBrowser"));
     m_browser->setAccessibleName(QStringLiteral("Text nápovědy"));
     m_browser->setOpenLinks(false);
-    resize(1060, 700);
+    resize(FittingSize(*this, {1060, 700}));
     m_splitter->addWidget(m_contents);
     m_splitter->addWidget(m_browser);
     m_splitter->setStretchFactor(1, 1);
@@ -58,8 +59,10 @@ void CHelpWindow::CreateBar() {
     QToolBar* const bar = addToolBar(QStringLiteral("Nápověda"));
     bar->setObjectName(QStringLiteral("helpBar"));
     bar->setMovable(false);
+    bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     const auto add = [&](const QString& text, const QKeySequence& keys, const char* name, auto slot) {
-        QAction* const action = bar->addAction(text, this, slot);
+        const QIcon icon(QStringLiteral(":/icons/help-%1.svg").arg(QString::fromLatin1(name)));
+        QAction* const action = bar->addAction(icon, text, this, slot);
         action->setObjectName(QString::fromLatin1(name));
         action->setShortcut(keys);
         return action;
@@ -77,7 +80,7 @@ void CHelpWindow::CreateBar() {
 
 void CHelpWindow::ShowPage(const QUrl& page) {
     if (page.scheme().startsWith(QLatin1String("http"))) {
-        QDesktopServices::openUrl(page);
+        OpenWebPage(page, *this);
         return;
     }
     m_browser->setSource(m_browser->source().resolved(page));

@@ -1,10 +1,12 @@
 #include "windows/registers/composites/CompCoverFilterDlg.h"
 
 #include "ui_CompCoverFilterDlg.h"
+#include "windows/widgets/HelpButton.h"
 
 CCompCoverFilterDlg::CCompCoverFilterDlg(const CompCoverFilter& filter, QWidget* parent)
     : QDialog(parent), m_ui(std::make_unique<Ui::CompCoverFilterDlg>()), m_filter(filter) {
     m_ui->setupUi(this);
+    AddHelpButton(*m_ui->cancel, HelpContext::CompositeFilter);
     m_ui->byName->setChecked(filter.byName);
     m_ui->name->setText(filter.name);
     m_ui->namePart->setChecked(filter.namePart);

@@ -2,11 +2,13 @@
 
 #include "ui_CoverFilterDlg.h"
 #include "windows/registers/packaging/TermsLists.h"
+#include "windows/widgets/HelpButton.h"
 #include "windows/widgets/Refuse.h"
 
 CCoverFilterDlg::CCoverFilterDlg(const CDataStore& store, const CoverFilter& filter, QWidget* parent)
     : QDialog(parent), m_ui(std::make_unique<Ui::CoverFilterDlg>()), m_filter(filter) {
     m_ui->setupUi(this);
+    AddHelpButton(*m_ui->cancel, HelpContext::CoverFilter);
     FillCodes(*m_ui->material, store.Codes(CodeList::CoverMaterial));
     FillTerms(*m_ui, store);
     ShowFilter();

@@ -2,6 +2,7 @@
 
 #include "ui_FindReplaceDlg.h"
 #include "windows/registers/find/FindOwner.h"
+#include "windows/widgets/HelpButton.h"
 #include "windows/widgets/Refuse.h"
 
 #include <QCollator>
@@ -81,6 +82,7 @@ void CFindReplaceDlg::Open(CFindOwner& owner, const std::string& field, FindMode
 
 CFindReplaceDlg::CFindReplaceDlg(QWidget* window) : QDialog(window), m_ui(std::make_unique<Ui::FindReplaceDlg>()) {
     m_ui->setupUi(this);
+    AddHelpButton(*m_ui->cancel, HelpContext::FindReplace);
     m_ui->tabs->setExpanding(false);
     m_ui->tabs->addTab(QStringLiteral("Najít"));
     m_ui->tabs->addTab(QStringLiteral("Nahradit"));

@@ -1,11 +1,13 @@
 #include "windows/registers/issues/MoveFilterDlg.h"
 
 #include "ui_MoveFilterDlg.h"
+#include "windows/widgets/HelpButton.h"
 #include "windows/widgets/Refuse.h"
 
 CMoveFilterDlg::CMoveFilterDlg(const MoveFilter& filter, QWidget* parent)
     : QDialog(parent), m_ui(std::make_unique<Ui::MoveFilterDlg>()), m_filter(filter) {
     m_ui->setupUi(this);
+    AddHelpButton(*m_ui->cancel, HelpContext::IssueFilter);
     m_ui->byNum->setChecked(m_filter.byNum);
     m_ui->num->setText(m_filter.num);
     m_ui->numPart->setChecked(m_filter.numPart);

@@ -1,10 +1,12 @@
 #include "windows/registers/products/ProdDateDlg.h"
 
 #include "ui_ProdDateDlg.h"
+#include "windows/widgets/HelpButton.h"
 
 CProdDateDlg::CProdDateDlg(const DateTime& date, QWidget* parent)
     : QDialog(parent), m_ui(std::make_unique<Ui::ProdDateDlg>()) {
     m_ui->setupUi(this);
+    AddHelpButton(*m_ui->cancel, HelpContext::ValidityDate);
     m_ui->date->SetValue(date);
     m_ui->takePackaging->hide();
     m_ui->date->setFocus();

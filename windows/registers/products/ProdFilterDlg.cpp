@@ -1,12 +1,14 @@
 #include "windows/registers/products/ProdFilterDlg.h"
 
 #include "ui_ProdFilterDlg.h"
+#include "windows/widgets/HelpButton.h"
 #include "windows/widgets/Refuse.h"
 #include "windows/widgets/edits/CodeCombo.h"
 
 CProdFilterDlg::CProdFilterDlg(const ProdFilter& filter, QWidget* parent)
     : QDialog(parent), m_ui(std::make_unique<Ui::ProdFilterDlg>()), m_filter(filter) {
     m_ui->setupUi(this);
+    AddHelpButton(*m_ui->cancel, HelpContext::ProductFilter);
     m_ui->criterion->addItem(QStringLiteral("všechny produkty"), int{ProdFilter::All});
     m_ui->criterion->addItem(QStringLiteral("jen produkty s definovanými kuvel"), int{ProdFilter::With});
     m_ui->criterion->addItem(QStringLiteral("jen produkty bez obalů"), int{ProdFilter::Without});

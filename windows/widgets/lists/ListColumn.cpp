@@ -1,5 +1,6 @@
 #include "windows/widgets/lists/ListColumn.h"
 
+#include "core/base/ListDecimals.h"
 #include "core/rules/Fields.h"
 #include "core/store/DataStore.h"
 
@@ -13,8 +14,10 @@ ListCell CellOf(const Variant& value) {
     // A product that the statement computes may be out of a currency's range.
     if (quantity != nullptr && quantity->status == ValueStatus::Invalid)
         return {QStringLiteral("mimo rozsah"), ListCell::Kind::Number};
-    if (quantity != nullptr)
-        return {std::move(text), ListCell::Kind::Number, FormatCurrency(*quantity, EveryDecimal, 'D')};
+    if (quantity != nullptr) {
+        const QString exact = FormatCurrency(*quantity, EveryDecimal, 'D');
+        return {FourDecimalsInLists() ? exact : std::move(text), ListCell::Kind::Number, exact};
+    }
     if (std::holds_alternative<std::int32_t>(value))
         return {std::move(text), ListCell::Kind::Number};
     if (std::holds_alternative<QString>(value) || IsNull(value))

@@ -30,7 +30,9 @@ struct Backups : testing::Test {
 
     QString File(const char* name) const { return f.folder.File(name); }
     QString Database() const { return File("Kuvel.mdb"); }
-    QString CannotOpen() const { return QStringLiteral("Nemohu otevřít databázi '%1'").arg(Database()); }
+    QString CannotOpen(const char* why = "Soubor není databází programu.") const {
+        return QStringLiteral("Nemohu otevřít databázi '%1'\n%2").arg(Database(), QString::fromUtf8(why));
+    }
     void Mark(int mark) const { f.Sql("DELETE FROM TmpID; INSERT INTO TmpID VALUES (" + std::to_string(mark) + ")"); }
     std::string Marks() const { return f.AskAll("SELECT id FROM TmpID"); }
     bool Backup(const QString& target) { return BackupDatabase(f.store, target, actions); }
@@ -138,7 +140,7 @@ TEST_F(Backups, ABackupIsWholeWhileAnotherProgramReads) {
 TEST_F(Backups, ProcessEndsWhenTheDatabaseIsGoneAfterABackup) {
     messages.Expect(Win32Error(EISDIR), Message::Icon::Error);
     messages.Meanwhile([&] { QFile::remove(Database()); });
-    messages.Expect(CannotOpen(), Message::Icon::Error);
+    messages.Expect(CannotOpen("Soubor neexistuje."), Message::Icon::Error);
     messages.Expect("Během zálohování došlo k chybě. Program bude ukončen!", Message::Icon::Warning);
     EXPECT_FALSE(Backup(f.folder.Path()));
     EXPECT_EQ(std::vector<int>{1}, ended);
@@ -179,11 +181,17 @@ TEST_F(Backups, ASourceThatIsNoDatabaseOfOursPutsTheOldDataBack) {
     scratched.replace(whole.size() / 2, 3000, QByteArray(3000, 'x'));
     QByteArray stranger = whole;
     stranger[71] = 'X'; // the application id
-    const QByteArray sources[] = {"jen text", "", scratched, stranger, whole.first(whole.size() / 2)};
-    for (const QByteArray& source : sources) {
+    const char* const foreign = "Soubor není databází programu.";
+    const char* const damaged = "Soubor databáze je poškozen.";
+    const std::pair<QByteArray, const char*> sources[] = {{"jen text", foreign},
+                                                          {"", foreign},
+                                                          {scratched, damaged},
+                                                          {stranger, foreign},
+                                                          {whole.first(whole.size() / 2), damaged}};
+    for (const auto& [source, why] : sources) {
         SCOPED_TRACE(source.size());
         WriteFile(File("zaloha.mdb"), source);
-        messages.Expect(CannotOpen(), Message::Icon::Error);
+        messages.Expect(CannotOpen(why), Message::Icon::Error);
         bool putBack = false;
         EXPECT_TRUE(RestoreDatabase(f.store, File("zaloha.mdb"), actions, &putBack));
         EXPECT_TRUE(putBack);

@@ -5,6 +5,7 @@
 #include "windows/frame/help/HelpKey.h"
 #include "windows/frame/help/HelpPages.h"
 #include "windows/frame/help/HelpWindow.h"
+#include "windows/widgets/WizardSheet.h"
 
 #include <gtest/gtest.h>
 
@@ -13,6 +14,7 @@
 #include <QLineEdit>
 #include <QRegularExpression>
 #include <QTimer>
+#include <QToolBar>
 #include <QTreeWidget>
 
 namespace {
@@ -166,8 +168,73 @@ TEST_F(HelpWindow, FindsWordsWithoutTheirAccents) {
     ASSERT_EQ(1, browser.extraSelections().size());
     EXPECT_EQ("opotřebují", browser.extraSelections().front().cursor.selectedText().toStdString());
     TypeText(help, "helpSearch", "xyz");
-    EXPECT_EQ(QStringList{}, Shown());
+    EXPECT_EQ(QStringList{QStringLiteral("Nic nenalezeno")}, Shown());
     EXPECT_EQ(0, browser.extraSelections().size());
+}
+
+TEST_F(HelpWindow, FindsWordsInAnyOfTheirForms) {
+    help.Open(HelpContext::Contents);
+    const struct {
+        QStringList forms;
+        QString page;
+        QString marked;
+    } words[] = {
+        {{QStringLiteral("zaloha"), QStringLiteral("zálohy"), QStringLiteral("zálohou")},
+         QStringLiteral("Zálohování a obnovení dat"),
+         QStringLiteral("zálohy")},
+        {{QStringLiteral("výrobek"), QStringLiteral("vyrobku"), QStringLiteral("výrobky")},
+         QStringLiteral("Výrobky"),
+         QStringLiteral("výrobků")},
+        {{QStringLiteral("obnovit zaloha"), QStringLiteral("zaloha obnovit")},
+         QStringLiteral("Zálohování a obnovení dat"),
+         QStringLiteral("Obnovit")},
+    };
+    for (const auto& word : words) {
+        QStringList first;
+        for (const QString& form : word.forms) {
+            TypeText(help, "helpSearch", form.toUtf8().constData());
+            EXPECT_TRUE(Shown().contains(word.page)) << form.toStdString();
+            first = first.isEmpty() ? Shown() : first;
+            EXPECT_EQ(first, Shown()) << form.toStdString();
+            contents.setCurrentItem(contents.findItems(word.page, Qt::MatchExactly | Qt::MatchRecursive).front());
+            QStringList marked;
+            for (const auto& place : browser.extraSelections())
+                marked.append(place.cursor.selectedText());
+            EXPECT_TRUE(marked.contains(word.marked)) << form.toStdString();
+            help.Open(HelpContext::Contents);
+        }
+    }
+}
+
+TEST_F(HelpWindow, ItsButtonsHaveIconsAndItsPicturesAFrame) {
+    for (const QAction* action : Find<QToolBar>(help, "helpBar").actions())
+        EXPECT_FALSE(action->icon().pixmap(16).isNull()) << action->text().toStdString();
+    help.Open(HelpContext::Options);
+    EXPECT_LT(0, Find<QLineEdit>(help, "helpSearch").x());
+    const QVariant picture = browser.document()->resource(QTextDocument::ImageResource,
+                                                          QUrl(QStringLiteral("qrc:/help/obrazky/moznosti.png")));
+    const auto image = picture.value<QImage>();
+    ASSERT_FALSE(image.isNull());
+    for (const QPoint corner : {QPoint(0, 0), QPoint(image.width() - 1, image.height() - 1)})
+        EXPECT_EQ(QColor(0x8c, 0x8c, 0x8c), image.pixelColor(corner));
+}
+
+TEST(WizardSheet, ItsHelpButtonMeansThePageThatIsShown) {
+    std::vector<HelpContext> opened;
+    const DoorUse help(HelpDoor(), [&](HelpContext context) { opened.push_back(context); });
+    {
+        const CHelpKey key(nullptr);
+        CWizardSheet sheet(nullptr);
+        CWizardPage first, second;
+        first.setObjectName(QStringLiteral("pageImpS3"));
+        second.setObjectName(QStringLiteral("PageQty"));
+        sheet.AddPage(first);
+        sheet.AddPage(second);
+        Steps steps;
+        steps.Then(InTurn({Clicked("help"), Clicked("next"), Clicked("help"), Clicked("cancel")}));
+        EXPECT_FALSE(sheet.Run());
+    }
+    EXPECT_EQ((std::vector{HelpContext::MoneyImport, HelpContext::IssueItem}), opened);
 }
 
 TEST_F(HelpWindow, IsUsableOverAModalDialogWhicheverWasFirst) {
