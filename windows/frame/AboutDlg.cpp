@@ -1,13 +1,11 @@
 #include "windows/frame/AboutDlg.h"
 
-#include "core/base/Messages.h"
 #include "core/base/Shared.h"
 #include "core/base/SqlText.h"
 #include "ui_AboutDlg.h"
 #include "windows/widgets/HelpButton.h"
 #include "windows/widgets/WebLink.h"
 
-#include <QDesktopServices>
 #include <QIcon>
 #include <QUrl>
 #include <QUrlQuery>
@@ -51,6 +49,5 @@ void CAboutDlg::SendMail() {
     query.addQueryItem(QStringLiteral("subject"),
                        QStringLiteral("Připomínka k programu \"%1\"").arg(m_ui->versionLabel->text()));
     mail.setQuery(query);
-    if (!QDesktopServices::openUrl(mail))
-        ShowWarning(QStringLiteral("Nelze zavést podporu poštovního systému."));
+    OpenAddress(mail, *this, QStringLiteral("Nelze zavést podporu poštovního systému."));
 }

@@ -8,28 +8,29 @@
 #include <QUrl>
 #include <QWidget>
 
-static void SayThatThereIsNoBrowser(const QUrl& page) {
-    ShowWarning(QStringLiteral("Stránku '%1' nelze otevřít.\nV tomto počítači není nastaven internetový prohlížeč.")
-                    .arg(page.toDisplayString()));
-}
-
-void OpenWebPage(const QUrl& page, QWidget& asker) {
+void OpenAddress(const QUrl& address, QWidget& asker, const QString& failure) {
     // The toolkit starts the desktop's opener too, and calls it done without waiting for what the opener finds.
     const QString opener = QStandardPaths::findExecutable(QStringLiteral("xdg-open"));
     if (opener.isEmpty()) {
-        if (!QDesktopServices::openUrl(page))
-            SayThatThereIsNoBrowser(page);
+        if (!QDesktopServices::openUrl(address))
+            ShowWarning(failure);
         return;
     }
-    // Without a parent, since the page shall open also when the asker or the program is closed at once.
+    // Without a parent, since the address shall open also when the asker or the program is closed at once.
     auto* const process = new QProcess;
     process->setStandardInputFile(QProcess::nullDevice());
     process->setStandardOutputFile(QProcess::nullDevice());
     process->setStandardErrorFile(QProcess::nullDevice());
-    QObject::connect(process, &QProcess::finished, &asker, [page](int code) {
+    QObject::connect(process, &QProcess::finished, &asker, [failure](int code) {
         if (code != 0)
-            SayThatThereIsNoBrowser(page);
+            ShowWarning(failure);
     });
     QObject::connect(process, &QProcess::finished, process, &QObject::deleteLater);
-    process->start(opener, {page.toString(QUrl::FullyEncoded)});
+    process->start(opener, {address.toString(QUrl::FullyEncoded)});
+}
+
+void OpenWebPage(const QUrl& page, QWidget& asker) {
+    OpenAddress(page, asker,
+                QStringLiteral("Stránku '%1' nelze otevřít.\nV tomto počítači není nastaven internetový prohlížeč.")
+                    .arg(page.toDisplayString()));
 }

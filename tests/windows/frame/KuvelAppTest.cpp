@@ -4,6 +4,7 @@
 #include "tests/windows/support/FrameFolder.h"
 #include "windows/frame/doors/Desktop.h"
 #include "windows/frame/doors/ProgressDoor.h"
+#include "windows/widgets/DisabledWindow.h"
 
 #include <gtest/gtest.h>
 
@@ -137,6 +138,29 @@ TEST_F(Start, APoliteEndFromOutsideClosesTheWindow) {
         program.ExpectEnd();
         EXPECT_TRUE(QFile::exists(folder.File("kuvel.ini"))) << "options are kept";
     }
+}
+
+TEST_F(Start, APoliteEndWaitsForAnOperationAndClosesDialogs) {
+    folder.AddDatabase();
+    CKuvelApp app;
+    ASSERT_TRUE(app.InitInstance());
+    bool isDialogClosed = false;
+    QTimer::singleShot(0, [&] {
+        QDialog dialog(app.MainFrame());
+        {
+            const CDisabledWindow operation(*app.MainFrame());
+            raise(SIGTERM);
+            QTest::qWait(500);
+            EXPECT_TRUE(app.MainFrame()->isVisible());
+        }
+        QTimer::singleShot(5000, qApp, &QCoreApplication::quit);
+        dialog.exec();
+        isDialogClosed = true;
+    });
+    QCoreApplication::exec();
+    EXPECT_TRUE(isDialogClosed);
+    EXPECT_FALSE(app.MainFrame()->isVisible());
+    app.ExitInstance();
 }
 
 TEST_F(Start, AKilledProcessDoesNotKeepTheNextFromStarting) {

@@ -86,6 +86,8 @@ void CHelpContents::Fill(const QUrl& firstPage) {
     }
     m_nothing = new QTreeWidgetItem(m_tree, {QStringLiteral("Nic nenalezeno")});
     m_nothing->setFlags(Qt::NoItemFlags);
+    // Not to be chosen, but to be read.
+    m_nothing->setForeground(0, palette().text());
     m_nothing->setHidden(true);
     m_tree->expandAll();
 }
