@@ -246,22 +246,24 @@ TEST(AboutDlg, SaysWhenNothingOpensItsLinks) {
         }
 }
 
-TEST(FileDialogDoor, ShowsDatesInCzechAndTypesInFull) {
+TEST(FileDialogDoor, ShowsDatesAndTypesInCzechAndInFull) {
     SetUpDesktop();
     const ProgramFolder folder;
     WriteFile(folder.File("kuvel.ini"), "x");
     QFile file(folder.File("kuvel.ini"));
     ASSERT_TRUE(file.open(QIODevice::ReadWrite));
     file.setFileTime(QDateTime({2012, 7, 2}, {10, 15}), QFileDevice::FileModificationTime);
+    ASSERT_TRUE(QDir().mkdir(folder.File("Vykazy")));
     Steps steps;
     steps.Then([](QWidget& dialog) {
         auto& list = Find<QTreeView>(dialog, "treeView");
-        const auto cell = [&](int column) {
-            return list.model()->index(0, column, list.rootIndex()).data().toString();
+        const auto cell = [&](int row, int column) {
+            return list.model()->index(row, column, list.rootIndex()).data().toString();
         };
-        EXPECT_TRUE(QTest::qWaitFor([&] { return !cell(3).isEmpty(); }, 5000));
-        EXPECT_EQ("kuvel.ini", cell(0).toStdString());
-        EXPECT_EQ("2. července 2012 10:15", cell(3).toStdString());
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !cell(1, 3).isEmpty(); }, 5000));
+        EXPECT_EQ("Složka", cell(0, 2).toStdString());
+        EXPECT_EQ("kuvel.ini", cell(1, 0).toStdString());
+        EXPECT_EQ("2. července 2012 10:15", cell(1, 3).toStdString());
         for (int column = 1; column < 4; ++column)
             EXPECT_LE(static_cast<QAbstractItemView&>(list).sizeHintForColumn(column), list.columnWidth(column))
                 << column;

@@ -25,10 +25,17 @@ struct OwnWord {
 
 /// Words that this program's windows have always used where the toolkit's catalogue has others.
 constexpr OwnWord OwnWords[] = {
-    {"QPlatformTheme", "OK", "OK"},   {"QPlatformTheme", "Cancel", "Storno"}, {"QPlatformTheme", "&Yes", "&Ano"},
-    {"QPlatformTheme", "&No", "&Ne"}, {"QPlatformTheme", "Close", "Zavřít"},  {"QPlatformTheme", "Help", "Nápověda"},
-    {"QShortcut", "Return", "Enter"}, {"QShortcut", "Enter", "Enter"},        {"QShortcut", "Ins", "Ins"},
+    {"QPlatformTheme", "OK", "OK"},
+    {"QPlatformTheme", "Cancel", "Storno"},
+    {"QPlatformTheme", "&Yes", "&Ano"},
+    {"QPlatformTheme", "&No", "&Ne"},
+    {"QPlatformTheme", "Close", "Zavřít"},
+    {"QPlatformTheme", "Help", "Nápověda"},
+    {"QShortcut", "Return", "Enter"},
+    {"QShortcut", "Enter", "Enter"},
+    {"QShortcut", "Ins", "Ins"},
     {"QShortcut", "Del", "Del"},
+    {"QAbstractFileIconProvider", "Folder", "Složka"},
 };
 
 class OwnWordsTranslator : public QTranslator {

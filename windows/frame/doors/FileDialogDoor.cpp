@@ -8,9 +8,12 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QHeaderView>
+#include <QSplitter>
 #include <QTreeView>
 
 namespace {
+
+constexpr int PlacesWidth = 140;
 
 /// Only where the desktop has no dialog of its own.
 void SetUpList(QFileDialog& dialog) {
@@ -23,6 +26,9 @@ void SetUpList(QFileDialog& dialog) {
         list->header()->setSectionResizeMode(column, QHeaderView::ResizeToContents);
     list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
     dialog.resize(FittingSize(dialog, dialog.sizeHint().expandedTo({800, 480})));
+    // The toolkit leaves the places less than their names need.
+    if (auto* const sides = dialog.findChild<QSplitter*>())
+        sides->setSizes({PlacesWidth, dialog.width() - PlacesWidth});
 }
 
 QString Ask(const IFileDoor::Request& request, QFileDialog::AcceptMode mode, QFileDialog::FileMode fileMode) {
