@@ -34,6 +34,8 @@ bool RunImportHere(const ImportCommand& command) {
     const ImportResult result = CarryOutImport(command);
     if (!result.IsSilent())
         PrintLine(result.Summary());
+    if (const QString notice = result.CutNotice(); !notice.isEmpty())
+        ShowWarning(notice);
     return result.end == ImportResult::End::Done;
 }
 

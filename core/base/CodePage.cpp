@@ -19,13 +19,32 @@ static constexpr std::array<char16_t, 128> UPPER_HALF = {
     0x0151, 0x00F6, 0x00F7, 0x0159, 0x016F, 0x00FA, 0x0171, 0x00FC, 0x00FD, 0x0163, 0x02D9,
 };
 
-QString DecodeWindows1250(QByteArrayView bytes) {
+// No converter knows this one. The last of it is a no-break space.
+static constexpr char16_t KAMENICKY_UPPER_HALF[] = u"ČüéďäĎŤčěĚĹÍľĺÄÁ"
+                                                   u"ÉžŽôöÓůÚýÖÜŠĽÝŘť"
+                                                   u"áíóúňŇŮÔšřŕŔ¼§«»"
+                                                   u"░▒▓│┤╡╢╖╕╣║╗╝╜╛┐"
+                                                   u"└┴┬├─┼╞╟╚╔╩╦╠═╬╧"
+                                                   u"╨╤╥╙╘╒╓╫╪┘┌█▄▌▐▀"
+                                                   u"αßΓπΣσµτΦΘΩδ∞φε∩"
+                                                   u"≡±≥≤⌠⌡÷≈°∙·√ⁿ²■\u00A0";
+static_assert(std::size(KAMENICKY_UPPER_HALF) == 128 + 1);
+
+static QString Decode(QByteArrayView bytes, const char16_t* upperHalf) {
     QString text(bytes.size(), Qt::Uninitialized);
-    std::transform(bytes.begin(), bytes.end(), text.begin(), [](char c) {
+    std::transform(bytes.begin(), bytes.end(), text.begin(), [upperHalf](char c) {
         const auto byte = static_cast<unsigned char>(c);
-        return QChar(byte < 0x80 ? char16_t(byte) : UPPER_HALF[byte - 0x80]);
+        return QChar(byte < 0x80 ? char16_t(byte) : upperHalf[byte - 0x80]);
     });
     return text;
+}
+
+QString DecodeWindows1250(QByteArrayView bytes) {
+    return Decode(bytes, UPPER_HALF.data());
+}
+
+QString DecodeKamenicky(QByteArrayView bytes) {
+    return Decode(bytes, KAMENICKY_UPPER_HALF);
 }
 
 QByteArray EncodeWindows1250(QStringView text) {

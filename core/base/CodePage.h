@@ -9,3 +9,6 @@
 QString DecodeWindows1250(QByteArrayView bytes);
 /// Composes letters and accents first ("c" + caron is "č"); a character that the code page lacks becomes '?'.
 QByteArray EncodeWindows1250(QStringView text);
+
+/// The Czech and Slovak code page of DOS that is named after the brothers Kamenický (895). One character is one byte.
+QString DecodeKamenicky(QByteArrayView bytes);

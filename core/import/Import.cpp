@@ -4,6 +4,7 @@
 #include "core/base/SqlText.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -43,20 +44,38 @@ void ImportProducts(ISourceProducts& products, CImportWriter& writer, IProgress&
     Write(writer, [&] { ForEachRow(products, progress, phase, [&] { writer.WriteProduct(products.Product()); }); });
 }
 
+/// A document is written when all its lines are read, so that none stays with some of them: what cannot be read leaves
+/// the whole document out, and a cancel waits for its last line.
 void ImportLines(ISourceLines& lines, CImportWriter& writer, IProgress& progress) {
     SourceDocumentKey previous;
-    bool imported = false;
+    std::optional<SourceDocument> document;
+    std::vector<SourceLine> itsLines;
     const auto write = [&] {
-        if (SourceDocumentKey document = lines.Document(); document != previous) {
-            previous = std::move(document);
-            imported = false;
-            if (const std::optional<SourceDocument> header = lines.Header())
-                imported = writer.WriteDocument(*header);
-        }
-        if (imported)
-            writer.WriteLine(lines.Line());
+        if (document)
+            writer.WriteDocument(*std::exchange(document, std::nullopt), itsLines);
+        itsLines.clear();
     };
-    Write(writer, [&] { ForEachRow(lines, progress, QStringLiteral("Importuji skladové pohyby"), write); });
+    const auto take = [&] {
+        if (SourceDocumentKey key = lines.Document(); key != previous) {
+            write();
+            previous = std::move(key);
+            if (std::optional<SourceDocument> header = lines.Header(); header && writer.MayWrite(*header))
+                document = std::move(header);
+        }
+        if (document)
+            itsLines.push_back(lines.Line());
+    };
+    Write(writer, [&] {
+        try {
+            ForEachRow(lines, progress, QStringLiteral("Importuji skladové pohyby"), take);
+        } catch (const ImportCancelled&) {
+            for (; document && !lines.AtEnd() && lines.Document() == previous; lines.MoveNext())
+                take();
+            write();
+            throw;
+        }
+        write();
+    });
 }
 
 } // namespace
@@ -95,6 +114,14 @@ QString ImportResult::Summary() const {
                        counts.documents);
 }
 
+QString ImportResult::CutNotice() const {
+    if (counts.cutTexts == 0)
+        return {};
+    const bool all = counts.firstCutTexts.size() == counts.cutTexts;
+    return MessageText("Příliš dlouhé texty byly zkráceny: %li\n\n%s%s", counts.cutTexts,
+                       counts.firstCutTexts.join(u'\n'), all ? "" : "\n…");
+}
+
 bool ImportFromEkonom(ImportCounts&) {
     return true;
 }
@@ -116,5 +143,7 @@ ImportResult RunImportCommand(const ImportCommand& command) {
     const ImportResult result = CarryOutImport(command);
     if (!result.IsSilent())
         ShowMessage(result.Summary(), Message::Icon::Information);
+    if (const QString notice = result.CutNotice(); !notice.isEmpty())
+        ShowWarning(notice);
     return result;
 }

@@ -28,6 +28,8 @@ struct ImportResult {
     bool ProductsChanged() const { return counts.products > 0; }
     bool MovesChanged() const { return counts.documents > 0; }
     QString Summary() const;
+    /// What of the texts was cut, for a message after the summary; empty when nothing was.
+    QString CutNotice() const;
 };
 
 /// What an import command runs: its wizard and its phases, as `RunImport` answers.

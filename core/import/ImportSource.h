@@ -10,10 +10,10 @@
 /// Where records come from; the number is stored with each of them.
 enum class SourceCode { Money = 1, Wak = 2 };
 
-/// A product as the source has it.
+/// A product as the source has it; its texts are texts or nulls, of any length.
 struct SourceProduct {
-    /// The source's own number of the product; null is 0, and what is no 32-bit whole number raises when it is written.
-    Variant key;
+    /// The source's own number of the product.
+    std::int32_t key = 0;
     Variant name;
     Variant catalogue;
     Variant unit;
@@ -21,26 +21,28 @@ struct SourceProduct {
 
 /// Which document a line belongs to. No line belongs to the default one.
 struct SourceDocumentKey {
-    std::int32_t number = -1;
+    std::int64_t number = -1;
     QString kind;
 
     friend bool operator==(const SourceDocumentKey&, const SourceDocumentKey&) = default;
 };
 
 struct SourceDocument {
-    Variant number;
-    Variant isExport;
+    QString number;
+    bool isExport = false;
     /// An index of the code list MoveType.
     std::int32_t type = 0;
-    Variant date;
+    /// Valid or null.
+    DateTime date;
 };
 
 /// A line, with the product that is made for it when there is none of this key.
 struct SourceLine {
     SourceProduct product;
-    Variant quantity;
-    /// The day for which the packaging is computed.
-    Variant date;
+    /// Valid or null.
+    Currency quantity;
+    /// The day for which the packaging is computed; valid or null.
+    DateTime date;
 };
 
 /// Rows read once, forward, with a current one; opened on the first. Every member raises ComError.
@@ -67,7 +69,8 @@ public:
     virtual SourceLine Line() = 0;
 };
 
-/// A system that products and issue documents are taken over from. It only reads. Every member may raise ComError.
+/// A system that products and issue documents are taken over from. It only reads. Every member may raise ComError; a
+/// value that cannot be read raises UnreadableValue, whose description names its place.
 class IImportSource {
 public:
     virtual ~IImportSource() = default;

@@ -2,32 +2,11 @@
 
 #include "core/base/ComError.h"
 #include "core/base/SqlText.h"
-
-#include <limits>
+#include "core/base/TextField.h"
 
 namespace {
 
-[[noreturn]] void RaiseKey(const Variant& value) {
-    throw ComError(
-        "import", FormatVariant(value).toStdString(), ResultCode::Overflow,
-        QStringLiteral("Číslo záznamu \"%1\" není celé číslo v povoleném rozsahu.").arg(FormatVariant(value)));
-}
-
-/// A key must not be bent into another record's.
-std::int32_t KeyOf(const Variant& value) {
-    const Currency exact = ToCurrency(value);
-    constexpr std::int64_t Low = std::numeric_limits<std::int32_t>::min();
-    constexpr std::int64_t High = std::numeric_limits<std::int32_t>::max();
-    if (exact.status == ValueStatus::Invalid || exact.count % Currency::One != 0 || exact.count / Currency::One < Low ||
-        exact.count / Currency::One > High)
-        RaiseKey(value);
-    return static_cast<std::int32_t>(exact.count / Currency::One);
-}
-
-/// For a text column: numbers of the source in the way they are shown.
-Variant TextOf(const Variant& value) {
-    return IsNull(value) ? value : Variant(FormatVariant(value));
-}
+constexpr int CutTextsTold = 10;
 
 } // namespace
 
@@ -69,15 +48,26 @@ bool CImportWriter::FindProduct(std::int32_t key) {
     return !m_product->get_EOF();
 }
 
+Variant CImportWriter::Fitted(const char* column, const Variant& value, const QString& record) {
+    const auto* text = std::get_if<QString>(&value);
+    if (text == nullptr)
+        return value;
+    const FittedText fitted = FitText(column, *text);
+    if (fitted.wasCut && ++m_written.cutTexts <= CutTextsTold)
+        m_written.firstCutTexts.append(record + QStringLiteral(": ") + OneLine(*text));
+    return fitted.text;
+}
+
 void CImportWriter::StoreProduct(const SourceProduct& product, bool isNew) {
+    const QString record = QStringLiteral("produkt %1").arg(product.key);
     if (isNew) {
         m_product->AddNew();
         m_product->put_Collect("prod_source", m_code);
-        m_product->put_Collect("prod_scrid", KeyOf(product.key));
+        m_product->put_Collect("prod_scrid", product.key);
     }
-    m_product->put_Collect("prod_name", TextOf(product.name));
-    m_product->put_Collect("prod_katalog", TextOf(product.catalogue));
-    m_product->put_Collect("prod_unit", TextOf(product.unit));
+    m_product->put_Collect("prod_name", Fitted("prod_name", product.name, record));
+    m_product->put_Collect("prod_katalog", Fitted("prod_katalog", product.catalogue, record));
+    m_product->put_Collect("prod_unit", Fitted("prod_unit", product.unit, record));
     m_product->put_Collect("deleted", false);
     m_product->Update();
     ++m_written.products;
@@ -85,7 +75,7 @@ void CImportWriter::StoreProduct(const SourceProduct& product, bool isNew) {
 
 void CImportWriter::WriteProduct(const SourceProduct& product) {
     BeginRecord();
-    const bool exists = FindProduct(KeyOf(product.key));
+    const bool exists = FindProduct(product.key);
     const auto question = [&] {
         return MessageText("Produkt \"%s, kat.č. %s\" byl již z %s importován. Přejete si jej aktualizovat?",
                            FormatVariant(product.name), FormatVariant(product.catalogue), m_name);
@@ -96,40 +86,59 @@ void CImportWriter::WriteProduct(const SourceProduct& product) {
     StoreProduct(product, !exists);
 }
 
-bool CImportWriter::WriteDocument(const SourceDocument& document) {
-    BeginRecord();
-    const QString number = FormatVariant(document.number);
+bool CImportWriter::FindDocument(const QString& number) {
     m_store.OpenRecordset(m_document,
                           SqlText("SELECT * FROM Move WHERE move_source = %i AND move_num = '%s'", m_code, number),
                           CursorType::Keyset, LockType::Optimistic, CommandType::Text);
+    return !m_document->get_EOF();
+}
+
+QString CImportWriter::NumberOf(const SourceDocument& document) {
+    const FittedText fitted = FitText("move_num", document.number);
+    if (!fitted.wasCut)
+        return fitted.text;
+    const QString& owner = m_cutNumbers.try_emplace(fitted.text, document.number).first->second;
+    if (owner != document.number)
+        throw ComError("import", {}, ResultCode::Overflow,
+                       QStringLiteral("Číslo dokladu \"%1\" je příliš dlouhé a zkrácené by bylo stejné jako \"%2\".")
+                           .arg(document.number, owner));
+    return fitted.text;
+}
+
+bool CImportWriter::MayWrite(const SourceDocument& document) {
+    BeginRecord();
+    m_number = NumberOf(document);
     // Both imports ask in these words.
     const auto question = [&] {
-        return MessageText("Doklad \"%s\" byl již z Money importován. Přejete si jej aktualizovat?", number);
+        return MessageText("Doklad \"%s\" byl již z Money importován. Přejete si jej aktualizovat?", document.number);
     };
+    // A document of an import that neither trimmed nor cut is found by the number as it was.
+    const bool exists = FindDocument(document.number) || (m_number != document.number && FindDocument(m_number));
+    return !exists || MayOverwrite(question);
+}
+
+void CImportWriter::WriteDocument(const SourceDocument& document, const std::vector<SourceLine>& lines) {
     if (!m_document->get_EOF()) {
-        if (!MayOverwrite(question))
-            return false;
         const std::int32_t moveId = m_document->Long("move_id");
         m_store.ExecuteSQL(SqlText("DELETE FROM Move_Cover WHERE move_id = %li", moveId));
         m_store.ExecuteSQL(SqlText("DELETE FROM Move_Prod WHERE move_id = %li", moveId));
     } else {
         m_document->AddNew();
         m_document->put_Collect("move_source", m_code);
-        m_document->put_Collect("move_num", number);
+        m_document->put_Collect("move_num", Fitted("move_num", document.number, QStringLiteral("doklad")));
     }
     m_document->put_Collect("move_export", document.isExport);
     m_document->put_Collect("move_type", document.type);
     m_document->put_Collect("move_date", document.date);
     m_document->Update();
-    m_moveId = m_document->get_Collect("move_id");
+    const Variant moveId = m_document->get_Collect("move_id");
+    for (const SourceLine& line : lines) {
+        if (!FindProduct(line.product.key))
+            StoreProduct(line.product, true);
+        m_lines.Add(moveId, m_product->Long("prod_id"), line.quantity, line.date);
+    }
     ++m_written.documents;
-    return true;
-}
-
-void CImportWriter::WriteLine(const SourceLine& line) {
-    if (!FindProduct(KeyOf(line.product.key)))
-        StoreProduct(line.product, true);
-    m_lines.Add(m_moveId, m_product->Long("prod_id"), ToCurrency(line.quantity), ToDate(line.date));
+    m_group->RecordDone();
 }
 
 void CImportWriter::BeginGroup() {

@@ -6,12 +6,19 @@
 #include "core/rules/IssueLines.h"
 #include "core/store/CommitGroup.h"
 
+#include <QStringList>
+
+#include <map>
 #include <optional>
+#include <vector>
 
 /// Records written, inserted or overwritten, and kept: what a failed commit takes back is never counted.
 struct ImportCounts {
     std::int32_t products = 0;
     std::int32_t documents = 0;
+    /// Texts that were longer than their column, and the first ten of them with their records.
+    std::int32_t cutTexts = 0;
+    QStringList firstCutTexts;
 };
 
 /// Writes what one phase of an import read: finds the record of an earlier import, decides whether to overwrite it,
@@ -26,11 +33,10 @@ public:
                   ImportCounts& counts);
 
     void WriteProduct(const SourceProduct& product);
-    /// False when the document of an earlier import is kept: its lines are then not written either. An overwritten one
-    /// has lost its old lines and their packaging.
-    bool WriteDocument(const SourceDocument& document);
-    /// A line of the document written last, with its packaging.
-    void WriteLine(const SourceLine& line);
+    /// False when the document of an earlier import is kept.
+    bool MayWrite(const SourceDocument& document);
+    /// The document asked about last, with all its lines and their packaging. An overwritten one loses its old lines.
+    void WriteDocument(const SourceDocument& document, const std::vector<SourceLine>& lines);
     /// Commits the rest.
     void Finish();
     /// The same for an import that an error or the user ended.
@@ -43,6 +49,11 @@ private:
     bool AskMayOverwrite(const QString& question);
     /// Leaves `m_product` on the product of this key; false when there is none.
     bool FindProduct(std::int32_t key);
+    bool FindDocument(const QString& number);
+    /// As the database holds it. Raises ComError for one that would be the same as another's when it is cut.
+    QString NumberOf(const SourceDocument& document);
+    /// A text as the column holds it; what is cut is counted.
+    Variant Fitted(const char* column, const Variant& value, const QString& record);
     void StoreProduct(const SourceProduct& product, bool isNew);
     void BeginGroup();
     void BeginRecord();
@@ -58,6 +69,8 @@ private:
     RecordsetPtr m_product;
     RecordsetPtr m_document;
     CIssueLines m_lines;
-    Variant m_moveId;
+    QString m_number;
+    /// The numbers that were cut, and what they were.
+    std::map<QString, QString> m_cutNumbers;
     std::optional<CCommitGroup> m_group;
 };

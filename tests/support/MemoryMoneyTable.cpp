@@ -29,6 +29,7 @@ public:
             m_money.onRead(m_name, column);
         return m_table->rows.at(m_row).at(Column(column));
     }
+    std::int64_t RecordNumber() override { return static_cast<std::int64_t>(m_row) + 1; }
     int SeekKey(const Variant& key) override { return SeekKeys({key}); }
     /// The rows of a test stand in the order of their index.
     int SeekKeys(const std::vector<Variant>& keys) override {

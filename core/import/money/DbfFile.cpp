@@ -1,6 +1,5 @@
 #include "core/import/money/DbfFile.h"
 
-#include "core/base/CodePage.h"
 #include "core/base/ComError.h"
 #include "core/import/money/DbfValue.h"
 
@@ -131,37 +130,13 @@ bool SizeAgrees(QFile& file, const Header& header) {
     return file.seek(end) && file.getChar(&next) && next != ' ' && next != '*';
 }
 
-bool HeaderAgrees(const QString& path) {
+bool HeaderAgrees(const QString& path, Header& header) {
     QFile file(path);
-    Header header{};
     if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly) ||
         file.read(reinterpret_cast<char*>(header.bytes), HeaderSize) != HeaderSize)
         return false;
     return header.IsKnownKind() && header.HeaderLength() > HeaderSize && header.RecordLength() > 1 &&
            header.Records() <= 0x7FFFFFFF && SizeAgrees(file, header);
-}
-
-/// The marks that name a code page which the texts may be in; without one, and with "the system's own", it is
-/// Windows-1250.
-const char* CodePageOfMark(std::string_view mark) {
-    struct Row {
-        std::string_view mark;
-        const char* name;
-    };
-    constexpr Row Rows[] = {
-        {"LDID/1", "ibm-437"},        {"LDID/2", "ibm-850"},        {"LDID/3", "windows-1252"},
-        {"LDID/31", "ibm-852"},       {"LDID/34", "ibm-852"},       {"LDID/35", "ibm-852"},
-        {"LDID/64", "ibm-852"},       {"LDID/88", "windows-1252"},  {"LDID/89", "windows-1252"},
-        {"LDID/100", "ibm-852"},      {"LDID/101", "ibm-866"},      {"LDID/135", "ibm-852"},
-        {"LDID/201", "windows-1251"}, {"852", "ibm-852"},           {"1252", "windows-1252"},
-        {"UTF-8", "UTF-8"},           {"65001", "UTF-8"},           {"8859-2", "ISO-8859-2"},
-        {"88592", "ISO-8859-2"},      {"ISO-8859-2", "ISO-8859-2"}, {"ISO 88592", "ISO-8859-2"},
-        {"ISO88592", "ISO-8859-2"},   {"utf-8", "UTF-8"},
-    };
-    for (const Row& row : Rows)
-        if (row.mark == mark)
-            return row.name;
-    return nullptr;
 }
 
 char Upper(char c) {
@@ -184,7 +159,8 @@ CDbfFile::CDbfFile(std::unique_ptr<Handle> handle) : m_handle(std::move(handle))
 CDbfFile::~CDbfFile() = default;
 
 std::unique_ptr<CDbfFile> CDbfFile::Open(const QString& path) {
-    if (!HeaderAgrees(path))
+    Header header{};
+    if (!HeaderAgrees(path, header))
         return nullptr;
     const QByteArray name = QFile::encodeName(path);
     SAHooks hooks = ReadOnlyHooks();
@@ -196,6 +172,8 @@ std::unique_ptr<CDbfFile> CDbfFile::Open(const QString& path) {
     std::unique_ptr<CDbfFile> file(new CDbfFile(std::unique_ptr<Handle>(new Handle{dbf})));
     if (!file->ReadFields(dbf->nRecordLength) || !file->FindLiveRecords(DBFGetRecordCount(dbf)))
         return nullptr;
+    file->m_path = path;
+    file->m_kind = header.bytes[0];
     file->ChooseCodePage();
     return file;
 }
@@ -229,12 +207,13 @@ bool CDbfFile::FindLiveRecords(int records) {
 }
 
 void CDbfFile::ChooseCodePage() {
-    const char* mark = DBFGetCodePage(m_handle->dbf);
-    if (const char* name = mark != nullptr ? CodePageOfMark(mark) : nullptr) {
-        m_decoder.emplace(name, QStringConverter::Flag::Stateless);
-        if (!m_decoder->isValid())
-            m_decoder.reset();
-    }
+    const char* const mark = DBFGetCodePage(m_handle->dbf);
+    std::optional<DbfDecoder> decoder = DecoderOfMark(mark != nullptr ? mark : "");
+    if (!decoder)
+        throw ComError("dbf", m_path.toStdString(), ResultCode::Fail,
+                       QStringLiteral("Tabulka \"%1\" je v kódové stránce, kterou program nezná (%2).")
+                           .arg(m_path, QString::fromLatin1(mark)));
+    m_decoder = *std::move(decoder);
 }
 
 const DbfField& CDbfFile::Field(std::string_view name) const {
@@ -246,8 +225,24 @@ const DbfField& CDbfFile::Field(std::string_view name) const {
 }
 
 QString CDbfFile::Text(std::string_view bytes) const {
-    const QByteArrayView view(bytes.data(), static_cast<qsizetype>(bytes.size()));
-    return m_decoder ? QString((*m_decoder)(view)) : DecodeWindows1250(view);
+    return m_decoder(QByteArrayView(bytes.data(), static_cast<qsizetype>(bytes.size())));
+}
+
+std::optional<Variant> CDbfFile::MemoText(std::string_view pointer) const {
+    const std::optional<std::uint32_t> block = dbf::ReadMemoBlock(pointer);
+    if (!block)
+        return std::nullopt;
+    if (*block == 0)
+        return Variant();
+    if (!m_memo)
+        m_memo = CDbfMemo::Beside(m_path, m_kind);
+    const std::optional<QByteArray> text = m_memo ? m_memo->Text(*block) : std::nullopt;
+    return text ? std::optional<Variant>(Text(dbf::WithoutTail({text->constData(), std::size_t(text->size())})))
+                : std::nullopt;
+}
+
+SourcePlace CDbfFile::Place(std::size_t row, const DbfField& field) const {
+    return {QFileInfo(m_path).fileName(), RecordNumber(row), {}, QString::fromStdString(field.name)};
 }
 
 Variant CDbfFile::Value(std::size_t row, const DbfField& field) const {
@@ -259,8 +254,7 @@ Variant CDbfFile::Value(std::size_t row, const DbfField& field) const {
     const std::string_view bytes(record + field.offset, static_cast<std::size_t>(field.width));
     if (field.type == 'C')
         return Text(dbf::WithoutTail(bytes));
-    if (std::optional<Variant> value = dbf::ReadValue(field.type, bytes))
+    if (std::optional<Variant> value = field.type == 'M' ? MemoText(bytes) : dbf::ReadValue(field.type, bytes))
         return *std::move(value);
-    throw ComError("dbf", field.name, ResultCode::TypeMismatch,
-                   QStringLiteral("Hodnotu pole \"%1\" nelze přečíst.").arg(QString::fromStdString(field.name)));
+    throw UnreadableValue(Place(row, field), dbf::ShownBytes(field.type, bytes));
 }

@@ -36,7 +36,8 @@ void AppendNumber(std::string& key, std::int64_t number) {
         key += static_cast<char>(bits >> shift);
 }
 
-std::int64_t NumberOf(const DbfField& field, const Variant& value) {
+/// Nothing for a number that cannot be compared exactly.
+std::optional<std::int64_t> NumberOf(const DbfField& field, const Variant& value) {
     constexpr std::int64_t Blank = std::numeric_limits<std::int64_t>::min();
     if (field.type == 'L')
         return IsNull(value) ? Blank : ToBool(value);
@@ -46,16 +47,17 @@ std::int64_t NumberOf(const DbfField& field, const Variant& value) {
     }
     const Currency number = ToCurrency(value);
     if (number.status == ValueStatus::Invalid)
-        throw ComError("dbf", field.name, ResultCode::Overflow,
-                       QStringLiteral("Hodnotu pole \"%1\" nelze přečíst.").arg(QString::fromStdString(field.name)));
+        return std::nullopt;
     return number.IsValid() ? number.count : Blank;
 }
 
-/// False for a text longer than the field, which no row can have.
+/// False for a value that the field cannot have: a text longer than it, a number beyond all others.
 bool AppendKey(std::string& key, const DbfField& field, const Variant& value) {
     if (field.type != 'C') {
-        AppendNumber(key, NumberOf(field, value));
-        return true;
+        const std::optional<std::int64_t> number = NumberOf(field, value);
+        if (number)
+            AppendNumber(key, *number);
+        return number.has_value();
     }
     const QString text = FormatVariant(value);
     if (text.size() > field.width)
@@ -83,10 +85,8 @@ CDbfIndex::CDbfIndex(const CDbfFile& file, std::string_view expression, const st
         if (alive && row % AliveRows == AliveRows - 1)
             alive();
         for (const DbfField& field : m_fields)
-            if (!AppendKey(m_keys, field, file.Value(row, field)))
-                throw ComError(
-                    "dbf", field.name, ResultCode::Overflow,
-                    QStringLiteral("Hodnotu pole \"%1\" nelze přečíst.").arg(QString::fromStdString(field.name)));
+            if (const Variant value = file.Value(row, field); !AppendKey(m_keys, field, value))
+                throw UnreadableValue(file.Place(row, field), FormatVariant(value));
     }
     m_order.resize(file.Count());
     std::iota(m_order.begin(), m_order.end(), 0U);

@@ -44,9 +44,16 @@ void CDbfTable::MoveNext() {
         ++m_position;
 }
 
+std::size_t CDbfTable::Row() const {
+    return m_index && m_position < File().Count() ? m_index->Row(m_position) : m_position;
+}
+
 Variant CDbfTable::FieldValue(std::string_view column) {
-    const CDbfFile& file = File();
-    return file.Value(m_index && !AtEnd() ? m_index->Row(m_position) : m_position, file.Field(column));
+    return File().Value(Row(), File().Field(column));
+}
+
+std::int64_t CDbfTable::RecordNumber() {
+    return AtEnd() ? 0 : File().RecordNumber(Row());
 }
 
 int CDbfTable::SeekKey(const Variant& key) {

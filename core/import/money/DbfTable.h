@@ -13,6 +13,7 @@ public:
     void MoveFirst() override;
     void MoveNext() override;
     Variant FieldValue(std::string_view column) override;
+    std::int64_t RecordNumber() override;
     int SeekKey(const Variant& key) override;
     int SeekKeys(const std::vector<Variant>& keys) override;
     void SetCurrentIndex(std::string_view expression) override;
@@ -20,6 +21,8 @@ public:
 
 private:
     const CDbfFile& File() const;
+    /// Of the current record, in the file's order.
+    std::size_t Row() const;
 
     std::unique_ptr<CDbfFile> m_file;
     std::optional<CDbfIndex> m_index;

@@ -78,7 +78,11 @@ Result ReadNumber(std::string_view bytes) {
     return std::nullopt;
 }
 
-/// "20120701". A day that there is not is an invalid date, as everywhere in the program.
+Result Valid(const DateTime& date) {
+    return date.IsValid() ? Result(date) : std::nullopt;
+}
+
+/// "20120701".
 Result ReadDate(std::string_view bytes) {
     const std::string_view text = Trimmed(bytes);
     if (text.empty() || text == "00000000")
@@ -88,8 +92,8 @@ Result ReadDate(std::string_view bytes) {
     int day = 0;
     if (text.size() != 8 || !Parse(text.substr(0, 4), year) || !Parse(text.substr(4, 2), month) ||
         !Parse(text.substr(6, 2), day))
-        return DateTime::Invalid();
-    return DateTime::FromDay(year, month, day);
+        return std::nullopt;
+    return Valid(DateTime::FromDay(year, month, day));
 }
 
 Result ReadLogical(std::string_view bytes) {
@@ -119,7 +123,7 @@ Result ReadDateTime(std::string_view bytes) {
     constexpr std::int64_t SecondsOfDay = 86400;
     if (day == 0)
         return DateTime::Null();
-    return DateTime::FromSeconds((day - DayOf1970) * SecondsOfDay + (milliseconds + 500) / 1000);
+    return Valid(DateTime::FromSeconds((day - DayOf1970) * SecondsOfDay + (milliseconds + 500) / 1000));
 }
 
 Result ReadDouble(std::string_view bytes) {
@@ -156,13 +160,29 @@ std::optional<Variant> ReadValue(char type, std::string_view bytes) {
         return bytes.size() == 8 ? ReadDateTime(bytes) : Result();
     case 'B':
         return bytes.size() == 8 ? ReadDouble(bytes) : Result();
-    case 'M':
     case 'G':
     case 'P':
         return Variant();
     default:
         return std::nullopt;
     }
+}
+
+std::optional<std::uint32_t> ReadMemoBlock(std::string_view bytes) {
+    if (bytes.size() == 4)
+        return ReadBinary<std::uint32_t>(bytes);
+    const std::string_view digits = Trimmed(bytes);
+    std::uint32_t block = 0;
+    if (!digits.empty() && !Parse(digits, block))
+        return std::nullopt;
+    return block;
+}
+
+QString ShownBytes(char type, std::string_view bytes) {
+    constexpr std::string_view Binary = "IYTB";
+    const bool isBinary = Binary.find(type) != std::string_view::npos || (type == 'M' && bytes.size() == 4);
+    const QByteArray raw(bytes.data(), static_cast<qsizetype>(bytes.size()));
+    return isBinary ? QStringLiteral("0x") + QString::fromLatin1(raw.toHex()) : QString::fromLatin1(raw).trimmed();
 }
 
 } // namespace dbf

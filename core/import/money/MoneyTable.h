@@ -23,8 +23,10 @@ public:
     virtual bool AtEnd() = 0;
     virtual void MoveFirst() = 0;
     virtual void MoveNext() = 0;
-    /// Column names in any case.
+    /// Column names in any case. Raises UnreadableValue for what is no value of the column's type.
     virtual Variant FieldValue(std::string_view column) = 0;
+    /// The number of the current record in the file, from 1, by which a person finds it there.
+    virtual std::int64_t RecordNumber() = 0;
     /// By the current index; a key of fewer fields than the index has finds the first of those that begin with it.
     virtual int SeekKey(const Variant& key) = 0;
     virtual int SeekKeys(const std::vector<Variant>& keys) = 0;

@@ -11,8 +11,8 @@
 namespace {
 
 constexpr std::int64_t NullCell = std::numeric_limits<std::int64_t>::min();
-/// A value that was there and cannot be held.
-constexpr std::int64_t BadCell = NullCell + 1;
+/// A value that a cell cannot hold.
+constexpr std::int64_t BeyondCell = NullCell + 1;
 constexpr std::int64_t AliveRows = 1000;
 constexpr std::size_t FirstBuffer = 4096;
 
@@ -97,10 +97,8 @@ void CSqlServerRows::Describe(void* statement, const std::vector<std::string>& c
         case SQL_TINYINT:
         case SQL_SMALLINT:
         case SQL_INTEGER:
-            kind = Kind::Long;
-            break;
         case SQL_BIGINT:
-            kind = Kind::BigLong;
+            kind = Kind::Whole;
             break;
         case SQL_DECIMAL:
         case SQL_NUMERIC:
@@ -132,12 +130,11 @@ std::int64_t CSqlServerRows::ReadCell(void* statement, std::string_view source, 
     const SQLUSMALLINT number = m_columns[column].number;
     switch (m_columns[column].kind) {
     case Kind::Bit:
-    case Kind::Long:
-    case Kind::BigLong: {
+    case Kind::Whole: {
         SQLBIGINT value = 0;
         if (!Fetch(statement, source, number, SQL_C_SBIGINT, value))
             return NullCell;
-        return value <= BadCell ? BadCell : static_cast<std::int64_t>(value);
+        return value <= BeyondCell ? KeepBeyond(QString::number(value)) : static_cast<std::int64_t>(value);
     }
     case Kind::Real: {
         double value = 0;
@@ -151,7 +148,8 @@ std::int64_t CSqlServerRows::ReadCell(void* statement, std::string_view source, 
         if (!Fetch(statement, source, number, SQL_C_CHAR, text))
             return NullCell;
         const Currency value = ParseCurrency(QString::fromLatin1(text.data()));
-        return value.IsValid() ? value.count : BadCell;
+        const bool fits = value.IsValid() && value.count > BeyondCell;
+        return fits ? value.count : KeepBeyond(QString::fromLatin1(text.data()));
     }
     case Kind::Date: {
         SQL_TIMESTAMP_STRUCT value{};
@@ -159,12 +157,18 @@ std::int64_t CSqlServerRows::ReadCell(void* statement, std::string_view source, 
             return NullCell;
         const DateTime date =
             DateTime::FromDay(value.year, value.month, value.day, value.hour, value.minute, value.second);
-        return date.IsValid() ? date.SecondsSince1970() : BadCell;
+        return date.IsValid() ? date.SecondsSince1970()
+                              : KeepBeyond(QString::asprintf("%i-%02i-%02i", value.year, value.month, value.day));
     }
     case Kind::Text:
         break;
     }
     return ReadText(statement, source, column);
+}
+
+std::int64_t CSqlServerRows::KeepBeyond(const QString& value) {
+    m_beyond[m_cells.size()] = value;
+    return BeyondCell;
 }
 
 /// Answers the place in m_texts of the text's length and characters.
@@ -220,17 +224,17 @@ Variant CSqlServerRows::get_Collect(std::string_view name) const {
                            QString::fromUtf8(name.data(), name.size()));
     if (get_EOF())
         throw ComError("recordset", m_source, ResultCode::AtEnd, QStringLiteral("Žádný záznam není aktuální."));
-    const std::int64_t cell = m_cells[static_cast<std::size_t>(m_row) * m_columns.size() +
-                                      static_cast<std::size_t>(column - m_columns.begin())];
+    const std::size_t place = static_cast<std::size_t>(m_row) * m_columns.size() +
+                              static_cast<std::size_t>(column - m_columns.begin());
+    const std::int64_t cell = m_cells[place];
     if (cell == NullCell)
         return {};
-    const bool tooLong = column->kind == Kind::BigLong && cell != static_cast<std::int32_t>(cell);
-    if (cell == BadCell || tooLong)
-        throw ComError("recordset", column->name, ResultCode::TypeMismatch,
-                       QStringLiteral("Hodnota neodpovídá typu pole."));
+    if (cell == BeyondCell)
+        return m_beyond.at(place);
     switch (column->kind) {
-    case Kind::Long:
-    case Kind::BigLong:
+    case Kind::Whole:
+        if (cell != static_cast<std::int32_t>(cell))
+            return QString::number(cell);
         return static_cast<std::int32_t>(cell);
     case Kind::Bit:
         return cell != 0;

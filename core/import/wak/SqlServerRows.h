@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -24,12 +25,14 @@ public:
     bool get_EOF() const { return m_row >= m_count; }
     std::int64_t get_RecordCount() const { return m_count; }
     void MoveNext();
-    /// Raises ComError for a column that was not asked for or that the server did not send, at the end, and for a
-    /// number that the program's types cannot hold.
+    /// Of the current row, from 1.
+    std::int64_t Position() const { return m_row + 1; }
+    /// A number that the program's types cannot hold comes as a text. Raises ComError for a column that was not asked
+    /// for or that the server did not send, and at the end.
     Variant get_Collect(std::string_view column) const;
 
 private:
-    enum class Kind : std::uint8_t { Long, BigLong, Bit, Decimal, Real, Date, Text };
+    enum class Kind : std::uint8_t { Whole, Bit, Decimal, Real, Date, Text };
     struct Column {
         std::string name;
         Kind kind;
@@ -39,12 +42,15 @@ private:
     void Describe(void* statement, const std::vector<std::string>& columns);
     void ReadRow(void* statement, std::string_view source);
     std::int64_t ReadCell(void* statement, std::string_view source, std::size_t column);
+    std::int64_t KeepBeyond(const QString& value);
     std::int64_t ReadText(void* statement, std::string_view source, std::size_t column);
 
     std::string m_source;
     std::vector<Column> m_columns;
     std::vector<std::int64_t> m_cells;
     std::string m_texts;
+    /// The values that a cell cannot hold, by their place in m_cells.
+    std::map<std::size_t, QString> m_beyond;
     std::u16string m_buffer;
     std::int64_t m_count = 0;
     std::int64_t m_row = 0;

@@ -1,59 +1,76 @@
 #include "core/import/wak/WakImport.h"
 
-#include "core/base/ComError.h"
 #include "core/base/SqlText.h"
 #include "core/import/Import.h"
+#include "core/import/SourceValue.h"
 
 namespace {
 
 constexpr std::int32_t Sale = 2; // "prodejka"
 
 /// Rows already read from the server, under the columns' names.
-template <class Interface>
-class WakRows : public Interface {
+class CWakRecords : public CSourceFields {
 public:
-    explicit WakRows(SqlServerRowsPtr rows) : m_rows(std::move(rows)) {}
+    CWakRecords(SqlServerRowsPtr rows, const char* name)
+        : CSourceFields(QString::fromLatin1(name)), m_rows(std::move(rows)) {}
 
-    std::int32_t Count() override { return static_cast<std::int32_t>(m_rows->get_RecordCount()); }
-    bool AtEnd() override { return m_rows->get_EOF(); }
-    void MoveNext() override { m_rows->MoveNext(); }
+    CSqlServerRows& Rows() const { return *m_rows; }
 
 protected:
-    Variant Field(std::string_view column) const { return m_rows->get_Collect(column); }
-    /// A number that the row cannot do without.
-    Variant Key(std::string_view column) const {
-        const Variant value = Field(column);
-        if (IsNull(value))
-            throw ComError("import", std::string(column), ResultCode::TypeMismatch,
-                           QStringLiteral("Pole %1 není vyplněno.")
-                               .arg(QString::fromUtf8(column.data(), static_cast<qsizetype>(column.size()))));
-        return value;
-    }
+    Variant Read(std::string_view field) const override { return m_rows->get_Collect(field); }
+    std::int64_t Record() const override { return m_rows->Position(); }
 
 private:
     SqlServerRowsPtr m_rows;
+};
+
+template <class Interface>
+class WakRows : public Interface {
+public:
+    WakRows(SqlServerRowsPtr rows, const char* name) : m_records(std::move(rows), name) {}
+
+    std::int32_t Count() override { return static_cast<std::int32_t>(m_records.Rows().get_RecordCount()); }
+    bool AtEnd() override { return m_records.Rows().get_EOF(); }
+    void MoveNext() override { m_records.Rows().MoveNext(); }
+
+protected:
+    CWakRecords m_records;
 };
 
 class WakProducts : public WakRows<ISourceProducts> {
 public:
     using WakRows::WakRows;
 
-    SourceProduct Product() override { return {Key("nPol"), Field("NazPol"), Field("IdePol"), Field("IdeMJ")}; }
+    SourceProduct Product() override {
+        return {m_records.Key("nPol"), m_records.Text("NazPol"), m_records.Text("IdePol"), m_records.Text("IdeMJ")};
+    }
 };
 
 class WakLines : public WakRows<ISourceLines> {
 public:
     using WakRows::WakRows;
 
-    SourceDocumentKey Document() override { return {ToLong(Key("nDoklSkl")), {}}; }
+    SourceDocumentKey Document() override {
+        m_records.SetDocument({});
+        return {m_records.Whole("nDoklSkl"), {}};
+    }
     std::optional<SourceDocument> Header() override {
-        if (FormatVariant(Field("IdeTypuDoklSkl")).compare(u"PRO", Qt::CaseInsensitive) != 0)
+        m_records.SetDocument({});
+        if (FormatVariant(m_records.Text("IdeTypuDoklSkl")).compare(u"PRO", Qt::CaseInsensitive) != 0)
             return std::nullopt;
-        return SourceDocument{Field("IdeDoklSkl"), ToBool(Field("TypStatu")), Sale, Field("DatDoklSkl")};
+        m_number = FormatVariant(m_records.Text("IdeDoklSkl"));
+        m_records.SetDocument(m_number);
+        return SourceDocument{m_number, m_records.Flag("TypStatu"), Sale, m_records.Date("DatDoklSkl")};
     }
     SourceLine Line() override {
-        return {{Key("nPol"), QStringLiteral("???"), QString(), QString()}, Field("MnoPol"), Field("DatDoklSkl")};
+        m_records.SetDocument(m_number);
+        return {{m_records.Key("nPol"), QStringLiteral("???"), QString(), QString()},
+                m_records.Quantity("MnoPol"),
+                m_records.Date("DatDoklSkl")};
     }
+
+private:
+    QString m_number;
 };
 
 } // namespace
@@ -82,7 +99,7 @@ SqlServerRowsPtr CWakSource::Open(const std::string& source, CSqlServerConnectio
 std::unique_ptr<ISourceProducts> CWakSource::OpenProducts() {
     SqlServerRowsPtr rows =
         Open("SELECT * FROM pol_mj", CSqlServerConnection::SourceType::Text, {"nPol", "NazPol", "IdePol", "IdeMJ"});
-    return rows ? std::make_unique<WakProducts>(std::move(rows)) : nullptr;
+    return rows ? std::make_unique<WakProducts>(std::move(rows), "pol_mj") : nullptr;
 }
 
 std::unique_ptr<ISourceLines> CWakSource::OpenLines() {
@@ -93,5 +110,5 @@ std::unique_ptr<ISourceLines> CWakSource::OpenLines() {
                      to.Month(), to.Day()),
              CSqlServerConnection::SourceType::StoredProcedure,
              {"nDoklSkl", "IdeTypuDoklSkl", "IdeDoklSkl", "DatDoklSkl", "TypStatu", "nPol", "MnoPol"});
-    return rows ? std::make_unique<WakLines>(std::move(rows)) : nullptr;
+    return rows ? std::make_unique<WakLines>(std::move(rows), "DoklSkl_Pre") : nullptr;
 }
