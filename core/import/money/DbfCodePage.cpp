@@ -101,8 +101,8 @@ std::optional<DbfDecoder> DecoderOfMark(std::string_view mark) {
         return DecodeKamenicky;
     if (page == 0)
         return std::nullopt;
-    const auto decoder = std::make_shared<QStringDecoder>(ConverterOfPage(page).constData(),
-                                                          QStringConverter::Flag::Stateless);
+    const auto decoder =
+        std::make_shared<QStringDecoder>(ConverterOfPage(page).constData(), QStringConverter::Flag::Stateless);
     if (!decoder->isValid())
         return std::nullopt;
     return [decoder](QByteArrayView bytes) { return QString((*decoder)(bytes)); };

@@ -224,8 +224,8 @@ Variant CSqlServerRows::get_Collect(std::string_view name) const {
                            QString::fromUtf8(name.data(), name.size()));
     if (get_EOF())
         throw ComError("recordset", m_source, ResultCode::AtEnd, QStringLiteral("Žádný záznam není aktuální."));
-    const std::size_t place = static_cast<std::size_t>(m_row) * m_columns.size() +
-                              static_cast<std::size_t>(column - m_columns.begin());
+    const std::size_t place =
+        static_cast<std::size_t>(m_row) * m_columns.size() + static_cast<std::size_t>(column - m_columns.begin());
     const std::int64_t cell = m_cells[place];
     if (cell == NullCell)
         return {};
