@@ -118,6 +118,20 @@ bool CImportWriter::MayWrite(const SourceDocument& document) {
 }
 
 void CImportWriter::WriteDocument(const SourceDocument& document, const std::vector<SourceLine>& lines) {
+    const ImportCounts before = m_written;
+    try {
+        CWholeRecord whole(m_store);
+        StoreLines(StoreHeader(document), lines);
+        whole.Done();
+    } catch (...) {
+        m_written = before;
+        throw;
+    }
+    ++m_written.documents;
+    m_group->RecordDone();
+}
+
+Variant CImportWriter::StoreHeader(const SourceDocument& document) {
     if (!m_document->get_EOF()) {
         const std::int32_t moveId = m_document->Long("move_id");
         m_store.ExecuteSQL(SqlText("DELETE FROM Move_Cover WHERE move_id = %li", moveId));
@@ -131,14 +145,15 @@ void CImportWriter::WriteDocument(const SourceDocument& document, const std::vec
     m_document->put_Collect("move_type", document.type);
     m_document->put_Collect("move_date", document.date);
     m_document->Update();
-    const Variant moveId = m_document->get_Collect("move_id");
+    return m_document->get_Collect("move_id");
+}
+
+void CImportWriter::StoreLines(const Variant& moveId, const std::vector<SourceLine>& lines) {
     for (const SourceLine& line : lines) {
         if (!FindProduct(line.product.key))
             StoreProduct(line.product, true);
         m_lines.Add(moveId, m_product->Long("prod_id"), line.quantity, line.date);
     }
-    ++m_written.documents;
-    m_group->RecordDone();
 }
 
 void CImportWriter::BeginGroup() {

@@ -22,7 +22,7 @@ struct ImportCounts {
 };
 
 /// Writes what one phase of an import read: finds the record of an earlier import, decides whether to overwrite it,
-/// writes and counts. Every member raises ComError; what was written before it stays with `Keep`.
+/// writes and counts. Every member raises ComError; the records written before it stay with `Keep`.
 ///
 /// Commits are joined, between whole records only: a product, or a document with all its lines, so that an import that
 /// is killed leaves no half of a document for the next one to keep.
@@ -36,6 +36,7 @@ public:
     /// False when the document of an earlier import is kept.
     bool MayWrite(const SourceDocument& document);
     /// The document asked about last, with all its lines and their packaging. An overwritten one loses its old lines.
+    /// An error leaves nothing of it, and an overwritten one as it was.
     void WriteDocument(const SourceDocument& document, const std::vector<SourceLine>& lines);
     /// Commits the rest.
     void Finish();
@@ -55,6 +56,9 @@ private:
     /// A text as the column holds it; what is cut is counted.
     Variant Fitted(const char* column, const Variant& value, const QString& record);
     void StoreProduct(const SourceProduct& product, bool isNew);
+    /// Answers the document's key.
+    Variant StoreHeader(const SourceDocument& document);
+    void StoreLines(const Variant& moveId, const std::vector<SourceLine>& lines);
     void BeginGroup();
     void BeginRecord();
 

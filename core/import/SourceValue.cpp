@@ -15,8 +15,9 @@ QString Describe(const SourcePlace& place, const QString& value) {
     if (!place.document.isEmpty())
         text += QStringLiteral("doklad \"") + place.document + QStringLiteral("\", ");
     text += QStringLiteral("pole \"") + place.field + QStringLiteral("\": ");
-    return text + (value.isEmpty() ? QStringLiteral("není vyplněno.")
-                                   : QStringLiteral("hodnotu \"") + value + QStringLiteral("\" nelze přečíst."));
+    return text + (value.trimmed().isEmpty()
+                       ? QStringLiteral("není vyplněno.")
+                       : QStringLiteral("hodnotu \"") + value + QStringLiteral("\" nelze přečíst."));
 }
 
 /// As the source has it: all digits of a number, and 1e300 not as a page of them.

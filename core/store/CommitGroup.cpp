@@ -68,3 +68,17 @@ void CCommitGroup::Keep() noexcept {
         // Taken back. The error that ended the loop is the one to be told.
     }
 }
+
+CWholeRecord::CWholeRecord(CDataStore& store) : m_engine(store.SharedEngine()) {
+    m_engine->BeginRecord();
+}
+
+CWholeRecord::~CWholeRecord() {
+    if (m_open)
+        m_engine->AbandonRecord();
+}
+
+void CWholeRecord::Done() {
+    m_engine->EndRecord();
+    m_open = false;
+}

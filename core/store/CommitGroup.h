@@ -39,6 +39,24 @@ private:
     std::chrono::steady_clock::time_point m_lastFree;
 };
 
+/// A record of several statements inside a commit group, whole or not there: left without `Done`, it takes back what
+/// was written since it was made, and the group goes on.
+class CWholeRecord {
+public:
+    /// Raises ComError.
+    explicit CWholeRecord(CDataStore& store);
+    ~CWholeRecord();
+    CWholeRecord(const CWholeRecord&) = delete;
+    CWholeRecord& operator=(const CWholeRecord&) = delete;
+
+    /// Raises ComError, with the record taken back.
+    void Done();
+
+private:
+    std::shared_ptr<CEngine> m_engine;
+    bool m_open = true;
+};
+
 /// Runs the loop in a group, handed to it. Whatever ends it early, what was written stays as `Keep` says.
 template <class Loop>
 void InCommitGroup(CDataStore& store, std::function<void()> kept, const Loop& loop) {

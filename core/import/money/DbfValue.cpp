@@ -99,11 +99,12 @@ Result ReadDate(std::string_view bytes) {
 Result ReadLogical(std::string_view bytes) {
     constexpr std::string_view True = "TtYy";
     constexpr std::string_view False = "FfNn";
+    constexpr std::string_view NotSet("? \0", 3);
     if (True.find(bytes.front()) != std::string_view::npos)
         return true;
     if (False.find(bytes.front()) != std::string_view::npos)
         return false;
-    return Variant();
+    return NotSet.find(bytes.front()) != std::string_view::npos ? Result(Variant()) : std::nullopt;
 }
 
 /// The binary fields have their low byte first.

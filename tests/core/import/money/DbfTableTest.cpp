@@ -45,12 +45,14 @@ TEST(DbfTable, ReadsEachTypeExactly) {
         {'F', 20, "1.5E+03", "1500.00"},
         {'F', 20, "1.5E+300", bad},
         {'D', 8, "20120701", "#2012-07-01 00:00:00#"},
-        {'D', 8, "1.7.2012", "#-#"},
+        {'D', 8, "1.7.2012", bad},
+        {'D', 8, "20120230", bad},
         {'D', 8, "", "#null#"},
         {'D', 8, "00000000", "#null#"},
         {'L', 1, "y", "ano"},
         {'L', 1, "n", "ne"},
         {'L', 1, "?", "null"},
+        {'L', 1, "x", bad},
         {'C', 8, " a  ", "' a'"},
         {'C', 8, QByteArray("a\0\0", 3), "'a'"},
         {'C', 8, "\x8elu\x9d", "'Žluť'"},
@@ -59,7 +61,9 @@ TEST(DbfTable, ReadsEachTypeExactly) {
         {'B', 8, QByteArray("\0\0\0\0\0\0\xf8\x3f", 8), "1.50"},
         {'B', 8, QByteArray("\0\0\0\0\0\0\xf8\x7f", 8), bad},
         {'T', 8, QByteArray("\x2e\x7a\x25\0\x80\xee\x36\0", 8), "#2012-07-01 01:00:00#"},
-        {'M', 10, "12", "null"},
+        {'M', 10, "", "null"},
+        {'M', 10, "12", bad},
+        {'M', 10, "x", bad},
         {'I', 3, QByteArray("\0\0\0", 3), bad},
         {'?', 3, "abc", bad},
     };
@@ -151,10 +155,26 @@ TEST(DbfTable, OpensTheFileOfTheTrueName) {
 }
 
 TEST(DbfTable, RespectsTheCodePageMark) {
+    // expected: nothing for a mark that is not known
     const std::tuple<unsigned char, QByteArray, QByteArray, std::string> cases[] = {
-        {0, {}, "\xe8", "'č'"},         {0x64, {}, "\x9f", "'č'"},   {0x03, {}, "\xe8", "'è'"},
-        {0xEE, {}, "\xe8", "'č'"},      {0, "852\n", "\x9f", "'č'"}, {0, "UTF-8", "č", "'č'"},
-        {0, "nonsense", "\xe8", "'č'"},
+        {0, {}, "\xe8", "'č'"},
+        {0x57, {}, "\xe8", "'č'"},
+        {0xC8, {}, "\xe8", "'č'"},
+        {0x64, {}, "\x9f", "'č'"},
+        {0x03, {}, "\xe8", "'è'"},
+        {0x68, {}, "\x87\xa8\xa9\x91", "'čšřž'"},
+        {0x68, {}, "\x80\x81\x9b\xff", "'ČüŠ\u00a0'"},
+        {0x6A, {}, "\x80", "'Α'"},
+        {0x96, {}, "\x80", "'А'"},
+        {0x97, {}, "\x8b", "'č'"},
+        {0x65, {}, "\x80", "'А'"},
+        {0xC9, {}, "\xe8", "'и'"},
+        {0, "852\n", "\x9f", "'č'"},
+        {0, "cp895", "\x87", "'č'"},
+        {0, "UTF-8", "č", "'č'"},
+        {0, "ANSI 1250", "\xe8", "'č'"},
+        {0xEE, {}, "\xe8", ""},
+        {0, "nonsense", "\xe8", ""},
     };
     for (const auto& [mark, markFile, content, expected] : cases) {
         const Folder folder;
@@ -163,8 +183,57 @@ TEST(DbfTable, RespectsTheCodePageMark) {
         if (!markFile.isEmpty())
             folder.Write(markFile, "T.cpg");
         CDbfTable table;
-        ASSERT_TRUE(table.Open(folder.Write(bytes.Make())));
+        const QString path = folder.Write(bytes.Make());
+        if (expected.empty()) {
+            EXPECT_EQ(ResultCode::Fail, CodeOf([&] { table.Open(path); })) << int(mark) << markFile.constData();
+            continue;
+        }
+        ASSERT_TRUE(table.Open(path)) << int(mark);
         EXPECT_EQ(expected, Field(table, "X")) << int(mark) << markFile.constData();
+    }
+}
+
+TEST(DbfTable, ReadsTheTextsOfMemoFields) {
+    constexpr int Block = 512;
+    const QByteArray head3 = QByteArray(Block, '\0');
+    const QByteArray head4 = QByteArray(20, '\0') + QByteArray("\x00\x02", 2) + QByteArray(Block - 22, '\0');
+    const QByteArray headFox = QByteArray(6, '\0') + QByteArray("\x00\x40", 2) + QByteArray(Block - 8, '\0');
+    const QByteArray mark4("\xFF\xFF\x08\x00", 4);
+    const QByteArray text3 = "\xe8"
+                             "aj\x8D\nsypan\xfd\x1A\x1A";
+    const QByteArray text4 = mark4 + QByteArray("\x0B\0\0\0", 4) +
+                             "\xe8"
+                             "ajxxx";
+    const QByteArray textFox = QByteArray("\0\0\0\x01\0\0\0\x03", 8) + "\xe8"
+                                                                       "ajxxx";
+    const struct {
+        const char* name;
+        unsigned char kind;
+        const char* file;
+        QByteArray memo;
+        QByteArray pointer;
+        std::string read;
+    } cases[] = {
+        {"dBase III", 0x83, "T.DBT", head3 + text3, "1", "'čaj sypaný'"},
+        {"dBase IV", 0x8B, "t.dbt", head4 + text4, "1", "'čaj'"},
+        {"FoxPro", 0xF5, "T.FPT", headFox + textFox, "8", "'čaj'"},
+        {"Visual FoxPro", 0x30, "T.fpt", headFox + textFox, QByteArray("\x08\0\0\0", 4), "'čaj'"},
+        {"no text", 0x83, "T.DBT", head3 + text3, "", "null"},
+        {"no file", 0x83, "X.DBT", head3 + text3, "1", "80020005"},
+        {"no end", 0x83, "T.DBT", head3 + "abc", "1", "80020005"},
+        {"behind the file", 0x83, "T.DBT", head3 + text3, "7", "80020005"},
+        {"longer than the file", 0x8B, "T.DBT", head4 + mark4 + QByteArray("\xFF\0\0\0", 4) + "abc", "1", "80020005"},
+        {"a picture", 0xF5, "T.FPT", headFox + QByteArray(16, '\0'), "8", "80020005"},
+        {"a file that is none", 0x83, "T.DBT", "abc", "1", "80020005"},
+    };
+    for (const auto& [name, kind, file, memo, pointer, read] : cases) {
+        const Folder folder;
+        folder.Write(memo, file);
+        DbfBytes bytes{{{"X", 'M', pointer.size() == 4 ? 4 : 10}}, {{pointer}}, {}};
+        bytes.kind = kind;
+        CDbfTable table;
+        ASSERT_TRUE(table.Open(folder.Write(bytes.Make()))) << name;
+        EXPECT_EQ(read, Field(table, "X")) << name;
     }
 }
 

@@ -150,6 +150,43 @@ TEST_F(MoneyPhases, ATableThatCannotBeHadEndsItsPhase) {
     }
 }
 
+TEST_F(MoneyPhases, WhatCannotBeReadEndsTheImportAndNamesItsPlace) {
+    using Rows = std::vector<std::vector<Variant>>;
+    // A line of which it cannot be told whether it belongs to D1 leaves D1 out.
+    const std::tuple<const char*, std::function<void(Rows&)>, const char*, const char*> cases[] = {
+        {"SKKMKART.DAT", [](Rows& rows) { rows[1][0] = Czech("x"); },
+         "Tabulka \"SKKMKART.DAT\", záznam 2, pole \"Cislo\": hodnotu \"x\" nelze přečíst.", "1+0"},
+        {"SKSEZPOL.DAT", [](Rows& rows) { rows[2][1] = Currency::FromCount(15000); },
+         "Tabulka \"SKSEZPOL.DAT\", záznam 3, pole \"CDokladu\": hodnotu \"1,5\" nelze přečíst.", "2+0"},
+        {"SKSEZPOL.DAT", [](Rows& rows) { rows[1][6] = Czech("abc"); },
+         "Tabulka \"SKSEZPOL.DAT\", záznam 2, doklad \"D1\", pole \"PocetMJ\": hodnotu \"abc\" nelze přečíst.", "2+0"},
+        {"SKSEZPOL.DAT", [](Rows& rows) { rows[2][2] = 1.5; },
+         "Tabulka \"SKSEZPOL.DAT\", záznam 3, doklad \"D2\", pole \"CKmenKarty\": hodnotu \"1.5\" nelze přečíst.",
+         "2+1"},
+        {"SKSEZDOK.DAT", [](Rows& rows) { rows[1][2] = Czech("31.2.2012"); },
+         "Tabulka \"SKSEZDOK.DAT\", záznam 2, doklad \"D2\", pole \"Datum\": hodnotu \"31.2.2012\" nelze přečíst.",
+         "2+1"},
+    };
+    AddCard(1, "a");
+    AddCard(2, "b");
+    AddDocument(1, "D1", "V");
+    AddDocument(2, "D2", "V");
+    for (const int document : {1, 1, 2})
+        AddLine("S", document);
+    const auto tables = money.tables;
+    for (const auto& [table, spoil, text, counted] : cases) {
+        Sql("DELETE FROM Move; DELETE FROM Move_Prod; DELETE FROM Product");
+        money.tables = tables;
+        spoil(money.tables[QString::fromUtf8(table)].rows);
+        messages.Expect(QStringLiteral("Došlo k chybě COM č.0x80020005\n\n") + QString::fromUtf8(text),
+                        Message::Icon::Error);
+        const ImportResult result = Run();
+        EXPECT_EQ(End::Failed, result.end);
+        EXPECT_EQ(counted, std::to_string(result.counts.products) + "+" + std::to_string(result.counts.documents));
+        EXPECT_EQ(result.counts.documents == 0 ? "0" : "2", Ask("SELECT count(*) FROM Move_Prod")) << text;
+    }
+}
+
 TEST_F(MoneyPhases, EmptyTablesShowNoPhase) {
     EXPECT_EQ(End::Done, Run().end);
     EXPECT_EQ("title Import dat z Money S3 (cancel)|range 0 200|closed",
@@ -169,6 +206,46 @@ TEST_F(MoneyPhases, AComponentThatIsNotThereIsRegisteredOnce) {
     messages.Expect("File doesn't exist!\nmon2kdbe.dll", Message::Icon::Error);
     messages.Meanwhile([&] { money.objects = -1; });
     EXPECT_TRUE(MoneyComponentReady());
+}
+
+/// A year in files, its cards marked with this code page and named by memos.
+struct MoneyFiles : testing::Test, StoreFolder {
+    MoneyFolder money;
+    ScriptedMessages messages;
+
+    void WriteCards(unsigned char mark, const QByteArray& memo) {
+        DbfBytes cards{{{"Cislo", 'N', 10}, {"Popis", 'M', 10}, {"Katalog", 'C', 20}, {"MJ", 'C', 10}}, {}, {}};
+        cards.rows = {{"1", "1", "K\x91", "ks"}};
+        cards.kind = 0x83;
+        cards.codePageMark = mark;
+        money.WriteTable("d:/Agenda.1/SKKMKART.DAT", cards);
+        WriteFile(money.Path("d:/Agenda.1/SKKMKART.DBT"), QByteArray(512, '\0') + memo + '\x1A');
+    }
+    ImportResult Run() {
+        return CarryOutImport([this](ImportCounts& counts) {
+            MoneyOptions options;
+            options.documents = false;
+            CMoneySource source({{}, money.Path("d:/Agenda.1/"), {}, money.Path("d:/Agenda.1/Rok.1/")}, options);
+            return RunImport(store, source, options, SilentProgress(), NobodyToAsk(), counts);
+        });
+    }
+};
+
+TEST_F(MoneyFiles, NamesComeFromMemosInTheCodePageOfTheTable) {
+    WriteCards(0x68, "\x87"
+                     "aj\r\nsypan\x98");
+    EXPECT_EQ(End::Done, Run().end);
+    EXPECT_EQ("čaj sypaný|Kž|ks", AskAll("SELECT prod_name, prod_katalog, prod_unit FROM Product"));
+}
+
+TEST_F(MoneyFiles, WrongLettersAreRefused) {
+    WriteCards(0xEE, "x");
+    messages.Expect(QStringLiteral("Došlo k chybě COM č.0x80004005\n\nTabulka \"%1\" je v kódové stránce, kterou "
+                                   "program nezná (LDID/238).")
+                        .arg(money.Path("d:/Agenda.1/SKKMKART.DAT")),
+                    Message::Icon::Error);
+    EXPECT_EQ(End::Failed, Run().end);
+    EXPECT_EQ("0", Ask("SELECT count(*) FROM Product"));
 }
 
 /// Writes the tables with an office, from CSV with the field types in the headings.

@@ -174,13 +174,34 @@ TEST_F(WakImport, SaysWhatFailedAndKeepsWhatWasWritten) {
          "Could not find stored procedure 'DoklSkl_Pre'.", 2, 0},
         {"locked", error(3, 1222, "Lock request time out period exceeded."), "80040E31",
          "Lock request time out period exceeded.", 2, 0},
-        {"no key", [](TdsServer& s) { s.documents.rows[4][5].reset(); }, "80020005", "Pole nPol není vyplněno.", 3, 2},
+        {"no key", [](TdsServer& s) { s.documents.rows[4][5].reset(); }, "80020005",
+         "Tabulka \"DoklSkl_Pre\", záznam 5, doklad \"Č12\", pole \"nPol\": není vyplněno.", 3, 1},
+        {"no number",
+         [](TdsServer& s) {
+             s.documents.columns[6].type = "varchar";
+             s.documents.rows[1][6] = "abc";
+         },
+         "80020005",
+         "Tabulka \"DoklSkl_Pre\", záznam 2, doklad \"Č10\", pole \"MnoPol\": hodnotu \"abc\" nelze přečíst.", 2, 0},
+        {"no number of ours",
+         [](TdsServer& s) {
+             s.documents.columns[6].type = "float";
+             s.documents.rows[4][6] = "1e30";
+         },
+         "80020005",
+         "Tabulka \"DoklSkl_Pre\", záznam 5, doklad \"Č12\", pole \"MnoPol\": hodnotu \"1e+30\" nelze přečíst.", 3, 1},
+        {"half a document",
+         [](TdsServer& s) {
+             s.documents.columns[0].type = "float";
+             s.documents.rows[0][0] = "1.5";
+         },
+         "80020005", "Tabulka \"DoklSkl_Pre\", záznam 1, pole \"nDoklSkl\": hodnotu \"1.5\" nelze přečíst.", 2, 0},
         {"key too long",
          [](TdsServer& s) {
              s.products.columns[0].type = "bigint";
              s.products.rows[1][0] = "4294967297";
          },
-         "80020005", "Hodnota neodpovídá typu pole.", 1, 0},
+         "80020005", "Tabulka \"pol_mj\", záznam 2, pole \"nPol\": hodnotu \"4294967297\" nelze přečíst.", 1, 0},
         {"no column", [](TdsServer& s) { s.products.columns[2].name = "KodPol"; }, "800A0CC1",
          "Položku nelze v kolekci nalézt: IdePol", 0, 0},
     };
@@ -200,6 +221,16 @@ TEST_F(WakImport, SaysWhatFailedAndKeepsWhatWasWritten) {
     }
 }
 
+TEST_F(WakImport, ADocumentsNumberMayBeLongerThanAKey) {
+    server.documents.columns[0].type = "bigint";
+    server.documents.rows.erase(server.documents.rows.begin() + 2);
+    for (std::size_t i = 0; i < server.documents.rows.size(); ++i)
+        server.documents.rows[i][0] = i < 2 ? "9999999999" : "1410065407"; // the same in its lower 32 bits
+    server.Start();
+    RunToEnd(3, 2);
+    EXPECT_EQ("Č10|1|255000 Č10|99|1 Č11|1|10000 Č11|2|-30000 Č11|2|10000", folder.AskAll(Lines));
+}
+
 TEST_F(WakImport, WithoutTheRecordsetObject) {
     server.Start();
     EXPECT_TRUE(Run(1).IsSilent());
@@ -207,19 +238,20 @@ TEST_F(WakImport, WithoutTheRecordsetObject) {
     EXPECT_EQ(ImportResult::End::Done, Run(2).end);
 }
 
-TEST_F(WakImport, CancelledInTheMiddleKeepsWhatWasWritten) {
+TEST_F(WakImport, CancelledInTheMiddleOfADocumentEndsAfterIt) {
     server.Start();
     progress.onPosition = [&] {
         if (progress.lines.back() == QStringLiteral("position 33")) // of the first document's first line
             progress.cancelAt = progress.asked + 1;
     };
-    ExpectSummary("Import byl přerušen!", 2, 1);
+    ExpectSummary("Import byl přerušen!", 3, 1);
     EXPECT_EQ(ImportResult::End::Cancelled, Run().end);
-    EXPECT_EQ("Č10|1|255000", folder.AskAll(Lines));
+    EXPECT_EQ("Č10|1|255000 Č10|99|1", folder.AskAll(Lines));
     EXPECT_EQ("closed", progress.lines.back());
     progress.onPosition = nullptr;
     progress.cancelAt = 0;
-    RunToEnd(3, 2);
+    options.existing = ExistingRecords::Keep;
+    RunToEnd(0, 1);
     EXPECT_EQ("Č10|1|255000 Č10|99|1 Č12|2|-30000", folder.AskAll(Lines));
 }
 
