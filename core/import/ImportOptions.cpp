@@ -34,6 +34,7 @@ void MoneyOptions::Read() {
     ImportOptions::Read(MoneySection);
     const CProfile settings(SettingsPath());
     setExport = ReadFlag(settings, MoneySection, QStringLiteral("Nastavovat Export"));
+    lastYear = settings.GetString(MoneySection, QStringLiteral("Posledni rok"), {});
     domestic = settings.GetString(MoneySection, QStringLiteral("Neexportni zeme"), MoneyOptions().domestic);
 }
 
@@ -41,5 +42,7 @@ std::error_code MoneyOptions::Write() const {
     CProfile::Entries entries = Entries();
     entries.push_back({QStringLiteral("Nastavovat Export"), FlagText(setExport)});
     entries.push_back({QStringLiteral("Neexportni zeme"), domestic});
+    if (!lastYear.isEmpty())
+        entries.push_back({QStringLiteral("Posledni rok"), lastYear});
     return CProfile(SettingsPath()).Write(MoneySection, entries);
 }

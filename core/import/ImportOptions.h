@@ -24,6 +24,8 @@ struct MoneyOptions : ImportOptions {
     /// Names of domestic countries, separated by semicolons; a lone semicolon stands for a country left empty. The
     /// document phase turns the text to upper case, and so it is saved.
     QString domestic = QStringLiteral(";Česká republika ;ČR");
+    /// The folder of the year that was chosen last; empty before the first choice.
+    QString lastYear;
 
     void Read();
     /// In one write; answers why it could not be done.

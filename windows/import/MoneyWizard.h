@@ -12,6 +12,6 @@ public:
     const MoneyYear& Year() const { return m_years.Year(); }
 
 private:
-    CPageImpS3 m_years;
+    CPageImpS3 m_years{Options()};
     CPageImpS3Param m_parameters{Options()};
 };

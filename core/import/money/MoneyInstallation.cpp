@@ -81,12 +81,17 @@ bool ReadName(const QString& folder, const NamePlace& place, bool showMessages, 
     return false;
 }
 
+/// "Agenda.001" for "Agenda", and the like.
+bool IsNamed(const QString& entry, const QString& name) {
+    return entry.compare(name, Qt::CaseInsensitive) == 0 || entry.startsWith(name + u'.', Qt::CaseInsensitive);
+}
+
 /// The folders "Agenda.001" and the like, by their names, with a separator at the end.
 QStringList FoldersOf(const QString& folder, const QString& name) {
     QStringList folders;
     for (const QString& entry :
          QDir(folder).entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name | QDir::IgnoreCase))
-        if (entry.compare(name, Qt::CaseInsensitive) == 0 || entry.startsWith(name + u'.', Qt::CaseInsensitive))
+        if (IsNamed(entry, name))
             folders.append(folder + entry + u'/');
     return folders;
 }
@@ -98,6 +103,29 @@ QString SortKey(const MoneyYear& year) {
 /// Up to and including the separator before the last name; empty when there is none.
 QString FolderAbove(const QString& folder) {
     return folder.left(folder.lastIndexOf(u'/', folder.size() - 2) + 1);
+}
+
+const QString YearFolders = QStringLiteral("Rok");
+
+/// Whether the list of an agenda shows this folder, also without a name.
+bool IsListed(const QString& folder) {
+    return QFileInfo(folder).isDir() && IsNamed(folder.chopped(1).section(u'/', -1), YearFolders);
+}
+
+/// None, after a message when they are on, when it or the folder above it is not Money's.
+std::optional<MoneyYear> ReadYear(const QString& folder, bool needsName, bool showMessages) {
+    MoneyYear year;
+    year.yearFolder = Normalised(folder);
+    needsName = needsName || !IsListed(year.yearFolder);
+    if (!ReadName(year.yearFolder, YearName, showMessages && needsName, year.yearName) && needsName)
+        return std::nullopt;
+    year.agendaFolder = FolderAbove(year.yearFolder);
+    if (year.agendaFolder.isEmpty()) {
+        if (showMessages)
+            ShowWarning(MessageText(AgendaName.refusal, year.yearFolder));
+        return std::nullopt;
+    }
+    return ReadName(year.agendaFolder, AgendaName, showMessages, year.agendaName) ? std::optional(year) : std::nullopt;
 }
 
 } // namespace
@@ -129,7 +157,7 @@ void CMoneyInstallation::List() {
         year.agendaFolder = agendaFolder;
         if (!ReadName(agendaFolder, AgendaName, false, year.agendaName))
             continue;
-        for (const QString& yearFolder : FoldersOf(agendaFolder, QStringLiteral("Rok"))) {
+        for (const QString& yearFolder : FoldersOf(agendaFolder, YearFolders)) {
             year.yearFolder = yearFolder;
             ReadName(yearFolder, YearName, false, year.yearName);
             Insert(year);
@@ -144,33 +172,30 @@ void CMoneyInstallation::Insert(MoneyYear year) {
     m_years.insert(place, std::move(year));
 }
 
-std::optional<std::size_t> CMoneyInstallation::ChooseFolder(const QString& folder) {
-    MoneyYear year;
-    year.yearFolder = Normalised(folder);
-    if (!ReadName(year.yearFolder, YearName, true, year.yearName))
-        return std::nullopt;
-    year.agendaFolder = FolderAbove(year.yearFolder);
-    if (year.agendaFolder.isEmpty()) {
-        ShowWarning(MessageText(AgendaName.refusal, year.yearFolder));
-        return std::nullopt;
-    }
-    if (!ReadName(year.agendaFolder, AgendaName, true, year.agendaName))
-        return std::nullopt;
+std::size_t CMoneyInstallation::RowOf(const MoneyYear& year) {
     const auto sameFolder = [&year](const MoneyYear& other) {
         return other.yearFolder.compare(year.yearFolder, Qt::CaseInsensitive) == 0;
     };
     const auto found = std::find_if(m_years.begin(), m_years.end(), sameFolder);
-    const auto index = static_cast<std::size_t>(found - m_years.begin());
+    const auto row = static_cast<std::size_t>(found - m_years.begin());
     if (found == m_years.end())
-        m_years.push_back(std::move(year));
-    return index;
+        m_years.push_back(year);
+    return row;
+}
+
+std::optional<std::size_t> CMoneyInstallation::ChooseFolder(const QString& folder) {
+    const std::optional<MoneyYear> year = ReadYear(folder, true, true);
+    return year ? std::optional(RowOf(*year)) : std::nullopt;
+}
+
+std::optional<std::size_t> CMoneyInstallation::FindAgain(const QString& folder) {
+    const std::optional<MoneyYear> year = ReadYear(QDir::fromNativeSeparators(folder), false, false);
+    return year ? std::optional(RowOf(*year)) : std::nullopt;
 }
 
 std::optional<MoneyYear> MoneyYearOfFolder(const QString& folder) {
     const CDriveMap drives = CDriveMap::FromEnvironment();
     const bool hasDrive = folder.size() >= 2 && folder[1] == u':';
-    CMoneyInstallation installation(drives);
-    const std::optional<std::size_t> row = installation.ChooseFolder(
-        drives.Native(hasDrive ? folder : QDir::cleanPath(QDir::current().absoluteFilePath(folder))));
-    return row ? std::optional(installation.Years()[*row]) : std::nullopt;
+    return ReadYear(drives.Native(hasDrive ? folder : QDir::cleanPath(QDir::current().absoluteFilePath(folder))), false,
+                    true);
 }

@@ -29,15 +29,19 @@ public:
     /// Takes the folder as a year folder. The index of its row, old or new; none after a message when it or the folder
     /// above it is not Money's.
     std::optional<std::size_t> ChooseFolder(const QString& folder);
+    /// The row of a folder that was chosen in an earlier run, without messages; none when it is no longer Money's.
+    std::optional<std::size_t> FindAgain(const QString& folder);
 
 private:
     QString DataRoot() const;
     void Insert(MoneyYear year);
+    /// The row of the year, old or new.
+    std::size_t RowOf(const MoneyYear& year);
 
     CDriveMap m_drives;
     std::vector<MoneyYear> m_years;
 };
 
 /// The year of a year folder, given as for `CDriveMap::Native` or relative to the current folder, for an import without
-/// windows; none after the messages of `ChooseFolder`.
+/// windows; none after the messages of `ChooseFolder`. As in the list, a folder "Rok.*" needs no name.
 std::optional<MoneyYear> MoneyYearOfFolder(const QString& folder);

@@ -26,6 +26,11 @@ TEST(ImportOptions, AreKeptInTheSettings) {
     EXPECT_TRUE(!again.products && again.documents && !again.setExport);
     EXPECT_EQ(ExistingRecords::Ask, again.existing);
     EXPECT_EQ(options.domestic, again.domestic);
+    again.lastYear = QStringLiteral("/Data/Agenda.1/Rok.1/");
+    ASSERT_FALSE(again.Write());
+    EXPECT_TRUE(FileBytes(folder.File("kuvel.ini")).endsWith("SLOVENSKO\r\nPosledni rok=/Data/Agenda.1/Rok.1/\r\n"));
+    options.Read();
+    EXPECT_EQ(again.lastYear, options.lastYear);
 }
 
 TEST(ImportOptions, OddSettingsReadAsTheyCan) {

@@ -157,6 +157,29 @@ TEST_F(MoneyInstallation, TakesAFolderChosenByHand) {
     EXPECT_EQ(2u, installation.Years().size());
 }
 
+TEST_F(MoneyInstallation, FindsTheYearOfAnEarlierRunWithoutAWord) {
+    money.Install('c', "C:\\Data");
+    money.AddAgenda("c:/Data/Agenda.001", "Beta");
+    money.AddYear("c:/Data/Agenda.001/Rok.2011", "2011");
+    QDir().mkpath(money.Path("c:/Data/Agenda.001/Rok.2012"));
+    money.AddAgenda("c:/Elsewhere/Agenda.1", "Alfa");
+    money.AddYear("c:/Elsewhere/Agenda.1/2010", "2010");
+    // row: "-" for none
+    const std::tuple<const char*, const char*, std::size_t> cases[] = {
+        {"c:/Data/Agenda.001/Rok.2011/", "0", 2}, {"c:/Data/Agenda.001/Rok.2012/", "1", 2},
+        {"c:/Elsewhere/Agenda.1/2010/", "2", 3},  {"c:/Elsewhere/Agenda.1/2011/", "-", 2},
+        {"c:/Data/Agenda.002/Rok.2011/", "-", 2}, {"c:/Elsewhere/", "-", 2},
+    };
+    for (const auto& [folder, row, years] : cases) {
+        CMoneyInstallation installation(CDriveMap::FromEnvironment());
+        installation.List();
+        const std::optional<std::size_t> found = installation.FindAgain(money.Path(QString::fromUtf8(folder)));
+        EXPECT_EQ(row, found ? std::to_string(*found) : "-") << folder;
+        EXPECT_EQ(years, installation.Years().size()) << folder;
+        EXPECT_FALSE(installation.FindAgain({}));
+    }
+}
+
 TEST_F(MoneyInstallation, TakesTheYearFolderOfACommand) {
     money.AddAgenda("c:/Data/Agenda.001", "Firma");
     money.AddYear("c:/Data/Agenda.001/Rok.2012", "2012");
@@ -171,6 +194,19 @@ TEST_F(MoneyInstallation, TakesTheYearFolderOfACommand) {
         EXPECT_EQ(money.Path("c:/Data/Agenda.001/"), year->agendaFolder) << folder.toStdString();
     }
     QDir::setCurrent(before);
+
+    // A year without a name is taken as the list shows it; nothing else is.
+    QDir().mkpath(money.Path("c:/Data/Agenda.001/Rok.2013"));
+    QDir().mkpath(money.Path("c:/Data/Agenda.001/2013"));
+    const std::optional<MoneyYear> unnamed = MoneyYearOfFolder("C:\\Data\\Agenda.001\\rok.2013");
+    ASSERT_TRUE(unnamed);
+    EXPECT_EQ("Firma|<není>", (unnamed->agendaName + u'|' + unnamed->yearName).toStdString());
+    for (const char* folder : {"2013", "Rok.2014"}) {
+        messages.Expect(QString("Adresář \"%1c:/Data/Agenda.001/%2/\" neobsahuje informace o účetním roce Money!")
+                            .arg(money.Path({}), QLatin1String(folder)),
+                        Message::Icon::Warning);
+        EXPECT_FALSE(MoneyYearOfFolder(money.Path("c:/Data/Agenda.001/") + QLatin1String(folder)));
+    }
 }
 
 } // namespace
