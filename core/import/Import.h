@@ -5,9 +5,6 @@
 
 #include <functional>
 
-/// Thrown by an import when the user cancels it in the progress window.
-struct ImportCancelled {};
-
 /// The phases that the options choose, under the progress window: products, then issue documents, each under the
 /// options' policy. True when they ran to their end, also when the documents could not be opened; false, with nothing
 /// imported, when nothing was chosen, the source could not be reached or its products could not be opened. Raises

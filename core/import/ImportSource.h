@@ -7,6 +7,9 @@
 #include <memory>
 #include <optional>
 
+/// Thrown when the user cancels an import, in the progress window or in a question.
+struct ImportCancelled {};
+
 /// Where records come from; the number is stored with each of them.
 enum class SourceCode { Money = 1, Wak = 2 };
 

@@ -20,7 +20,7 @@ bool CImportWriter::MayOverwrite(const Question& question) {
     return m_policy == ExistingRecords::Ask ? AskMayOverwrite(question()) : m_policy == ExistingRecords::Overwrite;
 }
 
-bool CImportWriter::AskMayOverwrite(const QString& question) {
+bool CImportWriter::AskMayOverwrite(const OverwriteQuestion& question) {
     // Nothing is left uncommitted, or locked, while the user thinks.
     Finish();
     m_group.reset();
@@ -35,6 +35,8 @@ bool CImportWriter::AskMayOverwrite(const QString& question) {
         return false;
     case IOverwriteDoor::Answer::Yes:
         return true;
+    case IOverwriteDoor::Answer::Stop:
+        throw ImportCancelled();
     case IOverwriteDoor::Answer::No:
         break;
     }
@@ -73,15 +75,22 @@ void CImportWriter::StoreProduct(const SourceProduct& product, bool isNew) {
     ++m_written.products;
 }
 
+OverwriteQuestion CImportWriter::QuestionAbout(const SourceProduct& product) const {
+    const auto value = [this](const char* name, const char* column, const Variant& incoming) {
+        return OverwriteQuestion::Value{QString::fromUtf8(name), FormatVariant(m_product->get_Collect(column)),
+                                        FitText(column, FormatVariant(incoming)).text};
+    };
+    return {MessageText("Produkt \"%s, kat.č. %s\" byl již z %s importován. Přejete si jej aktualizovat?",
+                        FormatVariant(product.name), FormatVariant(product.catalogue), m_name),
+            {value("Název", "prod_name", product.name), value("Katalogové číslo", "prod_katalog", product.catalogue),
+             value("Měrná jednotka", "prod_unit", product.unit)}};
+}
+
 void CImportWriter::WriteProduct(const SourceProduct& product) {
     BeginRecord();
     const bool exists = FindProduct(product.key);
-    const auto question = [&] {
-        return MessageText("Produkt \"%s, kat.č. %s\" byl již z %s importován. Přejete si jej aktualizovat?",
-                           FormatVariant(product.name), FormatVariant(product.catalogue), m_name);
-    };
     // A deleted product comes back to life whatever the policy says.
-    if (exists && !ToBool(m_product->get_Collect("deleted")) && !MayOverwrite(question))
+    if (exists && !ToBool(m_product->get_Collect("deleted")) && !MayOverwrite([&] { return QuestionAbout(product); }))
         return;
     StoreProduct(product, !exists);
 }
@@ -105,16 +114,27 @@ QString CImportWriter::NumberOf(const SourceDocument& document) {
     return fitted.text;
 }
 
+OverwriteQuestion CImportWriter::QuestionAbout(const SourceDocument& document) {
+    const auto type = [this](int index) { return m_store.CodeListText(CodeList::MoveType, index); };
+    const auto stored = [this](const char* column) { return m_document->get_Collect(column); };
+    RecordsetPtr lines;
+    m_store.OpenRecordset(lines, SqlText("SELECT * FROM Move_Prod WHERE move_id = %li", m_document->Long("move_id")),
+                          CursorType::Keyset, LockType::Optimistic, CommandType::Text);
+    // Both imports ask in these words. The new lines are not read yet.
+    return {
+        MessageText("Doklad \"%s\" byl již z Money importován. Přejete si jej aktualizovat?", document.number),
+        {{QStringLiteral("Datum"), FormatVariant(stored("move_date")), FormatVariant(document.date)},
+         {QStringLiteral("Typ"), type(static_cast<int>(m_document->Long("move_type"))), type(document.type)},
+         {QStringLiteral("Vývoz"), FormatVariant(stored("move_export")), FormatVariant(document.isExport)},
+         {QStringLiteral("Počet položek"), QString::number(lines->get_RecordCount()), QStringLiteral("nahradí se")}}};
+}
+
 bool CImportWriter::MayWrite(const SourceDocument& document) {
     BeginRecord();
     m_number = NumberOf(document);
-    // Both imports ask in these words.
-    const auto question = [&] {
-        return MessageText("Doklad \"%s\" byl již z Money importován. Přejete si jej aktualizovat?", document.number);
-    };
     // A document of an import that neither trimmed nor cut is found by the number as it was.
     const bool exists = FindDocument(document.number) || (m_number != document.number && FindDocument(m_number));
-    return !exists || MayOverwrite(question);
+    return !exists || MayOverwrite([&] { return QuestionAbout(document); });
 }
 
 void CImportWriter::WriteDocument(const SourceDocument& document, const std::vector<SourceLine>& lines) {

@@ -28,7 +28,7 @@ struct ImportCounts {
 /// is killed leaves no half of a document for the next one to keep.
 class CImportWriter {
 public:
-    /// The policy holds for this phase; the answers "to all" change it.
+    /// The policy holds for this phase; the answers "to all" change it, and Stop throws ImportCancelled.
     CImportWriter(CDataStore& store, const IImportSource& source, ExistingRecords policy, IOverwriteDoor& door,
                   ImportCounts& counts);
 
@@ -47,7 +47,9 @@ private:
     /// The question as a function, since most records need none.
     template <class Question>
     bool MayOverwrite(const Question& question);
-    bool AskMayOverwrite(const QString& question);
+    bool AskMayOverwrite(const OverwriteQuestion& question);
+    OverwriteQuestion QuestionAbout(const SourceProduct& product) const;
+    OverwriteQuestion QuestionAbout(const SourceDocument& document);
     /// Leaves `m_product` on the product of this key; false when there is none.
     bool FindProduct(std::int32_t key);
     bool FindDocument(const QString& number);

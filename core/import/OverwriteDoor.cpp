@@ -4,7 +4,7 @@ namespace {
 
 class NobodyDoor : public IOverwriteDoor {
 public:
-    Answer Ask(const QString&) override { return Answer::No; }
+    Answer Ask(const OverwriteQuestion&) override { return Answer::No; }
 };
 
 } // namespace

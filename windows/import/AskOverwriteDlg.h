@@ -10,12 +10,13 @@ namespace Ui {
 class AskOverwriteDlg;
 }
 
-/// Asks whether a record of an earlier import is to be overwritten: yes, no, or either for all that follow.
+/// Asks whether a record of an earlier import is to be overwritten: yes, no, or either for all that follow. Shows what
+/// it holds beside what it would, and can stop the import.
 class CAskOverwriteDlg : public QDialog {
     Q_OBJECT
 
 public:
-    CAskOverwriteDlg(const QString& question, QWidget* parent);
+    CAskOverwriteDlg(const OverwriteQuestion& question, QWidget* parent);
     ~CAskOverwriteDlg() override;
 
     IOverwriteDoor::Answer Ask();

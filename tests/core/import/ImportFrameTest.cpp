@@ -101,6 +101,39 @@ TEST_F(ImportFrame, AnAnswerToAllHoldsForItsPhaseOnly) {
     EXPECT_EQ(ExistingRecords::Ask, options.existing);
 }
 
+TEST_F(ImportFrame, AQuestionShowsWhatIsThereAndWhatWouldBe) {
+    Sql("INSERT INTO Product VALUES (1, 'old', NULL, 'kg', 2, 1, 0);"
+        "INSERT INTO Move VALUES (40, 'D1', '2011-01-31', 0, 0, 2);"
+        "INSERT INTO Move_Prod VALUES (NULL, 40, 1, 1), (NULL, 40, 1, 1)");
+    source.products = {{1, QString(60, u'n'), QStringLiteral("K"), QStringLiteral(" kg ")}};
+    source.lines = {{1, "D1"}};
+    door.answers = {Answer::Yes, Answer::No};
+    door.onAsk = [&] {
+        EXPECT_EQ(door.questions.size() == 1
+                      ? "Název: old > " + std::string(50, 'n') + "\nKatalogové číslo:  > K\nMěrná jednotka: kg > kg\n"
+                      : "Datum: 31.01.2011 > 01.05.2012\nTyp: dodací list > prodejka\nVývoz: ne > ano\n"
+                        "Počet položek: 2 > nahradí se\n",
+                  door.values.toStdString());
+    };
+    EXPECT_EQ("done 1+0", Counted(Run(ExistingRecords::Ask)));
+    EXPECT_EQ(2u, door.questions.size());
+}
+
+TEST_F(ImportFrame, StopInAQuestionEndsTheImportAsACancelDoes) {
+    Sql("INSERT INTO Product VALUES (2, 'old', 'o', 'o', 2, 2, 0);"
+        "INSERT INTO Move VALUES (40, 'D2', '2011-01-01', 0, 0, 2)");
+    source.AddProducts(3);
+    source.lines = {{1, "D1"}, {1, "D1"}, {2, "D2"}, {3, "D3"}};
+    door.answers = {Answer::Stop};
+    EXPECT_EQ("cancelled 1+0", Counted(Run(ExistingRecords::Ask)));
+    EXPECT_EQ("P1 old", AskAll("SELECT prod_name FROM Product ORDER BY prod_scrid"));
+    options.products = false;
+    door.answers = {Answer::Stop};
+    EXPECT_EQ("cancelled 0+1", Counted(Run(ExistingRecords::Ask)));
+    EXPECT_EQ("D1|2 D2|0", AskAll("SELECT move_num, (SELECT count(*) FROM Move_Prod AS p WHERE p.move_id = m.move_id) "
+                                  "FROM Move AS m ORDER BY move_num"));
+}
+
 TEST_F(ImportFrame, NothingIsLockedWhileAQuestionIsShown) {
     source.AddProducts(2);
     AddPackagedProduct(2);

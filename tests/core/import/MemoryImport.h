@@ -10,8 +10,11 @@
 /// Answers the questions in turn and writes them down.
 class AskedDoor : public IOverwriteDoor {
 public:
-    Answer Ask(const QString& question) override {
-        questions.push_back(question);
+    Answer Ask(const OverwriteQuestion& question) override {
+        questions.push_back(question.text);
+        values.clear();
+        for (const OverwriteQuestion::Value& value : question.values)
+            values += QStringLiteral("%1: %2 > %3\n").arg(value.name, value.stored, value.incoming);
         if (onAsk)
             onAsk();
         const Answer answer = answers.empty() ? Answer::No : answers.front();
@@ -22,6 +25,8 @@ public:
 
     std::vector<Answer> answers;
     std::vector<QString> questions;
+    /// What the last question showed: "Název: old > new", a line each.
+    QString values;
     std::function<void()> onAsk;
 };
 

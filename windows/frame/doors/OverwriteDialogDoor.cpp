@@ -3,6 +3,6 @@
 #include "windows/frame/doors/ActiveWindow.h"
 #include "windows/import/AskOverwriteDlg.h"
 
-IOverwriteDoor::Answer COverwriteDialogDoor::Ask(const QString& question) {
+IOverwriteDoor::Answer COverwriteDialogDoor::Ask(const OverwriteQuestion& question) {
     return CAskOverwriteDlg(question, ActiveWindow()).Ask();
 }

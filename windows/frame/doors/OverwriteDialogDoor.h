@@ -2,8 +2,8 @@
 
 #include "core/import/OverwriteDoor.h"
 
-/// Asks with the four buttons, over the window that is in front.
+/// Asks with the window of the question, over the window that is in front.
 class COverwriteDialogDoor : public IOverwriteDoor {
 public:
-    Answer Ask(const QString& question) override;
+    Answer Ask(const OverwriteQuestion& question) override;
 };
