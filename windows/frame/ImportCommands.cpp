@@ -22,7 +22,7 @@ bool ImportFromMoney(CMainFrame& frame, IProgressDoor& progress, ImportCounts& c
 }
 
 bool ImportFromWak(CMainFrame& frame, IProgressDoor& progress, ImportCounts& counts) {
-    CWakWizard wizard;
+    CWakWizard wizard(progress);
     if (!wizard.Run(&frame))
         return false;
     CWakSource source(wizard.Options(), wizard.Range());

@@ -1,10 +1,10 @@
 #include "windows/import/PageImpWAK.h"
 
+#include "core/import/ImportSource.h"
 #include "core/import/wak/SqlServerConnection.h"
 #include "ui_PageImpWAK.h"
 #include "windows/widgets/Guarded.h"
 #include "windows/widgets/Refuse.h"
-#include "windows/widgets/WaitCursor.h"
 
 namespace {
 
@@ -34,7 +34,8 @@ QLineEdit& EditOf(const Ui::PageImpWAK& ui, WakComplaint::Field field) {
 
 } // namespace
 
-CPageImpWAK::CPageImpWAK(WakOptions& options) : m_ui(std::make_unique<Ui::PageImpWAK>()), m_options(options) {
+CPageImpWAK::CPageImpWAK(WakOptions& options, IProgressDoor& progress)
+    : m_ui(std::make_unique<Ui::PageImpWAK>()), m_options(options), m_progress(progress) {
     m_ui->setupUi(this);
     for (const TextField& field : Fields) {
         QLineEdit& edit = *(m_ui.get()->*field.edit);
@@ -47,6 +48,12 @@ CPageImpWAK::CPageImpWAK(WakOptions& options) : m_ui(std::make_unique<Ui::PageIm
         m_options.windows = on;
         EnableLogin();
     });
+    m_ui->storePasswordCheck->setChecked(m_options.storePassword);
+    connect(m_ui->storePasswordCheck, &QCheckBox::toggled, this, [this](bool on) {
+        m_options.storePassword = on;
+        NotePassword();
+    });
+    connect(m_ui->passwordEdit, &QLineEdit::textChanged, this, &CPageImpWAK::NotePassword);
     connect(m_ui->testButton, &QPushButton::clicked, this, &CPageImpWAK::TestConnection);
 }
 
@@ -55,6 +62,14 @@ CPageImpWAK::~CPageImpWAK() = default;
 void CPageImpWAK::EnableLogin() {
     m_ui->userEdit->setEnabled(!m_options.windows);
     m_ui->passwordEdit->setEnabled(!m_options.windows);
+    m_ui->storePasswordCheck->setEnabled(!m_options.windows);
+    NotePassword();
+}
+
+void CPageImpWAK::NotePassword() {
+    const QString note = WakPasswordNote(m_options);
+    m_ui->passwordNote->setText(note);
+    m_ui->passwordNote->setVisible(!note.isEmpty());
 }
 
 void CPageImpWAK::OnSetActive() {
@@ -76,13 +91,24 @@ void CPageImpWAK::TestConnection() {
     if (!Check())
         return;
     Guarded([this] {
-        CSqlServerConnection connection;
-        const bool connected = [&] {
-            const WaitCursor wait;
-            return connection.Connect(m_options.server, m_options.database, m_options.user, m_options.password,
-                                      m_options.windows);
-        }();
-        if (connected)
+        if (Connects())
             ShowMessage(QStringLiteral("Spojení s databází vytvořeno!"), Message::Icon::Information);
     });
+}
+
+bool CPageImpWAK::Connects() {
+    const std::unique_ptr<IProgress> waiting = m_progress.Open(QStringLiteral("Kuvel"), true);
+    waiting->SetRange(0, 0);
+    waiting->SetPhaseText(QStringLiteral("Připojuji se k serveru"));
+    waiting->SetDetailText(m_options.server);
+    CSqlServerConnection connection;
+    try {
+        return connection.Connect(m_options.server, m_options.database, m_options.user, m_options.password,
+                                  m_options.windows, [&waiting] {
+                                      if (waiting->CancelRequested())
+                                          throw ImportCancelled();
+                                  });
+    } catch (const ImportCancelled&) {
+        return false;
+    }
 }

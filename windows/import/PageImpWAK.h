@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/base/Progress.h"
 #include "core/import/wak/WakOptions.h"
 #include "windows/widgets/WizardSheet.h"
 
@@ -14,8 +15,8 @@ class CPageImpWAK : public CWizardPage {
     Q_OBJECT
 
 public:
-    /// The options follow the controls and must outlive the page.
-    explicit CPageImpWAK(WakOptions& options);
+    /// The options follow the controls; both must outlive the page. The test runs under a progress window.
+    CPageImpWAK(WakOptions& options, IProgressDoor& progress);
     ~CPageImpWAK() override;
 
     void OnSetActive() override;
@@ -25,8 +26,13 @@ private:
     /// Warns of what is missing; trims what is not.
     bool Check();
     void EnableLogin();
+    /// Warns beside the password of what will not arrive as it was typed.
+    void NotePassword();
     void TestConnection();
+    /// False after a message or a cancel.
+    bool Connects();
 
     std::unique_ptr<Ui::PageImpWAK> m_ui;
     WakOptions& m_options;
+    IProgressDoor& m_progress;
 };

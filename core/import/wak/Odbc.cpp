@@ -1,5 +1,7 @@
 #include "core/import/wak/Odbc.h"
 
+#include "core/import/wak/DriverTexts.h"
+
 #include <array>
 
 namespace odbc {
@@ -60,6 +62,11 @@ std::uint32_t Diagnostic::Code() const {
     }
 }
 
+QString Diagnostic::Explained() const {
+    const QString meaning = MeaningOf(state, native);
+    return meaning.isEmpty() ? text : text + u'\n' + meaning;
+}
+
 Diagnostic DiagnosticOf(SQLSMALLINT type, SQLHANDLE handle) {
     Diagnostic first;
     Diagnostic next;
@@ -72,7 +79,7 @@ Diagnostic DiagnosticOf(SQLSMALLINT type, SQLHANDLE handle) {
 
 void Raise(SQLSMALLINT type, SQLHANDLE handle, const char* operation, std::string_view text) {
     const Diagnostic diagnostic = DiagnosticOf(type, handle);
-    throw ComError(operation, std::string(text), diagnostic.Code(), diagnostic.text);
+    throw ComError(operation, std::string(text), diagnostic.Code(), diagnostic.Explained());
 }
 
 } // namespace odbc

@@ -21,6 +21,8 @@ struct Diagnostic {
 
     /// The result code that the provider on Windows gives for it.
     std::uint32_t Code() const;
+    /// The text and, where its meaning is known, a second line that says in Czech what it means and what to do.
+    QString Explained() const;
 };
 Diagnostic DiagnosticOf(SQLSMALLINT type, SQLHANDLE handle);
 

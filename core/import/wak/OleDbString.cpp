@@ -80,6 +80,16 @@ std::optional<LoginData> ParseOleDbString(const QString& text) {
     return login;
 }
 
+QString RefuseServer(const QString& server) {
+    const QString name = server.trimmed().toLower();
+    for (const char* const prefix : {"\\\\", "np:", "lpc:", "(localdb)"}) {
+        if (name.startsWith(QLatin1String(prefix)))
+            return QStringLiteral("Spojení přes pojmenovanou rouru ani sdílenou paměť není podporováno. Zadejte server "
+                                  "jako počítač, počítač,port nebo počítač\\instance.");
+    }
+    return {};
+}
+
 std::optional<ServerAddress> ParseServer(const QString& server) {
     QStringView rest = QStringView(server).trimmed();
     if (rest.startsWith(u"tcp:", Qt::CaseInsensitive))

@@ -33,6 +33,10 @@ struct ServerAddress {
     int port = 0;
 };
 
+/// Why the server cannot be spoken to, for one that is entered as a pipe, as shared memory or as a local instance of a
+/// user; empty for one that may be reached over the network.
+QString RefuseServer(const QString& server);
+
 /// Nothing for a port that is no port.
 std::optional<ServerAddress> ParseServer(const QString& server);
 

@@ -90,6 +90,8 @@ bool CSqlServerConnection::Connect(const QString& server, const QString& databas
     if (!login)
         return ShowFailure(database, server, BadInitString,
                            QStringLiteral("Formát inicializačního řetězce neodpovídá specifikaci OLE DB."));
+    if (const QString refusal = RefuseServer(login->server); !refusal.isEmpty())
+        return ShowFailure(database, server, ResultCode::Fail, refusal);
     const auto address = ParseServer(login->server);
     if (!address)
         return ShowFailure(database, server, ResultCode::Fail, QStringLiteral("Neplatný port serveru."));
@@ -113,9 +115,10 @@ bool CSqlServerConnection::Connect(const QString& server, const QString& databas
         const bool noDriver = diagnostic.state.startsWith(QStringLiteral("IM")) ||
                               diagnostic.text.startsWith(QStringLiteral("Can't open lib"));
         if (!noDriver) {
+            QString text = diagnostic.Explained();
             if (windows)
-                diagnostic.text += QStringLiteral("\nOvěření Windows potřebuje platný lístek Kerberos (příkaz kinit).");
-            return ShowFailure(database, server, diagnostic.Code(), diagnostic.text);
+                text += QStringLiteral("\nOvěření Windows potřebuje platný lístek Kerberos (příkaz kinit).");
+            return ShowFailure(database, server, diagnostic.Code(), text);
         }
     }
     throw ComError("connect", m_options.driver.toStdString(), NoPointer,
@@ -174,7 +177,7 @@ bool CSqlServerConnection::OpenRecordset(SqlServerRowsPtr& rows, std::string_vie
     const auto statement = std::make_shared<odbc::Statement>();
     if (!statement->Allocate(m_handles->connection.Get())) {
         const odbc::Diagnostic diagnostic = odbc::DiagnosticOf(SQL_HANDLE_DBC, m_handles->connection.Get());
-        ShowHResultError(diagnostic.Code(), diagnostic.text);
+        ShowHResultError(diagnostic.Code(), diagnostic.Explained());
         rows.reset();
         return false;
     }

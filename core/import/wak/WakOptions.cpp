@@ -12,6 +12,7 @@ const QString DatabaseKey = QStringLiteral("Databaze");
 const QString WindowsKey = QStringLiteral("Autentikace");
 const QString UserKey = QStringLiteral("Uzivatel");
 const QString PasswordKey = QStringLiteral("Heslo");
+const QString StorePasswordKey = QStringLiteral("Ukladat heslo");
 
 DateTime EndOfDay(const DateTime& date) {
     return DateTime::FromDay(date.Year(), date.Month(), date.Day(), 23, 59, 59);
@@ -27,6 +28,7 @@ void WakOptions::Read() {
     database = settings.GetString(Section, DatabaseKey, defaults.database);
     windows = settings.GetInt(Section, WindowsKey, 0) == 1;
     user = settings.GetString(Section, UserKey, defaults.user);
+    storePassword = settings.GetInt(Section, StorePasswordKey, 1) != 0;
     password = UnscrambleWakPassword(settings.GetString(Section, PasswordKey, {}));
 }
 
@@ -35,7 +37,8 @@ std::error_code WakOptions::Write() const {
                               {DatabaseKey, database},
                               {WindowsKey, QString::number(windows ? 1 : 0)},
                               {UserKey, user},
-                              {PasswordKey, ScrambleWakPassword(password)}};
+                              {PasswordKey, storePassword ? ScrambleWakPassword(password) : QString()},
+                              {StorePasswordKey, QString::number(storePassword ? 1 : 0)}};
     const CProfile::Entries common = Entries();
     entries.insert(entries.end(), common.begin(), common.end());
     return CProfile(SettingsPath()).Write(Section, entries);
@@ -45,6 +48,18 @@ WakDateRange WakDateRange::PreviousQuarter(const DateTime& today) {
     const int firstMonth = (today.Month() - 1) / 3 * 3 + 1;
     const DateTime to = DateTime::FromDay(today.Year(), firstMonth, 1, 23, 59, 59).AddDays(-1);
     return {DateTime::FromDay(to.Year(), (to.Month() + 10) % 12, 1), to};
+}
+
+QString WakPasswordNote(const WakOptions& options) {
+    if (options.windows)
+        return {};
+    QStringList notes;
+    if (options.password.contains(u'"'))
+        notes.append(QStringLiteral("Uvozovky v hesle zapište dvakrát, jinak se nelze přihlásit."));
+    if (options.storePassword && options.password.size() > LongestStoredPassword)
+        notes.append(QStringLiteral("Uloží se jen prvních %1 znaků hesla; příště bude třeba zadat je znovu.")
+                         .arg(LongestStoredPassword));
+    return notes.join(u'\n');
 }
 
 std::optional<WakComplaint> CheckWakConnection(WakOptions& options) {

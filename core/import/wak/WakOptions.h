@@ -12,6 +12,8 @@ struct WakOptions : ImportOptions {
     bool windows = false;
     QString user = QStringLiteral("sa");
     QString password;
+    /// Otherwise none is written, and one that was stored goes.
+    bool storePassword = true;
 
     void Read();
     /// In one write; answers why it could not be done.
@@ -35,6 +37,8 @@ struct WakComplaint {
     Field field;
 };
 
+/// What will not arrive as it was typed: a double quote, and what is not stored of a long password. Empty without any.
+QString WakPasswordNote(const WakOptions& options);
 /// Trims server and database, and for a SQL Server login the user, up to the first that is empty.
 std::optional<WakComplaint> CheckWakConnection(WakOptions& options);
 /// What is wrong with the parameter page. Sets the range's times of day when documents are imported.

@@ -2,6 +2,9 @@
 
 #include <QString>
 
+/// What is longer is cut.
+constexpr int LongestStoredPassword = 20;
+
 /// The form in which the settings file keeps the server's password: 40 upper-case hexadecimal digits, empty for an
 /// empty password. It hides the password from a glance and from nothing else. Only the first 20 characters are kept;
 /// a character that Windows-1250 lacks becomes '?'.

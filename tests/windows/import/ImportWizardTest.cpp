@@ -6,6 +6,8 @@
 #include "tests/support/TdsServer.h"
 #include "tests/windows/support/Driver.h"
 #include "windows/frame/doors/Desktop.h"
+#include "windows/frame/doors/ProgressDlg.h"
+#include "windows/frame/doors/ProgressDoor.h"
 #include "windows/frame/help/HelpKey.h"
 #include "windows/import/AskOverwriteDlg.h"
 #include "windows/import/MoneyWizard.h"
@@ -37,6 +39,11 @@ Act ShowsTabOrder(const char* first, const char* names) {
 }
 
 constexpr const char* NothingToImport = "Není vybrán import produktů ani dokladů!";
+
+/// Over no main window.
+struct WakWizard : CWakWizard {
+    WakWizard() : CWakWizard(SilentProgress()) {}
+};
 
 struct Wizards : testing::Test {
     ProgramFolder folder;
@@ -87,7 +94,7 @@ struct MoneyPages : Wizards {
             for (const QTreeWidgetItem* item : Find<QTreeWidget>(sheet, "agendaList").selectedItems())
                 rows += item->text(0).toStdString() + "|" + item->text(1).toStdString();
             EXPECT_EQ(years, rows);
-            EXPECT_EQ(*path == '\0' ? "" : Folder(path), ShownBy(sheet, "yearFolder"));
+            EXPECT_EQ(*path == '\0' ? "" : Folder(path), Find<QLineEdit>(sheet, "yearFolder").toolTip().toStdString());
         };
     }
     static Act ClickedYear(int row, Qt::KeyboardModifiers modifiers = {}) {
@@ -150,6 +157,42 @@ TEST_F(MoneyPages, AYearIsChosenAsAFolder) {
                           ShowsYears("Název agendy|Rok, Alfa|2011, Alfa|2012, Žofín|2011, Žofín|2012, Vedle|2010")});
 }
 
+TEST_F(MoneyPages, TheYearChosenLastIsChosenAgain) {
+    {
+        CMoneyWizard wizard;
+        EXPECT_TRUE(Run(wizard, {ClickedYear(2), Clicked("next"), Clicked("finish")}));
+    }
+    Cancel<CMoneyWizard>({ShowsYear("Žofín|2011", "d:/Data/Agenda.001/Rok.2011/"), ClickedYear(3)});
+    // Only Next makes a choice.
+    files.answers = {money.Path("d:/Jinde/Agenda.1/Rok.2010")};
+    Cancel<CMoneyWizard>(
+        {ShowsYear("Žofín|2011", "d:/Data/Agenda.001/Rok.2011/"), Clicked("browseButton"), Clicked("next")});
+    Cancel<CMoneyWizard>({ShowsYear("Vedle|2010", "d:/Jinde/Agenda.1/Rok.2010/"), PressedOn("agendaList", Qt::Key_Up),
+                          ShowsYear("Žofín|2012", "d:/Data/Agenda.001/Rok.2012/")});
+    QDir(money.Path("d:/Jinde")).removeRecursively();
+    Cancel<CMoneyWizard>({ShowsYear("", ""), IsRefused("next", "Není vybrána agenda!", "agendaList")});
+}
+
+TEST_F(MoneyPages, ALongFolderIsCutInItsMiddle) {
+    const QString agenda = QStringLiteral("d:/Data/Agenda.") + QString(200, u'x');
+    money.AddAgenda(agenda, QStringLiteral("Aa"));
+    money.AddYear(agenda + QStringLiteral("/Rok.2012"), QStringLiteral("2012"));
+    Cancel<CMoneyWizard>({ClickedYear(0), [&](QWidget& sheet) {
+                              auto& edit = Find<QLineEdit>(sheet, "yearFolder");
+                              const QString whole = money.Path(agenda + QStringLiteral("/Rok.2012/"));
+                              const auto isCut = [&] {
+                                  return edit.text().startsWith(whole.left(5)) && edit.text().contains(u'…') &&
+                                         edit.text().endsWith(QStringLiteral("x/Rok.2012/"));
+                              };
+                              EXPECT_TRUE(isCut()) << edit.text().toStdString();
+                              EXPECT_LE(edit.fontMetrics().horizontalAdvance(edit.text()), edit.width());
+                              QTest::mouseClick(&edit, Qt::LeftButton);
+                              EXPECT_EQ(whole, edit.text());
+                              Find<QTreeWidget>(sheet, "agendaList").setFocus();
+                              EXPECT_TRUE(isCut());
+                          }});
+}
+
 TEST_F(MoneyPages, WithoutAnInstallationTheListIsEmpty) {
     const MoneyFolder nothing;
     messages.Expect(QStringLiteral("Na tomto počítači pravděpodobně nejsou nainstalovány MoneyS3."),
@@ -182,7 +225,8 @@ TEST_F(MoneyPages, ParametersAreCheckedAndKept) {
     for (const auto& [what, acts, settings] : cases) {
         SCOPED_TRACE(what);
         Cancel<CMoneyWizard>(acts);
-        EXPECT_EQ(std::string("[Import]\n") + settings, Settings());
+        const std::string last = acts.empty() ? "" : "Posledni rok=" + Folder("d:/Data/Agenda.002/Rok.2011/") + "\n";
+        EXPECT_EQ(std::string("[Import]\n") + settings + last, Settings());
     }
 }
 
@@ -227,13 +271,13 @@ TEST_F(WakPages, TheConnectionIsChecked) {
         for (const Refusal& row : cases) {
             SCOPED_TRACE(std::string(row.what) + " " + button);
             ASSERT_FALSE(stored.Write());
-            Cancel<CWakWizard>({row.spoil, IsRefused(button, row.warning, row.focus)});
+            Cancel<WakWizard>({row.spoil, IsRefused(button, row.warning, row.focus)});
         }
     }
     for (const Act& act : {InTurn({noUser, windows}), Typed("passwordEdit", "")}) {
         ASSERT_FALSE(stored.Write());
-        Cancel<CWakWizard>({ShowsTitle("Připojení k databázi WAK "), act, Clicked("next"),
-                            ShowsTitle("Parametry importu"), ShowsFocus("productsCheck")});
+        Cancel<WakWizard>({ShowsTitle("Připojení k databázi WAK "), act, Clicked("next"),
+                           ShowsTitle("Parametry importu"), ShowsFocus("productsCheck")});
     }
 }
 
@@ -241,20 +285,20 @@ TEST_F(WakPages, KeysGoThroughTheControlsAndTheLoginIsForTheServersOwnUsers) {
     const auto hidden = [](QWidget& sheet) {
         EXPECT_EQ(QLineEdit::Password, Find<QLineEdit>(sheet, "passwordEdit").echoMode());
     };
-    Cancel<CWakWizard>(
-        {ShowsTabOrder("serverEdit", "serverEdit databaseEdit sqlServerRadio userEdit passwordEdit testButton next "
-                                     "cancel help "),
+    Cancel<WakWizard>(
+        {ShowsTabOrder("serverEdit", "serverEdit databaseEdit sqlServerRadio userEdit passwordEdit "
+                                     "storePasswordCheck testButton next cancel help "),
          hidden, ShowsEnabled({"userEdit", "passwordEdit"}, true), PressedOn("sqlServerRadio", Qt::Key_Right),
-         ShowsEnabled({"userEdit", "passwordEdit"}, false), Clicked("sqlServerRadio"),
+         ShowsEnabled({"userEdit", "passwordEdit", "storePasswordCheck"}, false), Clicked("sqlServerRadio"),
          ShowsEnabled({"userEdit", "passwordEdit"}, true), Clicked("next"),
          ShowsTabOrder("productsCheck",
                        "productsCheck issuesCheck fromDate toDate keepRadio back finish cancel help ")});
 }
 
 TEST_F(WakPages, WhatWasTypedIsKept) {
-    Cancel<CWakWizard>({Typed("serverEdit", "  host,1433 "), Typed("databaseEdit", " data "), Typed("userEdit", " já "),
-                        Typed("passwordEdit", " tajné "), Clicked("next"), Clicked("productsCheck"),
-                        Clicked("askRadio")});
+    Cancel<WakWizard>({Typed("serverEdit", "  host,1433 "), Typed("databaseEdit", " data "), Typed("userEdit", " já "),
+                       Typed("passwordEdit", " tajné "), Clicked("next"), Clicked("productsCheck"),
+                       Clicked("askRadio")});
     WakOptions kept;
     kept.Read();
     EXPECT_EQ("host,1433|data|já| tajné ",
@@ -269,9 +313,9 @@ TEST_F(WakPages, TheTestButtonConnects) {
     server.Start();
     const QByteArray name = server.Name().toUtf8();
     messages.Expect(QStringLiteral("Spojení s databází vytvořeno!"), Message::Icon::Information);
-    Cancel<CWakWizard>({Typed("serverEdit", name.constData()), Typed("passwordEdit", "heslo"), Clicked("testButton"),
-                        Typed("passwordEdit", "jiné"), [this](QWidget&) { messages.AcceptAny(); },
-                        Clicked("testButton")});
+    Cancel<WakWizard>({Typed("serverEdit", name.constData()), Typed("passwordEdit", "heslo"), Clicked("testButton"),
+                       Typed("passwordEdit", "jiné"), [this](QWidget&) { messages.AcceptAny(); },
+                       Clicked("testButton")});
     ASSERT_EQ(2U, messages.Shown().size());
     EXPECT_EQ(Message::Icon::Error, messages.Shown()[1].icon);
     EXPECT_TRUE(messages.Shown()[1].text.startsWith(
@@ -279,6 +323,52 @@ TEST_F(WakPages, TheTestButtonConnects) {
     // Each connection is closed again, so that the one after it can be served.
     EXPECT_EQ((std::vector<std::string>{"SET LOCK_TIMEOUT 1000", "SET TRANSACTION ISOLATION LEVEL READ UNCOMMITTED"}),
               server.TakeStatements());
+}
+
+TEST_F(WakPages, TheTestCanBeStopped) {
+    TdsServer server;
+    server.silent = true;
+    server.Start();
+    const QByteArray name = server.Name().toUtf8();
+    QWidget frame;
+    CProgressDoor progress(frame);
+    CWakWizard wizard(progress);
+    QTimer timer;
+    int pressed = 0;
+    QObject::connect(&timer, &QTimer::timeout, [&] {
+        for (QWidget* const window : QApplication::topLevelWidgets()) {
+            if (auto* const dialog = qobject_cast<CProgressDlg*>(window); dialog != nullptr && dialog->isVisible()) {
+                ++pressed;
+                EXPECT_FALSE(dialog->parentWidget()->isEnabled());
+                Click(*dialog, "cancelButton");
+            }
+        }
+    });
+    timer.start(20);
+    const auto start = std::chrono::steady_clock::now();
+    Run(wizard, {Typed("serverEdit", name.constData()), Clicked("testButton"), ShowsEnabled({"testButton"}, true),
+                 Clicked("cancel")});
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(8));
+    EXPECT_GE(pressed, 1);
+}
+
+TEST_F(WakPages, APasswordIsWarnedOfAndNeedNotBeStored) {
+    const auto notes = [](const char* note) {
+        return [=](QWidget& sheet) {
+            const auto& label = Find<QLabel>(sheet, "passwordNote");
+            EXPECT_EQ(note, label.text().toStdString());
+            EXPECT_EQ(*note != '\0', label.isVisible());
+        };
+    };
+    const char* const quote = "Uvozovky v hesle zapište dvakrát, jinak se nelze přihlásit.";
+    const char* const cut = "Uloží se jen prvních 20 znaků hesla; příště bude třeba zadat je znovu.";
+    Cancel<WakWizard>({notes(""), Typed("passwordEdit", "taj\"né"), notes(quote), Clicked("windowsRadio"), notes(""),
+                       Clicked("sqlServerRadio"), notes(quote), Typed("passwordEdit", "123456789012345678901"),
+                       notes(cut), PressedOn("storePasswordCheck", Qt::Key_Space), notes("")});
+    EXPECT_NE(std::string::npos, Settings().find("Heslo=\nUkladat heslo=0\n"));
+    Cancel<WakWizard>({Shows("passwordEdit", ""), Shows("storePasswordCheck", "ne"), Clicked("storePasswordCheck"),
+                       Typed("passwordEdit", "heslo")});
+    Cancel<WakWizard>({Shows("passwordEdit", "heslo"), Shows("storePasswordCheck", "ano")});
 }
 
 TEST_F(WakPages, ParametersAreChecked) {
@@ -303,7 +393,7 @@ TEST_F(WakPages, ParametersAreChecked) {
     for (const auto& [what, act, range] : cases) {
         SCOPED_TRACE(what);
         ASSERT_FALSE(stored.Write());
-        CWakWizard wizard;
+        WakWizard wizard;
         EXPECT_TRUE(Run(wizard, {Clicked("next"), ShowsEnabled({"fromDate", "toDate"}, true), act, Clicked("finish")}));
         if (range != nullptr) {
             EXPECT_EQ(range, wizard.Range().from.Stored() + " " + wizard.Range().to.Stored());
@@ -317,6 +407,7 @@ TEST(AskOverwriteDlg, EachButtonAnswers) {
         {Qt::Key_Return, Qt::NoModifier, Yes}, {Qt::Key_A, Qt::AltModifier, Yes},
         {Qt::Key_N, Qt::AltModifier, No},      {Qt::Key_V, Qt::AltModifier, YesToAll},
         {Qt::Key_M, Qt::AltModifier, NoToAll}, {Qt::Key_Escape, Qt::NoModifier, No},
+        {Qt::Key_S, Qt::AltModifier, Stop},
     };
     const char* const question = "Produkt \"<b>, kat.č. &x\" byl již z Money importován.";
     for (const auto& [key, modifier, reply] : cases) {
@@ -331,8 +422,26 @@ TEST(AskOverwriteDlg, EachButtonAnswers) {
             QTest::keyClick(&window, key, modifier);
             EXPECT_TRUE(QTest::qWaitFor([&] { return !window.isVisible(); }, 2000));
         });
-        EXPECT_EQ(reply, CAskOverwriteDlg(QString::fromUtf8(question), nullptr).Ask()) << key;
+        EXPECT_EQ(reply, CAskOverwriteDlg({QString::fromUtf8(question), {}}, nullptr).Ask()) << key;
     }
+}
+
+TEST(AskOverwriteDlg, ShowsWhatIsThereBesideWhatWouldBe) {
+    Steps steps;
+    steps.Then([](QWidget& window) {
+        const auto& label = Find<QLabel>(window, "valuesLabel");
+        EXPECT_TRUE(label.isVisible());
+        QTextDocument document;
+        document.setHtml(label.text());
+        EXPECT_EQ("Nyní|Po přepsání|Název|a <b>|a <b> & c|Jednotka|ks|ks|Katalog|–|K",
+                  document.toPlainText().split(u'\n', Qt::SkipEmptyParts).join(u'|').toStdString());
+        // Bold where they differ.
+        EXPECT_EQ(2, label.text().count(QStringLiteral("<b>")));
+        Click(window, "stopButton");
+    });
+    const OverwriteQuestion question{QStringLiteral("?"),
+                                     {{"Název", "a <b>", "a <b> & c"}, {"Jednotka", "ks", "ks"}, {"Katalog", "", "K"}}};
+    EXPECT_EQ(IOverwriteDoor::Answer::Stop, CAskOverwriteDlg(question, nullptr).Ask());
 }
 
 } // namespace

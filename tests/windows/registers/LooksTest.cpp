@@ -217,15 +217,18 @@ TEST_P(Looks, NoImportWindowCutsItsTextsOff) {
     stored.database = "wak";
     ASSERT_FALSE(stored.Write());
     steps.Then(lookAtPages("import-wak-1", "import-wak-2"));
-    CWakWizard().Run(nullptr);
+    CWakWizard(SilentProgress()).Run(nullptr);
     steps.Then([&](QWidget& window) {
         inspect(window, "import-question");
         Click(window, "noButton");
     });
-    CAskOverwriteDlg(QStringLiteral("Produkt \"Čaj sypaný v plechovce 250 g, kat.č. K-000123456789\" byl již z Money "
-                                    "importován. Přejete si jej aktualizovat?"),
-                     nullptr)
-        .Ask();
+    const OverwriteQuestion question{
+        QStringLiteral("Produkt \"Čaj sypaný v plechovce 250 g, kat.č. K-000123456789\" byl již z Money importován. "
+                       "Přejete si jej aktualizovat?"),
+        {{"Název", "Čaj sypaný v plechovce 200 g, zelený, balení", "Čaj sypaný v plechovce 250 g"},
+         {"Katalogové číslo", "K-000123456789", "K-000123456789"},
+         {"Měrná jednotka", "", "ks"}}};
+    CAskOverwriteDlg(question, nullptr).Ask();
 }
 
 INSTANTIATE_TEST_SUITE_P(Palettes, Looks,

@@ -212,13 +212,18 @@ TEST_F(WakConnection, ALoginCanBeGivenUp) {
 
 TEST_F(WakConnection, RaisesWhatTheServerSays) {
     using Fault = TdsTable::Fault;
+    const char* const Locked =
+        "80040E31 Lock request time out period exceeded.\nData má zamčena jiný uživatel systému WAK "
+        "INTRA. Opakujte import později.";
     const std::tuple<Fault, std::size_t, int, const char*, const char*> cases[] = {
-        {Fault::Error, 0, 208, "Invalid object name 'pol_mj'.", "80040E37 Invalid object name 'pol_mj'."},
-        {Fault::Error, 0, 229, "The SELECT permission was denied.", "80040E09 The SELECT permission was denied."},
-        {Fault::Error, 0, 1222, "Lock request time out period exceeded.",
-         "80040E31 Lock request time out period exceeded."},
-        {Fault::Error, 3, 1222, "Lock request time out period exceeded.",
-         "80040E31 Lock request time out period exceeded."},
+        {Fault::Error, 0, 208, "Invalid object name 'pol_mj'.",
+         "80040E37 Invalid object name 'pol_mj'.\nDatabáze neobsahuje, co se z ní má číst. Ověřte, že je to databáze "
+         "systému WAK INTRA."},
+        {Fault::Error, 0, 229, "The SELECT permission was denied.",
+         "80040E09 The SELECT permission was denied.\nUživatel nemá právo tato data číst. Požádejte o ně správce "
+         "serveru."},
+        {Fault::Error, 0, 1222, "Lock request time out period exceeded.", Locked},
+        {Fault::Error, 3, 1222, "Lock request time out period exceeded.", Locked},
         {Fault::Error, 5, 50000, "Chyba až za řádky: ěščř", "80040E14 Chyba až za řádky: ěščř"},
     };
     server.products.columns = {{"nPol", "int"}, {"NazPol", "varchar"}};
@@ -261,10 +266,14 @@ TEST_F(WakConnection, SaysWhyItCannotBeOpened) {
     server.password = "tajné;}heslo";
     server.Start();
     const std::tuple<const char*, const char*, const char*, const char*> cases[] = {
-        {"účetnictví", "jiří", "tajné", "0x80040E4D. Login failed for user 'jiří'."},
-        {"účetnictví", "sa", "tajné;}heslo", "0x80040E4D. Login failed for user 'sa'."},
+        {"účetnictví", "jiří", "tajné",
+         "0x80040E4D. Login failed for user 'jiří'.\nServer přihlášení odmítl. Zkontrolujte uživatele a heslo."},
+        {"účetnictví", "sa", "tajné;}heslo",
+         "0x80040E4D. Login failed for user 'sa'.\nServer přihlášení odmítl. Zkontrolujte uživatele a heslo."},
         {"jiná", "jiří", "tajné;}heslo",
-         "0x80040E14. Cannot open database \"jiná\" requested by the login. The login failed."},
+         "0x80040E14. Cannot open database \"jiná\" requested by the login. The login failed.\nDatabáze tohoto jména "
+         "na serveru "
+         "není, nebo do ní uživatel nesmí."},
         {"účetnictví", "jiří", "tajné};UID=sa",
          "0x80004005. Ovladač neumí předat přihlašovací údaje, ve kterých stojí „};“."},
         {"účetnictví", "jiří", "tajné\"heslo",
@@ -303,11 +312,11 @@ TEST_F(WakConnection, FailsInBoundedTimeAndWithoutThePassword) {
         bool windows;
         const char* reason;
     } cases[] = {
-        {server.Name(), false, ""},
-        {QString("127.0.0.1,%1").arg(port), false, ""},
+        {server.Name(), false, "\nServer neodpovídá. "},
+        {QString("127.0.0.1,%1").arg(port), false, "\nServer neodpovídá. "},
         {"127.0.0.1,x", false, "Neplatný port serveru."},
         {QString("127.0.0.1,%1").arg(port), true, "Kerberos"},
-        {"no-such-host.invalid", false, ""},
+        {"no-such-host.invalid", false, "\nServer neodpovídá. "},
     };
     CSqlServerConnection hasty({1, QStringLiteral("FreeTDS")});
     messages.AcceptAny();
@@ -323,6 +332,20 @@ TEST_F(WakConnection, FailsInBoundedTimeAndWithoutThePassword) {
         EXPECT_FALSE(text.contains("TajneHeslo"));
     }
     EXPECT_EQ(std::size(cases), messages.Shown().size());
+}
+
+TEST_F(WakConnection, PipesAreRefusedAtOnce) {
+    const QString reason = "Spojení přes pojmenovanou rouru ani sdílenou paměť není podporováno. Zadejte server jako "
+                           "počítač, počítač,port nebo počítač\\instance.";
+    for (const char* pipe : {R"(\\.\pipe\sql\query)", R"(\\pc1\pipe\MSSQL$WAK\sql\query)", R"( np:\\.\pipe\sql\query)",
+                             "NP:pc1", "lpc:pc1", R"((localdb)\v11.0)"}) {
+        const auto start = std::chrono::steady_clock::now();
+        messages.Expect(
+            QString("Nemohu otevřít databázi 'wak' na serveru '%1'\n\nChyba č.0x80004005. %2").arg(pipe, reason),
+            Message::Icon::Error);
+        EXPECT_FALSE(connection.Connect(pipe, "wak", "sa", "heslo", false));
+        EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(500)) << pipe;
+    }
 }
 
 TEST_F(WakConnection, RaisesWhenThereIsNothingToSpeakThrough) {

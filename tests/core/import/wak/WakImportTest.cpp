@@ -22,9 +22,9 @@ struct ScriptedQuestions : IOverwriteDoor {
     std::vector<Answer> answers;
     QStringList asked;
 
-    Answer Ask(const QString& question) override {
-        asked.append(question);
-        EXPECT_LE(asked.size(), static_cast<qsizetype>(answers.size())) << question.toStdString();
+    Answer Ask(const OverwriteQuestion& question) override {
+        asked.append(question.text);
+        EXPECT_LE(asked.size(), static_cast<qsizetype>(answers.size())) << question.text.toStdString();
         return asked.size() <= static_cast<qsizetype>(answers.size())
                    ? answers[static_cast<std::size_t>(asked.size() - 1)]
                    : Answer::No;
@@ -171,9 +171,14 @@ TEST_F(WakImport, SaysWhatFailedAndKeepsWhatWasWritten) {
     };
     const std::tuple<const char*, std::function<void(TdsServer&)>, const char*, const char*, int, int> rows[] = {
         {"no routine", error(0, 2812, "Could not find stored procedure 'DoklSkl_Pre'."), "80040E14",
-         "Could not find stored procedure 'DoklSkl_Pre'.", 2, 0},
+         "Could not find stored procedure 'DoklSkl_Pre'.\nDatabáze neobsahuje, co se z ní má číst. Ověřte, že je to "
+         "databáze "
+         "systému WAK INTRA.",
+         2, 0},
         {"locked", error(3, 1222, "Lock request time out period exceeded."), "80040E31",
-         "Lock request time out period exceeded.", 2, 0},
+         "Lock request time out period exceeded.\nData má zamčena jiný uživatel systému WAK INTRA. Opakujte import "
+         "později.",
+         2, 0},
         {"no key", [](TdsServer& s) { s.documents.rows[4][5].reset(); }, "80020005",
          "Tabulka \"DoklSkl_Pre\", záznam 5, doklad \"Č12\", pole \"nPol\": není vyplněno.", 3, 1},
         {"no number",

@@ -62,6 +62,41 @@ TEST(WakOptions, ComeBackFromTheSettingsWithThePasswordHidden) {
     EXPECT_TRUE(again.documents);
 }
 
+TEST(WakOptions, APasswordThatIsNotToBeStoredGoes) {
+    const ProgramFolder folder;
+    WakOptions options;
+    options.password = "heslo";
+    ASSERT_FALSE(options.Write());
+    options.storePassword = false;
+    ASSERT_FALSE(options.Write());
+    WakOptions again;
+    again.Read();
+    EXPECT_EQ("", again.password);
+    EXPECT_FALSE(again.storePassword);
+    EXPECT_TRUE(FileBytes(SettingsPath()).contains("Heslo=\r\n"));
+}
+
+TEST(WakOptions, WarnsOfAPasswordThatWillNotArrive) {
+    const QString quote = "Uvozovky v hesle zapište dvakrát, jinak se nelze přihlásit.";
+    const QString cut = "Uloží se jen prvních 20 znaků hesla; příště bude třeba zadat je znovu.";
+    const QString twenty(20, u'x');
+    const std::tuple<QString, bool, bool, QString> cases[] = {
+        {twenty, true, false, ""},
+        {twenty + "x", true, false, cut},
+        {twenty + "x", false, false, ""},
+        {"a\"b", false, false, quote},
+        {twenty + "\"", true, false, quote + "\n" + cut},
+        {twenty + "\"", true, true, ""},
+    };
+    for (const auto& [password, stored, windows, note] : cases) {
+        WakOptions options;
+        options.password = password;
+        options.storePassword = stored;
+        options.windows = windows;
+        EXPECT_EQ(note, WakPasswordNote(options)) << password.toStdString();
+    }
+}
+
 TEST(WakOptions, TheRangeIsThePreviousQuarter) {
     const WakDateRange winter = WakDateRange::PreviousQuarter(DateTime::FromDay(2024, 2, 15, 8));
     EXPECT_EQ("2023-10-01 00:00:00", winter.from.Stored());
