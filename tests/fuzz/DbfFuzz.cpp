@@ -15,8 +15,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         std::abort();
 
     CDbfTable table;
-    if (!table.Open(QStringLiteral("/proc/self/fd/%1").arg(file)))
-        return 0;
+    try {
+        if (!table.Open(QStringLiteral("/proc/self/fd/%1").arg(file)))
+            return 0;
+    } catch (const ComError&) {
+        return 0; // a code page that is not known
+    }
     // The names as the header has them, eleven bytes at most.
     for (std::size_t at = 32; at + 32 <= size && data[at] != 0x0D; at += 32) {
         const char* text = reinterpret_cast<const char*>(data + at);
