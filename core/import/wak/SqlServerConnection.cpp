@@ -89,7 +89,8 @@ bool CSqlServerConnection::Connect(const QString& server, const QString& databas
     const auto login = ParseOleDbString(OleDbConnectionString({server, database, user, password, windows}));
     if (!login)
         return ShowFailure(database, server, BadInitString,
-                           QStringLiteral("Formát inicializačního řetězce neodpovídá specifikaci OLE DB."));
+                           QStringLiteral("Formát inicializačního řetězce neodpovídá specifikaci OLE DB.\n"
+                                          "Uvozovky v uživateli a v hesle zapište dvakrát."));
     if (const QString refusal = RefuseServer(login->server); !refusal.isEmpty())
         return ShowFailure(database, server, ResultCode::Fail, refusal);
     const auto address = ParseServer(login->server);

@@ -55,10 +55,9 @@ QString WakPasswordNote(const WakOptions& options) {
         return {};
     QStringList notes;
     if (options.password.contains(u'"'))
-        notes.append(QStringLiteral("Uvozovky v hesle zapište dvakrát, jinak se nelze přihlásit."));
+        notes.append(QStringLiteral("Uvozovky v hesle zapište dvakrát."));
     if (options.storePassword && options.password.size() > LongestStoredPassword)
-        notes.append(QStringLiteral("Uloží se jen prvních %1 znaků hesla; příště bude třeba zadat je znovu.")
-                         .arg(LongestStoredPassword));
+        notes.append(QStringLiteral("Uloží se jen prvních %1 znaků hesla.").arg(LongestStoredPassword));
     return notes.join(u'\n');
 }
 

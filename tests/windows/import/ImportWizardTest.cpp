@@ -358,13 +358,18 @@ TEST_F(WakPages, APasswordIsWarnedOfAndNeedNotBeStored) {
             const auto& label = Find<QLabel>(sheet, "passwordNote");
             EXPECT_EQ(note, label.text().toStdString());
             EXPECT_EQ(*note != '\0', label.isVisible());
+            // The page grows with it.
+            QCoreApplication::processEvents();
+            EXPECT_TRUE(!label.isVisible() || label.size() == label.size().expandedTo(label.sizeHint()));
         };
     };
-    const char* const quote = "Uvozovky v hesle zapište dvakrát, jinak se nelze přihlásit.";
-    const char* const cut = "Uloží se jen prvních 20 znaků hesla; příště bude třeba zadat je znovu.";
+    const char* const quote = "Uvozovky v hesle zapište dvakrát.";
+    const char* const cut = "Uloží se jen prvních 20 znaků hesla.";
+    const char* const both = "Uvozovky v hesle zapište dvakrát.\nUloží se jen prvních 20 znaků hesla.";
     Cancel<WakWizard>({notes(""), Typed("passwordEdit", "taj\"né"), notes(quote), Clicked("windowsRadio"), notes(""),
                        Clicked("sqlServerRadio"), notes(quote), Typed("passwordEdit", "123456789012345678901"),
-                       notes(cut), PressedOn("storePasswordCheck", Qt::Key_Space), notes("")});
+                       notes(cut), Typed("passwordEdit", "\"12345678901234567890"), notes(both),
+                       PressedOn("storePasswordCheck", Qt::Key_Space), notes(quote)});
     EXPECT_NE(std::string::npos, Settings().find("Heslo=\nUkladat heslo=0\n"));
     Cancel<WakWizard>({Shows("passwordEdit", ""), Shows("storePasswordCheck", "ne"), Clicked("storePasswordCheck"),
                        Typed("passwordEdit", "heslo")});

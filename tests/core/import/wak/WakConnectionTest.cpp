@@ -277,7 +277,9 @@ TEST_F(WakConnection, SaysWhyItCannotBeOpened) {
         {"účetnictví", "jiří", "tajné};UID=sa",
          "0x80004005. Ovladač neumí předat přihlašovací údaje, ve kterých stojí „};“."},
         {"účetnictví", "jiří", "tajné\"heslo",
-         "0x80040E73. Formát inicializačního řetězce neodpovídá specifikaci OLE DB."},
+         "0x80040E73. Formát inicializačního řetězce neodpovídá specifikaci OLE DB.\nUvozovky v uživateli a v hesle "
+         "zapište "
+         "dvakrát."},
     };
     for (const auto& [database, user, password, reason] : cases) {
         messages.Expect(

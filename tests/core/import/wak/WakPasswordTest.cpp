@@ -77,8 +77,8 @@ TEST(WakOptions, APasswordThatIsNotToBeStoredGoes) {
 }
 
 TEST(WakOptions, WarnsOfAPasswordThatWillNotArrive) {
-    const QString quote = "Uvozovky v hesle zapište dvakrát, jinak se nelze přihlásit.";
-    const QString cut = "Uloží se jen prvních 20 znaků hesla; příště bude třeba zadat je znovu.";
+    const QString quote = "Uvozovky v hesle zapište dvakrát.";
+    const QString cut = "Uloží se jen prvních 20 znaků hesla.";
     const QString twenty(20, u'x');
     const std::tuple<QString, bool, bool, QString> cases[] = {
         {twenty, true, false, ""},
