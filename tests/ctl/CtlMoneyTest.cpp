@@ -18,7 +18,7 @@ QString Summary(int products, int documents) {
 TEST(CtlImportMoney, TakesFromTheSettingsWhatIsNotGiven) {
     const MoneyFolder money;
     money.AddAgenda("d:/Data/Agenda.001", "Firma");
-    money.AddYear("d:/Data/Agenda.001/Rok.2012", "2012");
+    // The year has no description: its folder is enough.
     DbfBytes cards = StockCards();
     cards.rows = {DbfRow({"1", "Kůň", "K-1", "ks"})};
     money.WriteTable("d:/Data/Agenda.001/SKKMKART.DAT", cards);
