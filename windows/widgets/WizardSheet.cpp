@@ -84,8 +84,17 @@ void CWizardSheet::AddPage(CWizardPage& page) {
 }
 
 void CWizardSheet::SetSubject(const QString& subject) {
-    m_subject->setText(subject);
-    m_subject->setVisible(!subject.isEmpty());
+    m_about = subject;
+    ShowSubject();
+}
+
+void CWizardSheet::ShowSubject() {
+    QStringList subject{m_about};
+    for (int before = 0; before < m_current; ++before)
+        subject.append(m_pages[before]->Chosen());
+    subject.removeAll(QString());
+    m_subject->setText(subject.join(QStringLiteral(" – ")));
+    m_subject->setVisible(!subject.empty());
 }
 
 bool CWizardSheet::Run() {
@@ -98,6 +107,7 @@ bool CWizardSheet::Run() {
 
 void CWizardSheet::Show(int index) {
     m_current = index;
+    ShowSubject();
     setWindowTitle(Current().windowTitle());
     m_stack->setCurrentWidget(&Current());
     m_back->setEnabled(index > 0);

@@ -21,6 +21,8 @@ public:
     /// False: stay on the page.
     virtual bool OnWizardNext() { return true; }
     virtual bool OnWizardFinish() { return true; }
+    /// What is chosen on the page, for the pages after it to name; empty where there is no such thing.
+    virtual QString Chosen() const { return {}; }
 
 protected:
     CWizardSheet& Sheet() const { return *m_sheet; }
@@ -43,7 +45,8 @@ public:
     ~CWizardSheet() override;
 
     void AddPage(CWizardPage& page);
-    /// What the sheet is about, above its pages; nothing stands there without it.
+    /// What the sheet is about, above its pages, with what was chosen on the pages before; nothing stands there without
+    /// either.
     void SetSubject(const QString& subject);
     /// True when the sheet was ended by the finish button.
     bool Run();
@@ -58,10 +61,12 @@ public:
 
 private:
     void Show(int index);
+    void ShowSubject();
     CWizardPage& Current() const { return *m_pages[m_current]; }
 
     QList<CWizardPage*> m_pages;
     int m_current = 0;
+    QString m_about;
     QLabel* m_subject;
     QStackedWidget* m_stack;
     QPushButton* m_back;

@@ -116,6 +116,13 @@ TEST(Sheets, NameWhatTheyAreAbout) {
                                   Clicked("cancel")});
     OpenRegister covers(ID_SHOW_COVERS);
     covers.Do(ID_DETAIL_EDIT, {subject("Bedna"), Clicked("cancel")});
+    // The pages after a choice name it too, and the one before it no longer.
+    issues.Do(ID_DETAIL_ADD, {Chose("products", 1), Clicked("next"), subject("Káva"), Clicked("cancel")});
+    issues.Do(ID_SUBDETAIL_ADD, {subject("Čaj"), Chose("simple", 0), Clicked("next"), subject("Čaj – Fólie"),
+                                 Clicked("back"), subject("Čaj"), Clicked("cancel")});
+    OpenRegister products(ID_SHOW_PRODUCTS);
+    products.Do(ID_SUBDETAIL_ADD,
+                {subject("Čaj"), Chose("simple", 1), Clicked("next"), subject("Čaj – Krabice"), Clicked("cancel")});
 }
 
 } // namespace

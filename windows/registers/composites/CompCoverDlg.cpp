@@ -141,6 +141,7 @@ void CCompCoverDlg::EditItem() {
         page.SetRule(PackagingRule::Read(*item));
         CWizardSheet sheet(this);
         sheet.AddPage(page);
+        sheet.SetSubject(m_items->CellText(row, 0));
         if (!sheet.Run())
             return;
         page.Rule().Write(*item);

@@ -100,6 +100,11 @@ bool CPageCover::OnWizardNext() {
     return read;
 }
 
+QString CPageCover::Chosen() const {
+    const int row = CurrentList().SelectedRow();
+    return row < 0 ? QString() : CurrentList().CellText(row, 0);
+}
+
 bool CPageCover::OnWizardFinish() {
     return Choose();
 }

@@ -37,6 +37,7 @@ public:
     void OnSetActive() override;
     bool OnWizardNext() override;
     bool OnWizardFinish() override;
+    QString Chosen() const override;
 
 private:
     RecordList& CurrentList() const;

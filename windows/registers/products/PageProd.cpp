@@ -34,3 +34,8 @@ bool CPageProd::OnWizardNext() {
     m_chosenId = id;
     return true;
 }
+
+QString CPageProd::Chosen() const {
+    const int row = m_products->SelectedRow();
+    return row < 0 ? QString() : m_products->CellText(row, 0);
+}

@@ -20,6 +20,7 @@ public:
     /// Fills the list when the page is shown for the first time.
     void OnSetActive() override;
     bool OnWizardNext() override;
+    QString Chosen() const override;
 
 private:
     RecordList* m_products;

@@ -83,16 +83,19 @@ RegisterSpec ProductRegister() {
     return spec;
 }
 
+constexpr int NameColumn = 1;
+
 /// The sheet that asks for the packaging, after the page `first` when there is one.
 class CPackagingSheet {
 public:
-    CPackagingSheet(CDataStore& store, QWidget* parent, CWizardPage* first = nullptr)
+    CPackagingSheet(CDataStore& store, QWidget* parent, const QString& subject, CWizardPage* first = nullptr)
         : m_coverPage(store, CPageCover::Offer::SimpleAndComposite), m_rulePage(store), m_sheet(parent) {
         m_coverPage.SetFollower([this](const CoverChoice& cover) { m_rulePage.SetCover(cover); });
         if (first != nullptr)
             m_sheet.AddPage(*first);
         m_sheet.AddPage(m_coverPage);
         m_sheet.AddPage(m_rulePage);
+        m_sheet.SetSubject(subject);
     }
 
     bool Run() { return m_sheet.Run(); }
@@ -241,7 +244,7 @@ void CViewProd::OnAddPackaging() {
         ShowWarning(QString::fromUtf8(Text::NoDate));
         return;
     }
-    CPackagingSheet sheet(Store(), this);
+    CPackagingSheet sheet(Store(), this, Master().CellText(Master().SelectedRow(), NameColumn));
     const bool added =
         AskAndSave([&] { return sheet.Run(); },
                    [&] {
@@ -306,7 +309,7 @@ void CViewProd::OnAssignCovers() {
         return;
     }
     CPageDateRange datePage;
-    CPackagingSheet sheet(Store(), this, &datePage);
+    CPackagingSheet sheet(Store(), this, {}, &datePage);
     if (!sheet.Run())
         return;
     const WaitCursor wait;
