@@ -52,8 +52,7 @@ void ImportLines(ISourceLines& lines, CImportWriter& writer, IProgress& progress
     std::vector<SourceLine> itsLines;
     const auto write = [&] {
         if (document)
-            writer.WriteDocument(*std::exchange(document, std::nullopt), itsLines);
-        itsLines.clear();
+            writer.WriteDocument(*std::exchange(document, std::nullopt), std::exchange(itsLines, {}));
     };
     const auto take = [&] {
         if (SourceDocumentKey key = lines.Document(); key != previous) {

@@ -4,6 +4,8 @@
 #include "core/base/SqlText.h"
 #include "core/base/TextField.h"
 
+#include <utility>
+
 namespace {
 
 constexpr int CutTextsTold = 10;
@@ -129,26 +131,28 @@ OverwriteQuestion CImportWriter::QuestionAbout(const SourceDocument& document) {
          {QStringLiteral("Počet položek"), QString::number(lines->get_RecordCount()), QStringLiteral("nahradí se")}}};
 }
 
-bool CImportWriter::MayWrite(const SourceDocument& document) {
-    BeginRecord();
-    m_number = NumberOf(document);
+bool CImportWriter::FindDocument(const SourceDocument& document) {
+    const QString number = NumberOf(document);
     // A document of an import that neither trimmed nor cut is found by the number as it was.
-    const bool exists = FindDocument(document.number) || (m_number != document.number && FindDocument(m_number));
-    return !exists || MayOverwrite([&] { return QuestionAbout(document); });
+    return FindDocument(document.number) || (number != document.number && FindDocument(number));
 }
 
-void CImportWriter::WriteDocument(const SourceDocument& document, const std::vector<SourceLine>& lines) {
-    const ImportCounts before = m_written;
-    try {
-        CWholeRecord whole(m_store);
-        StoreLines(StoreHeader(document), lines);
-        whole.Done();
-    } catch (...) {
-        m_written = before;
-        throw;
-    }
-    ++m_written.documents;
+bool CImportWriter::MayWrite(const SourceDocument& document) {
+    BeginRecord();
+    return !FindDocument(document) || MayOverwrite([&] { return QuestionAbout(document); });
+}
+
+void CImportWriter::WriteDocument(SourceDocument document, std::vector<SourceLine> lines) {
+    m_inDocument = true;
+    StoreDocument(document, lines);
+    m_inDocument = false;
+    m_uncommitted.push_back({std::move(document), std::move(lines)});
     m_group->RecordDone();
+}
+
+void CImportWriter::StoreDocument(const SourceDocument& document, const std::vector<SourceLine>& lines) {
+    StoreLines(StoreHeader(document), lines);
+    ++m_written.documents;
 }
 
 Variant CImportWriter::StoreHeader(const SourceDocument& document) {
@@ -176,8 +180,22 @@ void CImportWriter::StoreLines(const Variant& moveId, const std::vector<SourceLi
     }
 }
 
+void CImportWriter::RewriteWholeDocuments() {
+    m_group.reset();
+    m_written = m_kept;
+    BeginGroup();
+    for (const Document& document : std::exchange(m_uncommitted, {})) {
+        FindDocument(document.header);
+        StoreDocument(document.header, document.lines);
+    }
+    Finish();
+}
+
 void CImportWriter::BeginGroup() {
-    m_group.emplace(m_store, [this] { m_kept = m_written; });
+    m_group.emplace(m_store, [this] {
+        m_kept = m_written;
+        m_uncommitted.clear();
+    });
 }
 
 void CImportWriter::BeginRecord() {
@@ -193,6 +211,17 @@ void CImportWriter::Finish() {
 }
 
 void CImportWriter::Keep() noexcept {
-    if (m_group)
+    if (!m_group)
+        return;
+    if (!m_inDocument) {
         m_group->Keep();
+        return;
+    }
+    try {
+        if (m_group->StillStands())
+            RewriteWholeDocuments();
+    } catch (const ComError&) {
+        // Taken back with the group. The error that ended the phase is the one to be told.
+        m_group.reset();
+    }
 }

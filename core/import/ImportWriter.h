@@ -36,8 +36,8 @@ public:
     /// False when the document of an earlier import is kept.
     bool MayWrite(const SourceDocument& document);
     /// The document asked about last, with all its lines and their packaging. An overwritten one loses its old lines.
-    /// An error leaves nothing of it, and an overwritten one as it was.
-    void WriteDocument(const SourceDocument& document, const std::vector<SourceLine>& lines);
+    /// After an error `Keep` leaves nothing of it, and an overwritten one as it was.
+    void WriteDocument(SourceDocument document, std::vector<SourceLine> lines);
     /// Commits the rest.
     void Finish();
     /// The same for an import that an error or the user ended.
@@ -58,9 +58,15 @@ private:
     /// A text as the column holds it; what is cut is counted.
     Variant Fitted(const char* column, const Variant& value, const QString& record);
     void StoreProduct(const SourceProduct& product, bool isNew);
+    /// Leaves `m_document` on the document; false when there is none.
+    bool FindDocument(const SourceDocument& document);
+    void StoreDocument(const SourceDocument& document, const std::vector<SourceLine>& lines);
     /// Answers the document's key.
     Variant StoreHeader(const SourceDocument& document);
     void StoreLines(const Variant& moveId, const std::vector<SourceLine>& lines);
+    /// Takes back what is not committed, with the document that an error cut in half, and writes the whole documents
+    /// among it again.
+    void RewriteWholeDocuments();
     void BeginGroup();
     void BeginRecord();
 
@@ -75,8 +81,15 @@ private:
     RecordsetPtr m_product;
     RecordsetPtr m_document;
     CIssueLines m_lines;
-    QString m_number;
     /// The numbers that were cut, and what they were.
     std::map<QString, QString> m_cutNumbers;
     std::optional<CCommitGroup> m_group;
+    struct Document {
+        SourceDocument header;
+        std::vector<SourceLine> lines;
+    };
+    /// What was written since the last commit.
+    std::vector<Document> m_uncommitted;
+    /// Between the first and the last statement of a document.
+    bool m_inDocument = false;
 };

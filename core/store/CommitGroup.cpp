@@ -58,27 +58,15 @@ void CCommitGroup::Finish() {
         m_kept();
 }
 
+bool CCommitGroup::StillStands() noexcept {
+    return m_open && m_engine->StillStands();
+}
+
 void CCommitGroup::Keep() noexcept {
-    if (!m_open)
-        return;
     try {
-        if (m_engine->StillStands())
+        if (StillStands())
             Finish();
     } catch (const ComError&) {
         // Taken back. The error that ended the loop is the one to be told.
     }
-}
-
-CWholeRecord::CWholeRecord(CDataStore& store) : m_engine(store.SharedEngine()) {
-    m_engine->BeginRecord();
-}
-
-CWholeRecord::~CWholeRecord() {
-    if (m_open)
-        m_engine->AbandonRecord();
-}
-
-void CWholeRecord::Done() {
-    m_engine->EndRecord();
-    m_open = false;
 }

@@ -29,6 +29,8 @@ public:
     /// After an error that one statement raised: what was written before it is committed, as if each statement were so
     /// by itself. Where the error took it back, as a full disk does, nothing is: whole records only stay.
     void Keep() noexcept;
+    /// After an error: false where it took back what was not committed.
+    bool StillStands() noexcept;
 
 private:
     void LeaveTheFileFree();
@@ -37,24 +39,6 @@ private:
     std::function<void()> m_kept;
     bool m_open;
     std::chrono::steady_clock::time_point m_lastFree;
-};
-
-/// A record of several statements inside a commit group, whole or not there: left without `Done`, it takes back what
-/// was written since it was made, and the group goes on.
-class CWholeRecord {
-public:
-    /// Raises ComError.
-    explicit CWholeRecord(CDataStore& store);
-    ~CWholeRecord();
-    CWholeRecord(const CWholeRecord&) = delete;
-    CWholeRecord& operator=(const CWholeRecord&) = delete;
-
-    /// Raises ComError, with the record taken back.
-    void Done();
-
-private:
-    std::shared_ptr<CEngine> m_engine;
-    bool m_open = true;
 };
 
 /// Runs the loop in a group, handed to it. Whatever ends it early, what was written stays as `Keep` says.

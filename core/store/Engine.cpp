@@ -294,19 +294,6 @@ void CEngine::AbandonGroup() noexcept {
     m_inGroup = false;
 }
 
-void CEngine::BeginRecord() {
-    PrepareOwn("SAVEPOINT record")->Run();
-}
-
-void CEngine::EndRecord() {
-    PrepareOwn("RELEASE record")->Run();
-}
-
-void CEngine::AbandonRecord() noexcept {
-    if (StillStands())
-        sqlite3_exec(m_database.get(), "ROLLBACK TO record; RELEASE record", nullptr, nullptr, nullptr);
-}
-
 bool CEngine::StillStands() noexcept {
     if (!InTransaction())
         return false;

@@ -74,10 +74,6 @@ public:
     /// Takes back what is not committed yet.
     void AbandonGroup() noexcept;
     bool InGroup() const { return m_inGroup; }
-    /// From here on what is written can be taken back without the rest of the transaction, until `EndRecord`.
-    void BeginRecord();
-    void EndRecord();
-    void AbandonRecord() noexcept;
     /// After an error: whether the transaction goes on. Where the error leaves open what was written, it is taken back.
     bool StillStands() noexcept;
     /// 0 outside a commit group; inside, the number of the transaction, which locks other programs out.
