@@ -3,6 +3,7 @@
 #include "core/base/AppDir.h"
 #include "core/base/Messages.h"
 #include "core/base/Shared.h"
+#include "core/report/Quarter.h"
 #include "core/store/DataStore.h"
 #include "ctl/Commands.h"
 #include "ctl/Failure.h"
@@ -131,7 +132,8 @@ CLI::Option* AddNumber(CLI::App& command, const char* name, int& value, int lowe
 }
 
 void AddPeriod(CLI::App& command, int& year, int& quarter) {
-    AddNumber(command, "YEAR", year, 2000, 2012, "2000 to 2012")->required();
+    const std::string years = std::to_string(FirstFormYear) + " to " + std::to_string(LastFormYear);
+    AddNumber(command, "YEAR", year, FirstFormYear, LastFormYear, years.c_str())->required();
     AddNumber(command, "QUARTER", quarter, 1, 4, "1 to 4")->required();
 }
 

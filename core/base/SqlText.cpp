@@ -38,3 +38,11 @@ std::string FormatText(std::string_view format, std::initializer_list<FormatArgu
     assert(next == arguments.end());
     return text;
 }
+
+std::string SqlDay(const DateTime& day) {
+    return SqlText("#%i/%i/%i#", day.Month(), day.Day(), day.Year());
+}
+
+std::string SqlBetween(const char* field, const DateTime& from, const DateTime& to) {
+    return SqlText("DATEDIFF(\"d\", %s, %s)>=0 AND DATEDIFF(\"d\", %s, %s)>=0", SqlDay(from), field, field, SqlDay(to));
+}

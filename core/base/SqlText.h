@@ -48,3 +48,8 @@ template <class... Ts>
 QString MessageText(std::string_view format, const Ts&... arguments) {
     return QString::fromStdString(FormatText(format, {FormatArgument(arguments)...}));
 }
+
+/// "#3/31/2012#".
+std::string SqlDay(const DateTime& day);
+/// The condition that a date is within these days, both inclusive, whatever its time.
+std::string SqlBetween(const char* field, const DateTime& from, const DateTime& to);

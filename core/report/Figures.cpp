@@ -1,12 +1,10 @@
 #include "core/report/Figures.h"
 
 #include "core/base/ComError.h"
-#include "core/base/Progress.h"
-#include "core/base/SqlText.h"
+#include "core/base/Pacing.h"
 #include "core/report/Spreadsheet.h"
 #include "core/store/DataStore.h"
 
-#include <algorithm>
 #include <map>
 
 Currency TemplateVersion;
@@ -17,7 +15,6 @@ Layout CurrentLayout() {
 
 namespace {
 
-constexpr int BarRange = 200;
 constexpr WideCount KilogramsInTonne = 1000;
 
 [[noreturn]] void RaiseRange(const QString& place) {
@@ -68,18 +65,13 @@ void Fill(const FigureSheet& figures, CQuarterTotals& totals, IProgress& progres
     const std::map<FigureSheet::Group, Figure> groups = FiguresOf(figures, totals);
     if (groups.empty())
         return;
-    const auto count = static_cast<std::int64_t>(groups.size());
-    const std::int64_t step = std::max<std::int64_t>(count / BarRange, 1);
+    CPacing pacing(progress, static_cast<std::int64_t>(groups.size()));
     progress.SetPosition(0);
     // Groups meet in a cell only where a null counts as no.
     std::map<CellPlace, WideCount> cells;
     std::int64_t i = 0;
     for (const auto& [group, figure] : groups) {
-        if (i % step == 0) {
-            progress.SetDetailText(MessageText("%li z %li", i + 1, count));
-            progress.SetPosition(static_cast<int>((i + 1) * BarRange / count));
-        }
-        ++i;
+        pacing.Show(i++);
         if (!figure.place || !figure.kilograms)
             continue;
         const WideCount total = cells[*figure.place] += *figure.kilograms;

@@ -9,6 +9,7 @@ struct SourceQuery {
     const char* codes;
     const char* names;
     const char* from;
+    const char* day;
     const char* order;
     int codeCount;
 };
@@ -19,7 +20,8 @@ constexpr SourceQuery Issued = {
     "Move.move_export",
     ", Move.move_date, Cover.cover_name, Move.move_num, Move_Cover.mvprod_id, Move.move_id",
     " FROM (Move INNER JOIN Move_Cover ON Move.move_id = Move_Cover.move_id) INNER JOIN Cover ON Move_Cover.cover_id = "
-    "Cover.cover_id WHERE DATEDIFF(\"d\", #%i/%i/%i#, move_date)>=0 AND DATEDIFF(\"d\", move_date, #%i/%i/%i#)>=0",
+    "Cover.cover_id",
+    "move_date",
     " ORDER BY Move.move_num, Move_Cover.mvcover_id",
     10,
 };
@@ -28,8 +30,8 @@ constexpr SourceQuery Discarded = {
     "SELECT Cover.cover_mat, Cover.cover_reusable, Cover.cover_type, CoverDiscard.disc_type, CoverDiscard.disc_qty, "
     "Cover.cover_weight, CoverDiscard.disc_id",
     ", CoverDiscard.disc_date, Cover.cover_name",
-    " FROM CoverDiscard INNER JOIN Cover ON CoverDiscard.cover_id = Cover.cover_id WHERE DATEDIFF(\"d\", "
-    "#%i/%i/%i#, disc_date)>=0 AND DATEDIFF(\"d\", disc_date, #%i/%i/%i#)>=0",
+    " FROM CoverDiscard INNER JOIN Cover ON CoverDiscard.cover_id = Cover.cover_id",
+    "disc_date",
     " ORDER BY CoverDiscard.disc_id",
     7,
 };
@@ -40,10 +42,8 @@ const SourceQuery& QueryOf(PackagingSource source) {
 
 std::string QueryText(const SourceQuery& query, const DateRange& period, CPackagingRows::Extent extent) {
     const bool named = extent == CPackagingRows::Extent::Named;
-    return std::string(query.codes) + (named ? query.names : "") +
-           SqlText(query.from, period.from.Month(), period.from.Day(), period.from.Year(), period.to.Month(),
-                   period.to.Day(), period.to.Year()) +
-           (named ? query.order : "");
+    return std::string(query.codes) + (named ? query.names : "") + query.from + " WHERE " +
+           SqlBetween(query.day, period.from, period.to) + (named ? query.order : "");
 }
 
 } // namespace

@@ -8,6 +8,10 @@ struct DateRange {
     DateTime to;
 };
 
+/// The years that the form is of.
+inline constexpr int FirstFormYear = 2000;
+inline constexpr int LastFormYear = 2012;
+
 /// A quarter that is not 1, 2 or 3 counts as the fourth.
 DateRange QuarterRange(int year, int quarter);
 

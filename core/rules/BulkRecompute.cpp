@@ -1,7 +1,7 @@
 #include "core/rules/BulkRecompute.h"
 
 #include "core/base/Messages.h"
-#include "core/base/Progress.h"
+#include "core/base/Pacing.h"
 #include "core/rules/ChangeReach.h"
 #include "core/rules/Recomputation.h"
 

@@ -23,9 +23,8 @@ void AddPackagingRows(CDataStore& store, const RecordsetPtr& target, std::int32_
 }
 
 RecordsetPtr DefinitionsOfDay(CDataStore& store, std::int32_t prodId, const DateTime& day) {
-    return store.Query(
-        SqlText("SELECT * FROM Prod_CoverDT WHERE (prod_id = %li) AND DATEDIFF(\"d\", #%i/%i/%i#, dt_from)=0", prodId,
-                day.Month(), day.Day(), day.Year()));
+    return store.Query(SqlText("SELECT * FROM Prod_CoverDT WHERE (prod_id = %li) AND DATEDIFF(\"d\", %s, dt_from)=0",
+                               prodId, SqlDay(day)));
 }
 
 void AddDefinition(CRecordset& definitions, std::int32_t prodId, const DateTime& from) {

@@ -8,8 +8,7 @@ std::string MoveFilter::Clauses() const {
     if (byNum)
         add(SqlText(numPart ? " (move_num LIKE '%%%s%%')" : " (move_num = '%s')", num));
     if (byDate)
-        add(SqlText(" DATEDIFF(\"d\", #%i/%i/%i#, move_date)>=0 AND DATEDIFF(\"d\", move_date, #%i/%i/%i#)>=0",
-                    dateFrom.Month(), dateFrom.Day(), dateFrom.Year(), dateTo.Month(), dateTo.Day(), dateTo.Year()));
+        add(" " + SqlBetween("move_date", dateFrom, dateTo));
     if (byExport)
         add(exported ? " (move_export = TRUE)" : " (move_export = FALSE)");
     return sql;

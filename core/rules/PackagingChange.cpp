@@ -1,6 +1,6 @@
 #include "core/rules/PackagingChange.h"
 
-#include "core/base/Progress.h"
+#include "core/base/Pacing.h"
 #include "core/rules/Propagation.h"
 #include "core/rules/Recomputation.h"
 #include "core/store/CommitGroup.h"

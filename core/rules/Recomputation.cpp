@@ -1,26 +1,11 @@
 #include "core/rules/Recomputation.h"
 
 #include "core/base/Messages.h"
-#include "core/base/Progress.h"
+#include "core/base/Pacing.h"
 #include "core/base/SqlText.h"
 #include "core/rules/IssueLines.h"
 #include "core/store/CommitGroup.h"
 #include "core/store/Edit.h"
-
-#include <algorithm>
-
-namespace {
-
-constexpr int BarRange = 200;
-/// A step of a very long run takes longer than a press of the button may wait.
-constexpr std::int64_t LongestDeafness = 100; // milliseconds
-
-std::int64_t Milliseconds() {
-    using namespace std::chrono;
-    return duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
-}
-
-} // namespace
 
 RecordsetPtr AllLines(CDataStore& store) {
     return store.Query("SELECT * FROM Move_Prod WHERE (move_id IN (SELECT move_id FROM Move))");
@@ -76,28 +61,4 @@ int RecomputeProductCovers(CDataStore& store, std::int32_t prodId) {
         ShowComError(error);
         return -1;
     }
-}
-
-CPacing::CPacing(IProgress& progress, std::int64_t count)
-    : m_progress(progress), m_count(count), m_step(std::max<std::int64_t>(count / BarRange, 1)),
-      m_lastLook(Milliseconds()) {
-    m_progress.SetRange(0, BarRange);
-}
-
-bool CPacing::GoOn(std::int64_t index) {
-    const bool isStep = index % m_step == 0;
-    if (isStep || Milliseconds() - m_lastLook > LongestDeafness) {
-        if (m_progress.CancelRequested())
-            return false;
-        m_lastLook = Milliseconds();
-    }
-    if (isStep) {
-        m_progress.SetDetailText(MessageText("%li z %li", index + 1, m_count));
-        m_progress.SetPosition(Position(index));
-    }
-    return true;
-}
-
-int CPacing::Position(std::int64_t index) const {
-    return static_cast<int>(BarRange * (index + 1) / m_count);
 }

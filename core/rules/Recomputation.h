@@ -22,20 +22,3 @@ void RecomputeProduct(CDataStore& store, std::int32_t prodId, IProgress& progres
 /// Deletes and computes anew the packaging of every issue line of one product; changes made by hand are lost. Answers
 /// the number of lines; −1 after a database error was shown, with the lines done before it kept.
 int RecomputeProductCovers(CDataStore& store, std::int32_t prodId);
-
-/// Shows "%li z %li" and moves the bar at most about 200 times in a run of `count` steps, and asks the window whether
-/// it was cancelled then, and whenever a step has taken long.
-class CPacing {
-public:
-    CPacing(IProgress& progress, std::int64_t count);
-    /// Before the step at this place, counted from 0; false when the user cancelled.
-    bool GoOn(std::int64_t index);
-    /// Where the bar stands at this place.
-    int Position(std::int64_t index) const;
-
-private:
-    IProgress& m_progress;
-    const std::int64_t m_count;
-    const std::int64_t m_step;
-    std::int64_t m_lastLook;
-};

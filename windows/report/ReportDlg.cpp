@@ -34,7 +34,7 @@ CReportDlg::CReportDlg(QWidget* parent) : QDialog(parent), m_ui(std::make_unique
     m_request.period = DefaultPeriod(DateTime::Today());
     m_request.company = ReadCompanyData();
     m_ui->quarterSpin->SetLimits(1, 4);
-    m_ui->yearSpin->SetLimits(2000, 2012);
+    m_ui->yearSpin->SetLimits(FirstFormYear, LastFormYear);
     m_ui->quarterSpin->setValue(m_request.period.quarter);
     m_ui->yearSpin->setValue(m_request.period.year);
     m_ui->regularRadio->setChecked(true);
