@@ -7,7 +7,6 @@
 
 namespace {
 
-constexpr int BarRange = 200;
 /// A step of a very long run takes longer than a press of the button may wait.
 constexpr std::int64_t LongestDeafness = 100; // milliseconds
 
@@ -20,9 +19,7 @@ std::int64_t Milliseconds() {
 
 CPacing::CPacing(IProgress& progress, std::int64_t count)
     : m_progress(progress), m_count(std::max<std::int64_t>(count, 1)),
-      m_step(std::max<std::int64_t>(count / BarRange, 1)), m_lastLook(Milliseconds()) {
-    m_progress.SetRange(0, BarRange);
-}
+      m_step(std::max<std::int64_t>(count / BarRange, 1)), m_lastLook(Milliseconds()) {}
 
 bool CPacing::GoOn(std::int64_t index) {
     if (IsStep(index) || Milliseconds() - m_lastLook > LongestDeafness) {

@@ -8,7 +8,9 @@
 /// the window whether it was cancelled then, and whenever a step has taken long.
 class CPacing {
 public:
-    /// The bar's range is set to that of Position.
+    /// The window's range is from 0 to this.
+    static constexpr int BarRange = 200;
+
     CPacing(IProgress& progress, std::int64_t count);
     /// Before the step at this place, counted from 0; false when the user cancelled.
     bool GoOn(std::int64_t index);

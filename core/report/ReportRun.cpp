@@ -1,7 +1,7 @@
 #include "core/report/ReportRun.h"
 
 #include "core/base/Messages.h"
-#include "core/base/Progress.h"
+#include "core/base/Pacing.h"
 #include "core/base/Shared.h"
 #include "core/base/SqlText.h"
 #include "core/report/Figures.h"
@@ -135,7 +135,7 @@ QString RunReport(CDataStore& store, IProgressDoor& door, const SpreadsheetFacto
     }
 
     const std::unique_ptr<IProgress> progress = door.Open(QStringLiteral("Sestavení výkazu"), false);
-    progress->SetRange(0, 200);
+    progress->SetRange(0, CPacing::BarRange);
     progress->SetPhaseText(QStringLiteral("Spouštím excel"));
     OpenReport report(output);
     try {

@@ -26,6 +26,7 @@ BulkResult Run(CDataStore& store, const Lines& linesOf, IProgressDoor& door, std
     const std::unique_ptr<IProgress> progress = door.Open(QStringLiteral("Úprava vydaných obalů"), true);
     try {
         const RecordsetPtr issueLines = linesOf();
+        progress->SetRange(0, CPacing::BarRange);
         CPacing pacing(*progress, issueLines->get_RecordCount());
         if (!issueLines->get_EOF())
             progress->SetPhaseText(QStringLiteral("Aktualizuji kuvel u vydaných produktů"));

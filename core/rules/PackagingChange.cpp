@@ -69,6 +69,7 @@ void AddPackaging(CDataStore& store, const PropagationOptions& options, std::int
 void AssignPackaging(CDataStore& store, const PropagationOptions& options, const std::vector<std::int32_t>& products,
                      const DateTime& from, const ChosenPackaging& chosen, IProgress& progress) {
     const auto count = static_cast<std::int64_t>(products.size());
+    progress.SetRange(0, CPacing::BarRange);
     CPacing pacing(progress, count);
     progress.SetPhaseText(QStringLiteral("Přiřazuji kuvel produktům"));
     InCommitGroup(store, {}, [&](CCommitGroup& group) {

@@ -41,6 +41,7 @@ void RecomputeProduct(CDataStore& store, std::int32_t prodId, IProgress& progres
     InOneEdit(store, [&] {
         const RecordsetPtr issueLines = LinesOfProduct(store, prodId);
         progress.SetPhaseText(QStringLiteral("Aktualizuji kuvel u vydaných produktů"));
+        progress.SetRange(0, CPacing::BarRange);
         CPacing pacing(progress, issueLines->get_RecordCount());
         const auto show = [&](std::int64_t line) {
             pacing.GoOn(line);

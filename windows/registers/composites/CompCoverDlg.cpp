@@ -13,6 +13,7 @@
 #include "windows/widgets/IconButton.h"
 #include "windows/widgets/Refuse.h"
 #include "windows/widgets/RegisterTexts.h"
+#include "windows/widgets/ScreenFit.h"
 #include "windows/widgets/commands/CommandTable.h"
 #include "windows/widgets/commands/ContextMenus.h"
 #include "windows/widgets/lists/RecordList.h"
@@ -39,7 +40,8 @@ CCompCoverDlg::CCompCoverDlg(CDataStore& store, std::int32_t compositeId, Compos
       m_items(new RecordList(store, Items(), this)), m_values(std::move(values)) {
     m_ui->setupUi(this);
     m_ui->itemPlace->addWidget(m_items);
-    m_items->setMinimumSize(560, 220);
+    m_items->setMinimumSize(400, 120);
+    resize(FittingSize(*this, {640, 400}));
     m_items->setAccessibleName(QStringLiteral("Složení"));
     m_ui->label_items->setBuddy(m_items);
     AddButtons();

@@ -41,6 +41,12 @@ QString DateEdit::Complaint() const {
     return ReadDate(text()).refusal;
 }
 
+QSize DateEdit::minimumSizeHint() const {
+    QSize size = TypedEdit::minimumSizeHint();
+    size.rwidth() += fontMetrics().horizontalAdvance(QStringLiteral("00.00.0000"));
+    return size;
+}
+
 QString DateEdit::TidyText() const {
     return FormatDate(Value());
 }

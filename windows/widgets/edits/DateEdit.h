@@ -19,6 +19,8 @@ public:
     /// What was set, while the text cannot be read.
     DateTime Value() const;
     QString Complaint() const override;
+    /// A day is never cut off.
+    QSize minimumSizeHint() const override;
 
 protected:
     QString TidyText() const override;
