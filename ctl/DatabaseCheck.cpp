@@ -1,6 +1,7 @@
 #include "ctl/DatabaseCheck.h"
 
 #include "core/base/DateTime.h"
+#include "core/base/SameName.h"
 #include "core/store/DataStore.h"
 #include "core/store/Engine.h"
 
@@ -201,7 +202,7 @@ private:
             break;
         }
         for (const Coded& coded : Codes)
-            if (jet::SameName(column.name, coded.column))
+            if (SameName(column.name, coded.column))
                 CheckCodes(table, coded);
     }
 

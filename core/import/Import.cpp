@@ -1,29 +1,22 @@
 #include "core/import/Import.h"
 
 #include "core/base/Messages.h"
+#include "core/base/Pacing.h"
 #include "core/base/SqlText.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace {
 
-constexpr int BarRange = 200;
-
-/// Shows the phase and steps through its rows, touching the window about two hundred times however many there are.
+/// Shows the phase and steps through its rows.
 template <class Act>
 void ForEachRow(ISourceRows& rows, IProgress& progress, const QString& phase, const Act& act) {
     progress.SetPhaseText(phase);
     progress.SetPosition(0);
-    const std::int64_t total = rows.Count();
-    const std::int64_t step = std::max<std::int64_t>(total / BarRange, 1);
+    CPacing pacing(progress, rows.Count());
     for (std::int64_t i = 0; !rows.AtEnd(); rows.MoveNext(), ++i) {
-        if (i % step == 0) {
-            if (progress.CancelRequested())
-                throw ImportCancelled();
-            progress.SetDetailText(MessageText("%li z %li", i + 1, total));
-            progress.SetPosition(static_cast<int>((i + 1) * BarRange / std::max<std::int64_t>(total, 1)));
-        }
+        if (!pacing.GoOn(i))
+            throw ImportCancelled();
         act();
     }
 }
@@ -84,7 +77,7 @@ bool RunImport(CDataStore& store, IImportSource& source, const ImportOptions& op
     if (!options.products && !options.documents)
         return false;
     const std::unique_ptr<IProgress> progress = progressDoor.Open(source.Title(), true);
-    progress->SetRange(0, BarRange);
+    progress->SetRange(0, CPacing::BarRange);
     if (!source.Connect(*progress))
         return false;
     if (options.products) {

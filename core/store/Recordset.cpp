@@ -1,5 +1,6 @@
 #include "core/store/Recordset.h"
 
+#include "core/base/SameName.h"
 #include "core/store/Matches.h"
 #include "core/store/Rows.h"
 
@@ -197,7 +198,7 @@ void CRecordset::Drop(int position) {
 int CRecordset::ColumnIndex(std::string_view name) const {
     const auto& columns = m_rows->Translation().columns;
     for (std::size_t i = 0; i < columns.size(); ++i)
-        if (jet::SameName(columns[i].name, name))
+        if (SameName(columns[i].name, name))
             return static_cast<int>(i);
     Raise(ResultCode::NoSuchField, std::string(name),
           QStringLiteral("Pole \"%1\" v sadě záznamů není.")
@@ -214,7 +215,7 @@ Variant CRecordset::get_Collect(std::string_view column) const {
         return {};
     if (m_rows->OnNewRow()) {
         const jet::Table* table = m_engine->Tables().FindTable(m_rows->Translation().table);
-        if (table->key >= 0 && jet::SameName(table->columns[static_cast<std::size_t>(table->key)].name, column))
+        if (table->key >= 0 && SameName(table->columns[static_cast<std::size_t>(table->key)].name, column))
             return static_cast<std::int32_t>(m_rows->Key());
     }
     ReadCurrentRow();

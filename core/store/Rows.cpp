@@ -1,7 +1,6 @@
 #include "core/store/Rows.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace {
 
@@ -20,7 +19,7 @@ void CRows::Clear() {
     m_cellRow = 0;
     m_values.clear();
     m_tags.clear();
-    m_texts.clear();
+    m_texts.Clear();
 }
 
 void CRows::Read(const CEngine& engine, CEngine::PreparedPtr prepared) {
@@ -124,7 +123,7 @@ bool CRows::ReadRow(const CEngine& engine) {
     m_cellRow = 0;
     m_values.clear();
     m_tags.clear();
-    m_texts.clear();
+    m_texts.Clear();
     sqlite::Statement& row = m_prepared->row;
     row.Bind(1, Key());
     if (!row.Step())
@@ -145,15 +144,10 @@ void CRows::Take(const sqlite::Statement& statement, int firstColumn) {
             continue;
         }
         switch (columns[column].type) {
-        case jet::ValueType::Text: {
-            const std::string_view text = statement.Text(i);
-            const auto size = static_cast<std::uint32_t>(text.size());
-            m_values.push_back(static_cast<std::int64_t>(m_texts.size()));
-            m_texts.append(reinterpret_cast<const char*>(&size), sizeof size);
-            m_texts.append(text);
+        case jet::ValueType::Text:
+            m_values.push_back(m_texts.Add(statement.Text(i)));
             m_tags.push_back(Tag::Value);
             break;
-        }
         case jet::ValueType::Date: {
             const DateTime date = DateTime::FromStored(statement.Text(i));
             m_values.push_back(date.SecondsSince1970());
@@ -186,11 +180,8 @@ Variant CRows::Cell(int column) const {
         return value != 0;
     case jet::ValueType::Date:
         return m_tags[at] == Tag::Invalid ? DateTime::Invalid() : DateTime::FromSeconds(value);
-    case jet::ValueType::Text: {
-        std::uint32_t size = 0;
-        std::memcpy(&size, m_texts.data() + value, sizeof size);
-        return QString::fromUtf8(m_texts.data() + value + sizeof size, static_cast<qsizetype>(size));
-    }
+    case jet::ValueType::Text:
+        return m_texts.Text(value);
     default:
         return static_cast<std::int32_t>(value);
     }

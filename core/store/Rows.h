@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/base/PackedTexts.h"
 #include "core/base/Variant.h"
 #include "core/store/Engine.h"
 
@@ -61,8 +62,8 @@ private:
     std::uint64_t m_aheadChanges = 0;
     /// The row of the cells that is the current one.
     std::int64_t m_cellRow = 0;
-    /// Cells in row order. A text cell is the place in m_texts of its length and characters.
+    /// Cells in row order. A text cell is its place in m_texts.
     std::vector<std::int64_t> m_values;
     std::vector<Tag> m_tags;
-    std::string m_texts;
+    CPackedTexts m_texts;
 };

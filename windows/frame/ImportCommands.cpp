@@ -10,24 +10,38 @@
 
 namespace {
 
+/// Runs the wizard and the import that follows it; its settings are stored however they end.
+template <class Wizard, class Import>
+bool Carry(Wizard& wizard, CMainFrame& frame, const Import& import) {
+    bool imported = false;
+    try {
+        imported = wizard.Run(&frame) && import();
+    } catch (...) {
+        wizard.StoreOptions();
+        throw;
+    }
+    wizard.StoreOptions();
+    return imported;
+}
+
 bool ImportFromMoney(CMainFrame& frame, IProgressDoor& progress, ImportCounts& counts) {
     if (!MoneyComponentReady())
         return false;
     CMoneyWizard wizard;
-    if (!wizard.Run(&frame))
-        return false;
-    CMoneySource source(wizard.Year(), wizard.Options());
-    COverwriteDialogDoor door;
-    return RunImport(frame.Document().Store(), source, wizard.Options(), progress, door, counts);
+    return Carry(wizard, frame, [&] {
+        CMoneySource source(wizard.Year(), wizard.Options());
+        COverwriteDialogDoor door;
+        return RunImport(frame.Document().Store(), source, wizard.Options(), progress, door, counts);
+    });
 }
 
 bool ImportFromWak(CMainFrame& frame, IProgressDoor& progress, ImportCounts& counts) {
     CWakWizard wizard(progress);
-    if (!wizard.Run(&frame))
-        return false;
-    CWakSource source(wizard.Options(), wizard.Range());
-    COverwriteDialogDoor door;
-    return RunImport(frame.Document().Store(), source, wizard.Options(), progress, door, counts);
+    return Carry(wizard, frame, [&] {
+        CWakSource source(wizard.Options(), wizard.Range());
+        COverwriteDialogDoor door;
+        return RunImport(frame.Document().Store(), source, wizard.Options(), progress, door, counts);
+    });
 }
 
 void Import(CMainFrame& frame, const ImportCommand& command) {

@@ -3,8 +3,7 @@
 #include "core/base/Messages.h"
 #include "windows/widgets/WizardSheet.h"
 
-/// What the wizards of the imports share: two pages, and settings that are read when the wizard is made and stored when
-/// it goes, however it was closed; so it must live as long as the import, which may change them too.
+/// What the wizards of the imports share: two pages, and settings that are read when the wizard is made.
 template <typename OptionsOf>
 class CImportWizard {
 public:
@@ -12,10 +11,13 @@ public:
     CImportWizard& operator=(const CImportWizard&) = delete;
 
     OptionsOf& Options() { return m_options; }
+    /// After the wizard, however it was closed, and after the import, which may change them too. Settings that cannot
+    /// be written are told.
+    void StoreOptions() { ShowSettingsError(m_options.Write()); }
 
 protected:
     CImportWizard() { m_options.Read(); }
-    ~CImportWizard() { ShowSettingsError(m_options.Write()); }
+    ~CImportWizard() = default;
 
     /// True when it was finished.
     static bool RunPages(QWidget* parent, CWizardPage& source, CWizardPage& parameters) {

@@ -10,3 +10,8 @@ QSize FittingSize(const QWidget& window, QSize wanted) {
     const int title = window.style()->pixelMetric(QStyle::PM_TitleBarHeight);
     return wanted.boundedTo(window.screen()->availableSize() - QSize(2 * border, 2 * border + title));
 }
+
+QSize FittingPage(const QWidget& page, QSize wanted) {
+    constexpr QSize Sheet(40, 110);
+    return FittingSize(page, wanted + Sheet) - Sheet;
+}

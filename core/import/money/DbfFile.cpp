@@ -1,6 +1,7 @@
 #include "core/import/money/DbfFile.h"
 
 #include "core/base/ComError.h"
+#include "core/base/SameName.h"
 #include "core/import/money/DbfValue.h"
 
 #include <QFile>
@@ -141,10 +142,6 @@ bool HeaderAgrees(const QString& path, Header& header) {
 
 char Upper(char c) {
     return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
-
-bool SameName(std::string_view a, std::string_view b) {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) { return Upper(x) == Upper(y); });
 }
 
 } // namespace

@@ -1,11 +1,11 @@
 #include "core/import/wak/SqlServerRows.h"
 
+#include "core/base/SameName.h"
 #include "core/import/wak/Odbc.h"
 
 #include <algorithm>
 #include <array>
 #include <bit>
-#include <cstring>
 #include <limits>
 
 namespace {
@@ -15,12 +15,6 @@ constexpr std::int64_t NullCell = std::numeric_limits<std::int64_t>::min();
 constexpr std::int64_t BeyondCell = NullCell + 1;
 constexpr std::int64_t AliveRows = 1000;
 constexpr std::size_t FirstBuffer = 4096;
-
-bool SameName(std::string_view a, std::string_view b) {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](unsigned char x, unsigned char y) {
-        return std::tolower(x) == std::tolower(y); // the columns asked for are plain ASCII
-    });
-}
 
 /// The value that was fetched, or nothing for a null.
 template <class T>
@@ -193,20 +187,14 @@ std::int64_t CSqlServerRows::ReadText(void* statement, std::string_view source, 
         m_buffer.resize(2 * m_buffer.size());
     }
     const QByteArray text = QStringView(m_buffer.data(), static_cast<qsizetype>(used)).toUtf8();
-    const auto size = static_cast<std::uint32_t>(text.size());
+    const std::string_view bytes(text.constData(), static_cast<std::size_t>(text.size()));
     const std::size_t width = m_columns.size();
     if (m_cells.size() >= width) {
         const std::int64_t above = m_cells[m_cells.size() - width];
-        if (above != NullCell) {
-            const char* start = m_texts.data() + above;
-            if (std::memcmp(start, &size, sizeof(size)) == 0 && std::memcmp(start + sizeof(size), text, size) == 0)
-                return above;
-        }
+        if (above != NullCell && m_texts.At(above) == bytes)
+            return above;
     }
-    const auto place = static_cast<std::int64_t>(m_texts.size());
-    m_texts.append(reinterpret_cast<const char*>(&size), sizeof(size));
-    m_texts.append(text.constData(), size);
-    return place;
+    return m_texts.Add(bytes);
 }
 
 void CSqlServerRows::MoveNext() {
@@ -247,7 +235,5 @@ Variant CSqlServerRows::get_Collect(std::string_view name) const {
     case Kind::Text:
         break;
     }
-    std::uint32_t size = 0;
-    std::memcpy(&size, m_texts.data() + cell, sizeof(size));
-    return QString::fromUtf8(m_texts.data() + cell + sizeof(size), size);
+    return m_texts.Text(cell);
 }

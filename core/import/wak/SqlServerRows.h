@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/base/PackedTexts.h"
 #include "core/base/Variant.h"
 
 #include <cstdint>
@@ -48,7 +49,7 @@ private:
     std::string m_source;
     std::vector<Column> m_columns;
     std::vector<std::int64_t> m_cells;
-    std::string m_texts;
+    CPackedTexts m_texts;
     /// The values that a cell cannot hold, by their place in m_cells.
     std::map<std::size_t, QString> m_beyond;
     std::u16string m_buffer;

@@ -1,3 +1,4 @@
+#include "core/base/SameName.h"
 #include "core/store/jet/Schema.h"
 #include "core/store/jet/Syntax.h"
 

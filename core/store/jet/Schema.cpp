@@ -1,5 +1,6 @@
 #include "core/store/jet/Schema.h"
 
+#include "core/base/SameName.h"
 #include "core/store/sqlite/Sqlite.h"
 
 #include <algorithm>
@@ -7,10 +8,6 @@
 namespace jet {
 
 namespace {
-
-char Lower(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
-}
 
 ValueType TypeOf(std::string_view declared) {
     const std::string_view first = declared.substr(0, declared.find(' '));
@@ -26,12 +23,6 @@ ValueType TypeOf(std::string_view declared) {
 }
 
 } // namespace
-
-bool SameName(std::string_view a, std::string_view b) {
-    return a.size() == b.size() &&
-           (a.data() == b.data() ||
-            std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) { return x == y || Lower(x) == Lower(y); }));
-}
 
 const Column* Table::FindColumn(std::string_view columnName) const {
     const auto found = std::find_if(columns.begin(), columns.end(),

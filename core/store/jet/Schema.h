@@ -40,7 +40,4 @@ private:
     std::vector<Table> m_tables;
 };
 
-/// Equal but for the case of ASCII letters, as names are.
-bool SameName(std::string_view a, std::string_view b);
-
 } // namespace jet

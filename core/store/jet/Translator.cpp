@@ -1,5 +1,6 @@
 #include "core/store/jet/Translator.h"
 
+#include "core/base/SameName.h"
 #include "core/store/jet/Conditions.h"
 
 #include <algorithm>

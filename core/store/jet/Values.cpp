@@ -1,5 +1,7 @@
 #include "core/store/jet/Values.h"
 
+#include "core/base/SameName.h"
+
 #include <algorithm>
 
 namespace jet {

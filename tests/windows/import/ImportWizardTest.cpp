@@ -56,7 +56,9 @@ struct Wizards : testing::Test {
     static bool Run(Wizard& wizard, std::vector<Act> acts) {
         Steps steps;
         steps.Then(InTurn(std::move(acts)));
-        return wizard.Run(nullptr);
+        const bool finished = wizard.Run(nullptr);
+        wizard.StoreOptions();
+        return finished;
     }
     template <class Wizard>
     static void Cancel(std::vector<Act> acts) {

@@ -2,6 +2,7 @@
 #include "windows/widgets/SplitterBar.h"
 
 #include <QAccessible>
+#include <QRadioButton>
 #include <QTabBar>
 
 #include <map>
@@ -82,7 +83,35 @@ void ExpectAccessible(QWidget& dialog) {
     }
 }
 
-TEST(Accessibility, EveryControlOfTheRegistersDialogsHasAName) {
+/// Tab goes through every control that takes the focus, row by row, and comes back to the first.
+void ExpectReadByTab(QWidget& dialog) {
+    constexpr int RowHeight = 12;
+    const auto middle = [&](QWidget* control) { return control->mapTo(&dialog, control->rect().center()).y(); };
+    QWidget* const first = dialog.focusWidget();
+    QList<QWidget*> order;
+    for (QWidget* at = first; at != nullptr && !order.contains(at) && order.size() < 100; at = dialog.focusWidget()) {
+        order.append(at);
+        QTest::keyClick(at, Qt::Key_Tab);
+    }
+    EXPECT_EQ(first, dialog.focusWidget()) << "the round";
+    int up = 0;
+    std::string read;
+    for (qsizetype i = 0; i < order.size(); ++i) {
+        up += middle(order[(i + 1) % order.size()]) < middle(order[i]) - RowHeight;
+        read += order[i]->objectName().toStdString() + " ";
+    }
+    EXPECT_LE(up, 1) << "only from the last to the first: " << read;
+    for (QWidget* control : dialog.findChildren<QWidget*>()) {
+        const bool takesFocus = (control->focusPolicy() & Qt::TabFocus) && control->focusProxy() == nullptr;
+        const bool isChoice = qobject_cast<QRadioButton*>(control) != nullptr;
+        if (takesFocus && !isChoice && control->isEnabled() && control->isVisibleTo(&dialog) &&
+            !control->objectName().startsWith(u"qt_")) {
+            EXPECT_TRUE(order.contains(control)) << control->objectName().toStdString();
+        }
+    }
+}
+
+TEST(Accessibility, EveryControlOfTheRegistersDialogsHasANameAndIsReadByTab) {
     const struct {
         Command show;
         std::vector<Command> commands;
@@ -98,7 +127,7 @@ TEST(Accessibility, EveryControlOfTheRegistersDialogsHasAName) {
         ExpectAccessible(*opened.view);
         for (const Command command : each.commands) {
             SCOPED_TRACE(static_cast<int>(command));
-            opened.Do(command, {ExpectAccessible, Pressed(Qt::Key_Escape)});
+            opened.Do(command, {ExpectAccessible, ExpectReadByTab, Pressed(Qt::Key_Escape)});
         }
     }
 }

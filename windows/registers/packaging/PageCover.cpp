@@ -5,6 +5,7 @@
 #include "ui_PageCover.h"
 #include "windows/widgets/Guarded.h"
 #include "windows/widgets/RegisterTexts.h"
+#include "windows/widgets/ScreenFit.h"
 #include "windows/widgets/lists/RecordList.h"
 
 namespace {
@@ -32,7 +33,9 @@ CPageCover::CPageCover(CDataStore& store, Offer offer)
     m_composite->setAccessibleName(QStringLiteral("Složené kuvel"));
     m_ui->tabs->addTab(m_simple, QStringLiteral("Jednoduché kuvel"));
     m_composite->hide();
-    setMinimumSize(720, 360);
+    setTabOrder(m_ui->tabs, m_simple);
+    setTabOrder(m_simple, m_composite);
+    setMinimumSize(FittingPage(*this, {720, 360}));
     if (offer == Offer::SimpleAndComposite) {
         // A tab that is only hidden would still be reached with Ctrl+Tab.
         m_ui->tabs->addTab(m_composite, QStringLiteral("Složené kuvel"));

@@ -2,6 +2,7 @@
 
 #include "windows/widgets/Refuse.h"
 #include "windows/widgets/RegisterTexts.h"
+#include "windows/widgets/ScreenFit.h"
 #include "windows/widgets/lists/RecordList.h"
 
 #include <QVBoxLayout>
@@ -11,7 +12,7 @@ CPageProd::CPageProd(CDataStore& store)
           store, PickerList("products", "prod_id", Columns({"prod_name", "prod_katalog", "prod_unit"})), this)) {
     setObjectName(QStringLiteral("PageProd"));
     setWindowTitle(QStringLiteral("Vyberte výrobek"));
-    setMinimumSize(560, 320);
+    setMinimumSize(FittingPage(*this, {560, 320}));
     m_products->setAccessibleName(QStringLiteral("Výrobky"));
     auto* all = new QVBoxLayout(this);
     all->addWidget(m_products);

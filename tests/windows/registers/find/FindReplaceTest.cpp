@@ -267,6 +267,18 @@ TEST_F(FindReplace, ReplacesInTheRowsThatMatch) {
     }
 }
 
+TEST_F(FindReplace, ATextIsNeverACondition) {
+    for (const bool part : {false, true}) {
+        const std::string before = AllRows(folder);
+        Select(-1);
+        Open();
+        FillIn("Název", "x' OR cover_name LIKE '%", part, "Y");
+        messages.AcceptAny();
+        Press(Covers(), "replaceAll");
+        EXPECT_EQ(before, AllRows(folder));
+    }
+}
+
 TEST_F(FindReplace, ATextTooLongForItsFieldIsNotMade) {
     Select(-1);
     Open();
