@@ -123,6 +123,9 @@ TEST(Sheets, NameWhatTheyAreAbout) {
     OpenRegister products(ID_SHOW_PRODUCTS);
     products.Do(ID_SUBDETAIL_ADD,
                 {subject("Čaj"), Chose("simple", 1), Clicked("next"), subject("Čaj – Krabice"), Clicked("cancel")});
+    for (int row : {0, 1})
+        ClickRow(products.List("products"), row, row == 0 ? Qt::NoModifier : Qt::ControlModifier);
+    products.Do(ID_PROD_ASSIGN_COVERS, {subject("2\u00a0produkty"), Clicked("cancel")});
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "windows/registers/products/ViewProd.h"
 
+#include "core/base/CzechCount.h"
 #include "core/base/LateProgress.h"
 #include "core/base/SqlText.h"
 #include "core/rules/ChangeReach.h"
@@ -309,7 +310,10 @@ void CViewProd::OnAssignCovers() {
         return;
     }
     CPageDateRange datePage;
-    CPackagingSheet sheet(Store(), this, {}, &datePage);
+    const QString names =
+        products.size() == 1 ? Master().CellText(Master().SelectedRow(), NameColumn)
+                             : Counted(static_cast<std::int64_t>(products.size()), {"produkt", "produkty", "produktů"});
+    CPackagingSheet sheet(Store(), this, names, &datePage);
     if (!sheet.Run())
         return;
     const WaitCursor wait;
