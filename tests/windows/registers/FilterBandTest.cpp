@@ -1,11 +1,8 @@
+#include "tests/windows/support/Accessibility.h"
 #include "tests/windows/support/RegisterFixture.h"
 #include "windows/widgets/SplitterBar.h"
 
-#include <QAccessible>
-#include <QRadioButton>
 #include <QTabBar>
-
-#include <map>
 
 namespace {
 
@@ -58,57 +55,6 @@ TEST(RegisterKeys, SortAListAndMoveTheSplitter) {
     EXPECT_EQ(width - (left - splitter.x()), covers.width());
     QTest::keyClick(&splitter, Qt::Key_Right);
     EXPECT_EQ(left, splitter.x());
-}
-
-/// Every control that takes the focus has a name, and no two that are shown share a mnemonic.
-void ExpectAccessible(QWidget& dialog) {
-    std::map<QChar, std::string> mnemonics;
-    for (QWidget* control : dialog.findChildren<QWidget*>()) {
-        if (!control->isVisibleTo(&dialog))
-            continue;
-        QAccessibleInterface* const seen = QAccessible::queryAccessibleInterface(control);
-        const std::string name = control->objectName().toStdString();
-        // The edit inside a box is named by the box.
-        const bool isPart = name.rfind("qt_", 0) == 0;
-        if ((control->focusPolicy() & Qt::TabFocus) && control->focusProxy() == nullptr && !isPart) {
-            EXPECT_TRUE(seen != nullptr && !seen->text(QAccessible::Name).isEmpty())
-                << dialog.objectName().toStdString() << " " << control->metaObject()->className() << " " << name;
-        }
-        const QKeySequence key = QKeySequence::mnemonic(control->property("text").toString());
-        if (!key.isEmpty()) {
-            const QChar letter = key.toString().back();
-            EXPECT_FALSE(mnemonics.contains(letter)) << name << " and " << mnemonics[letter];
-            mnemonics[letter] = name;
-        }
-    }
-}
-
-/// Tab goes through every control that takes the focus, row by row, and comes back to the first.
-void ExpectReadByTab(QWidget& dialog) {
-    constexpr int RowHeight = 12;
-    const auto middle = [&](QWidget* control) { return control->mapTo(&dialog, control->rect().center()).y(); };
-    QWidget* const first = dialog.focusWidget();
-    QList<QWidget*> order;
-    for (QWidget* at = first; at != nullptr && !order.contains(at) && order.size() < 100; at = dialog.focusWidget()) {
-        order.append(at);
-        QTest::keyClick(at, Qt::Key_Tab);
-    }
-    EXPECT_EQ(first, dialog.focusWidget()) << "the round";
-    int up = 0;
-    std::string read;
-    for (qsizetype i = 0; i < order.size(); ++i) {
-        up += middle(order[(i + 1) % order.size()]) < middle(order[i]) - RowHeight;
-        read += order[i]->objectName().toStdString() + " ";
-    }
-    EXPECT_LE(up, 1) << "only from the last to the first: " << read;
-    for (QWidget* control : dialog.findChildren<QWidget*>()) {
-        const bool takesFocus = (control->focusPolicy() & Qt::TabFocus) && control->focusProxy() == nullptr;
-        const bool isChoice = qobject_cast<QRadioButton*>(control) != nullptr;
-        if (takesFocus && !isChoice && control->isEnabled() && control->isVisibleTo(&dialog) &&
-            !control->objectName().startsWith(u"qt_")) {
-            EXPECT_TRUE(order.contains(control)) << control->objectName().toStdString();
-        }
-    }
 }
 
 TEST(Accessibility, EveryControlOfTheRegistersDialogsHasANameAndIsReadByTab) {

@@ -1,5 +1,6 @@
 #include "core/rules/Propagation.h"
 #include "tests/support/MoneyFolder.h"
+#include "tests/windows/support/Accessibility.h"
 #include "tests/windows/support/Driver.h"
 #include "tests/windows/support/FrameFolder.h"
 #include "windows/frame/AboutDlg.h"
@@ -147,6 +148,10 @@ TEST_P(Looks, NoDialogCutsItsTextsOff) {
         if (GetParam().fontPercent == 100) {
             EXPECT_LE(window->minimumSizeHint().width(), 600);
             EXPECT_LE(window->minimumSizeHint().height(), 480);
+            ExpectAccessible(*window);
+            // In the guide Tab goes through the links.
+            if (std::string_view(name) != "help")
+                ExpectReadByTab(*window);
         }
         Keep(*window, QStringLiteral("%1-%2").arg(QString::fromLatin1(name), QString::fromLatin1(GetParam().name)));
     }
@@ -177,6 +182,8 @@ TEST_P(Looks, EveryRegisterFitsIntoTheSmallestMainWindow) {
         auto* const window = frame.findChild<QDialog*>(QStringLiteral("findReplaceDlg"));
         ASSERT_TRUE(QTest::qWaitForWindowExposed(window));
         ExpectNothingCutOff(*window);
+        ExpectAccessible(*window);
+        ExpectReadByTab(*window);
         Keep(*window, QStringLiteral("find-%1-%2").arg(static_cast<int>(mode)).arg(GetParam().name));
     }
 }
@@ -197,6 +204,8 @@ TEST_P(Looks, NoImportWindowCutsItsTextsOff) {
         ExpectNothingCutOff(window);
         if (GetParam().fontPercent == 100) {
             EXPECT_LE(window.minimumSizeHint().width(), 600) << name;
+            ExpectAccessible(window);
+            ExpectReadByTab(window);
         }
         Keep(window, QStringLiteral("%1-%2").arg(QString::fromLatin1(name), QString::fromLatin1(GetParam().name)));
     };
