@@ -32,6 +32,9 @@ CWizardSheet::CWizardSheet(QWidget* parent) : QDialog(parent), m_subject(new QLa
     QFont bold(m_subject->font());
     bold.setBold(true);
     m_subject->setFont(bold);
+    // However long, it goes by the pages' width.
+    m_subject->setWordWrap(true);
+    m_subject->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     m_subject->hide();
     auto* line = new QFrame;
     line->setFrameShape(QFrame::HLine);

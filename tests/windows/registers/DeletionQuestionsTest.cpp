@@ -126,6 +126,11 @@ TEST(Sheets, NameWhatTheyAreAbout) {
     for (int row : {0, 1})
         ClickRow(products.List("products"), row, row == 0 ? Qt::NoModifier : Qt::ControlModifier);
     products.Do(ID_PROD_ASSIGN_COVERS, {subject("2\u00a0produkty"), Clicked("cancel")});
+    // A long name does not make the sheet wider than the screen.
+    issues.folder.Sql("UPDATE Product SET prod_name = 'Káva ' || replace(hex(zeroblob(120)), '00', 'W')");
+    issues.Execute(ID_RECORD_REFRESH);
+    ClickRow(issues.List("items"), 1);
+    issues.Do(ID_DETAIL_EDIT, {[](QWidget& sheet) { EXPECT_GT(700, sheet.width()); }, Clicked("cancel")});
 }
 
 } // namespace
