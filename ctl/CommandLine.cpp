@@ -33,7 +33,7 @@ std::string CommandNames(const CLI::App& app, const char* separator) {
 std::string Usage(const CLI::App& command) {
     std::string usage = command.get_name();
     for (const CLI::App* above = command.get_parent(); above != nullptr; above = above->get_parent())
-        usage = (above->get_parent() == nullptr ? "kuvelctl" : above->get_name()) + " " + usage;
+        usage.insert(0, (above->get_parent() == nullptr ? "kuvelctl" : above->get_name()) + " ");
     if (const std::string names = CommandNames(command, "|"); !names.empty())
         usage += " " + names;
     for (const CLI::Option* option : command.get_options()) {

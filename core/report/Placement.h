@@ -14,6 +14,8 @@ struct CellPlace {
     int row = 0;
     int column = 0;
 
+    // The comparison that the compiler writes is taken for one with a null pointer.
+    // NOLINTNEXTLINE(modernize-use-nullptr)
     friend auto operator<=>(const CellPlace&, const CellPlace&) = default;
 };
 

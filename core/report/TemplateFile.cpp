@@ -27,7 +27,7 @@ QString YearTemplate(int year) {
 QString FindTemplate(Period period) {
     const int lastQuarter = period.year >= FirstYearOfQuarterForms ? 1 : period.quarter;
     for (int quarter = period.quarter; quarter >= lastQuarter; --quarter) {
-        const QString path = MessageText("%svykaz%4i_%i.tpl", g_strAppDir, period.year, quarter);
+        QString path = MessageText("%svykaz%4i_%i.tpl", g_strAppDir, period.year, quarter);
         if (QFileInfo::exists(path))
             return path;
     }

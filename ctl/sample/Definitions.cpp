@@ -86,7 +86,7 @@ Rows FirstRows(const ProductFamily& family, CSequence& sequence) {
     return rows;
 }
 
-DateTime FirstDay(CSequence& sequence) {
+DateTime FirstValidDay(CSequence& sequence) {
     const int drawn = sequence.Between(1, 100);
     if (drawn <= 80)
         return DateTime::FromDay(2009, 1, 1);
@@ -107,7 +107,7 @@ std::vector<PackDefinition> DrawDefinitions(const ProductFamily& family, CSequen
                                      DateTime::FromDay(2011, 1, 1),  DateTime::FromDay(2011, 4, 18),
                                      DateTime::FromDay(2011, 10, 1), DateTime::FromDay(2012, 1, 1),
                                      DateTime::FromDay(2012, 5, 2)};
-    std::vector<PackDefinition> definitions = {{FirstDay(sequence), FirstRows(family, sequence)}};
+    std::vector<PackDefinition> definitions = {{FirstValidDay(sequence), FirstRows(family, sequence)}};
     for (int more = DrawCount(sequence) - 1; more > 0; --more) {
         // Leaves days enough for the definitions that follow.
         const int chosen = sequence.Between(0, static_cast<int>(changes.size()) - more);

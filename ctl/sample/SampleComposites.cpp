@@ -7,10 +7,10 @@
 namespace {
 
 using enum CoverKey;
-using Key = CompositeKey;
 constexpr std::int64_t One = Currency::One;
 
 const std::vector<SampleComposite>& Composites() {
+    using Key = CompositeKey;
     static const std::vector<SampleComposite> composites = {
         {Key::PetLitreAndHalf,
          "PET 1,5 l po šesti na paletě EUR",

@@ -10,7 +10,7 @@ public:
 
     /// Both bounds inclusive.
     int Between(int lowest, int highest) {
-        const auto span = static_cast<std::uint64_t>(highest - lowest + 1);
+        const auto span = static_cast<std::uint64_t>(highest) - static_cast<std::uint64_t>(lowest) + 1;
         return lowest + static_cast<int>(Next() % span);
     }
     bool Chance(int percent) { return Between(1, 100) <= percent; }

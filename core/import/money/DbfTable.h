@@ -17,7 +17,7 @@ public:
     int SeekKey(const Variant& key) override;
     int SeekKeys(const std::vector<Variant>& keys) override;
     void SetCurrentIndex(std::string_view expression) override;
-    void SetAlive(std::function<void()> alive) override { m_alive = std::move(alive); }
+    void SetAlive(const std::function<void()>& alive) override { m_alive = alive; }
 
 private:
     const CDbfFile& File() const;

@@ -13,7 +13,7 @@ CDriveMap CDriveMap::FromEnvironment() {
 }
 
 QString FindInFolder(const QString& folder, const QString& name) {
-    const QString exact = folder + name;
+    QString exact = folder + name;
     if (QFileInfo::exists(exact))
         return exact;
     for (const QString& entry : QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot))

@@ -33,7 +33,7 @@ public:
     /// Field names joined by "+": the records then come in the order of these fields, from the first.
     virtual void SetCurrentIndex(std::string_view expression) = 0;
     /// What is called now and then while an index is made of many records; what it throws leaves the table without one.
-    virtual void SetAlive(std::function<void()>) {}
+    virtual void SetAlive(const std::function<void()>&) {}
 };
 
 using MoneyTablePtr = std::unique_ptr<IMoneyTable>;

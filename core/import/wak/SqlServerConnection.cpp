@@ -134,7 +134,9 @@ bool CSqlServerConnection::OpenLine(const QString& odbcString, const std::functi
                                        reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC3), 0)) ||
         !m_handles->connection.Allocate(m_handles->environment.Get()))
         throw ComError("connect", {}, NoPointer, QStringLiteral("Nelze vytvořit spojení ODBC."));
+    // ODBC takes a number where it says a pointer.
     SQLSetConnectAttr(m_handles->connection.Get(), SQL_ATTR_LOGIN_TIMEOUT,
+                      // NOLINTNEXTLINE(performance-no-int-to-ptr)
                       reinterpret_cast<SQLPOINTER>(static_cast<std::intptr_t>(m_options.loginSeconds)), 0);
     const auto open = [handles = m_handles, odbcString] {
         handles->open = odbc::Succeeded(SQLDriverConnectW(handles->connection.Get(), nullptr, odbc::Wide(odbcString),

@@ -37,7 +37,7 @@ QString UnscrambleWakPassword(const QString& stored) {
         return {};
     QByteArray bytes;
     for (std::size_t i = 0; i < Key.size(); i += 2) {
-        const QStringView group = QStringView(stored).mid(static_cast<qsizetype>(2 * i), 4);
+        const QStringView group = QStringView(stored).mid(2 * static_cast<qsizetype>(i), 4);
         // A number would be read past a blank or a sign, which is no digit here.
         if (!std::all_of(group.begin(), group.end(), [](QChar c) { return c < u'\x80' && std::isxdigit(c.unicode()); }))
             return {};

@@ -34,7 +34,7 @@ std::shared_ptr<COfficeConnection> COfficeConnection::Open(const OfficeLimits& l
         auto process = COfficeProcess::Start(mayUseKeptProfile);
         if (!process)
             return nullptr;
-        const std::shared_ptr<COfficeConnection> connection(new COfficeConnection(std::move(process), limits));
+        std::shared_ptr<COfficeConnection> connection(new COfficeConnection(std::move(process), limits));
         if (connection->Connect())
             return connection;
         // A profile of an earlier run may be what keeps the office from starting; anything else will not get better.

@@ -104,7 +104,7 @@ void COfficeWorkbook::Save() {
     const QString failure = QString("Sešit \"%1\" nelze uložit.").arg(m_path);
     const QString stored = m_connection->Call("Save", m_path, failure, [&] {
         RequireOpen("Save");
-        const QString file = WorkingFile({});
+        QString file = WorkingFile({});
         css::uno::Reference<css::sheet::XCalculatable>(m_document, css::uno::UNO_QUERY_THROW)->calculateAll();
         css::uno::Reference<css::frame::XStorable>(m_document, css::uno::UNO_QUERY_THROW)
             ->storeToURL(FileUrl(file), Arguments({Excel97()}));

@@ -63,10 +63,9 @@ QString TextOf(const css::uno::Reference<css::table::XCell>& cell) {
 } // namespace
 
 COfficeWorksheet::COfficeWorksheet(std::shared_ptr<COfficeConnection> connection,
-                                   css::uno::Reference<css::sheet::XSpreadsheet> sheet,
-                                   css::uno::Reference<css::sheet::XSpreadsheetView> view, bool isProtected)
-    : m_connection(std::move(connection)), m_sheet(std::move(sheet)), m_view(std::move(view)),
-      m_isProtected(isProtected) {}
+                                   const css::uno::Reference<css::sheet::XSpreadsheet>& sheet,
+                                   const css::uno::Reference<css::sheet::XSpreadsheetView>& view, bool isProtected)
+    : m_connection(std::move(connection)), m_sheet(sheet), m_view(view), m_isProtected(isProtected) {}
 
 void COfficeWorksheet::Activate() {
     m_connection->Call("Activate", {}, QStringLiteral("List nelze zobrazit."), [&] {

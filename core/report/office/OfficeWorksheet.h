@@ -12,8 +12,9 @@
 class COfficeWorksheet : public IWorksheet {
 public:
     /// `view` may be empty: then nothing shows which sheet is active. `isProtected`: locked cells refuse writing.
-    COfficeWorksheet(std::shared_ptr<COfficeConnection> connection, css::uno::Reference<css::sheet::XSpreadsheet> sheet,
-                     css::uno::Reference<css::sheet::XSpreadsheetView> view, bool isProtected);
+    COfficeWorksheet(std::shared_ptr<COfficeConnection> connection,
+                     const css::uno::Reference<css::sheet::XSpreadsheet>& sheet,
+                     const css::uno::Reference<css::sheet::XSpreadsheetView>& view, bool isProtected);
 
     void Activate() override;
     QString GetText(const QString& range) override;

@@ -82,7 +82,7 @@ Typed Conditions::SubSelect(const Select& select) {
         m_values.Fail("vnořený dotaz musí vracet jedno pole");
     const bool underNot = std::exchange(m_underNot, false);
     const Typed value = m_values.Value(*select.items[0].value, scope);
-    const Typed whole{"SELECT " + value.sql + FromWhere(select, scope), value.type};
+    Typed whole{"SELECT " + value.sql + FromWhere(select, scope), value.type};
     m_underNot = underNot;
     return whole;
 }

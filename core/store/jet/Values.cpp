@@ -165,7 +165,7 @@ std::pair<Typed, Typed> Values::Pair(const Expression& left, const Expression& r
 Typed Values::Sum(const Expression& e, const Scope& scope) {
     NeedAggregates();
     Groups groups = PutGroups(std::nullopt); // each row has every column
-    const Typed sum = SumOfRows(e, scope);
+    Typed sum = SumOfRows(e, scope);
     m_groups = std::move(groups);
     return sum;
 }
