@@ -32,7 +32,7 @@ CtlResult CKuvelctl::RunBare(const QStringList& arguments) const {
 void CKuvelctl::Prepare(QProcess& process, const QStringList& arguments) const {
     NeedApplication();
     QProcessEnvironment environment;
-    for (const char* kept : {"PATH", "HOME", "ASAN_OPTIONS", "UBSAN_OPTIONS"})
+    for (const char* kept : {"PATH", "HOME", "ASAN_OPTIONS", "LSAN_OPTIONS", "UBSAN_OPTIONS"})
         if (qEnvironmentVariableIsSet(kept))
             environment.insert(QString::fromLatin1(kept), qEnvironmentVariable(kept));
     for (const QString& variable : m_variables)
