@@ -1,3 +1,4 @@
+#include "core/base/FailureLog.h"
 #include "windows/frame/KuvelApp.h"
 #include "windows/frame/doors/Desktop.h"
 #include "windows/frame/doors/FileDialogDoor.h"
@@ -6,6 +7,7 @@
 #include <QApplication>
 
 int main(int argc, char** argv) {
+    StartFailureLog();
     QApplication application(argc, argv);
     SetUpDesktop();
     CMessageBoxDoor messages;
