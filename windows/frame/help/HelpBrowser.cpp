@@ -12,7 +12,7 @@ namespace {
 constexpr int NarrowestPicture = 100;
 /// As the lines of the pages' tables: it parts a light picture from a light page and does not glare on a dark one.
 constexpr QRgb FrameColor = 0xff8c8c8c;
-}
+} // namespace
 
 CHelpBrowser::CHelpBrowser(QWidget* parent) : QTextBrowser(parent) {
     document()->setDocumentMargin(14);
