@@ -110,7 +110,7 @@ void WindowStaysAlive(const BenchFolder& database, const QString& tables) {
             if (dialog == nullptr || pressed.isValid() || dialog->findChild<QProgressBar*>()->value() < 20 + 17 * delay)
                 return;
             pressed.start();
-            dialog->findChild<QPushButton*>(QStringLiteral("cancelButton"))->click();
+            dialog->findChild<QPushButton*>(QStringLiteral("cancel"))->click();
         });
         press.start(7);
         try {

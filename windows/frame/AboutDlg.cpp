@@ -27,7 +27,7 @@ void MakeLink(QPushButton& button, const char* address) {
 
 CAboutDlg::CAboutDlg(QWidget* parent) : QDialog(parent), m_ui(std::make_unique<Ui::AboutDlg>()) {
     m_ui->setupUi(this);
-    AddHelpButton(*m_ui->okButton, HelpContext::Contents);
+    AddHelpButton(*m_ui->ok, HelpContext::Contents);
     m_ui->iconLabel->setPixmap(QIcon(QStringLiteral(":/icons/kuvel.svg")).pixmap(QSize(48, 48), devicePixelRatioF()));
     m_ui->versionLabel->setText(MessageText("Kuvel, verze %s  (rel. %s)", FormatVersion(), "Jul  2 2012"));
     MakeLink(*m_ui->mailButton, MailAddress);
@@ -35,8 +35,8 @@ CAboutDlg::CAboutDlg(QWidget* parent) : QDialog(parent), m_ui(std::make_unique<U
     connect(m_ui->mailButton, &QPushButton::clicked, this, &CAboutDlg::SendMail);
     connect(m_ui->webButton, &QPushButton::clicked, this,
             [this] { OpenWebPage(QUrl(m_ui->webButton->text()), *this); });
-    connect(m_ui->okButton, &QPushButton::clicked, this, &QDialog::accept);
-    m_ui->okButton->setFocus();
+    connect(m_ui->ok, &QPushButton::clicked, this, &QDialog::accept);
+    m_ui->ok->setFocus();
 }
 
 CAboutDlg::~CAboutDlg() = default;

@@ -9,15 +9,15 @@
 COptionsDlg::COptionsDlg(PropagationOptions& options, QWidget* parent)
     : QDialog(parent), m_ui(std::make_unique<Ui::OptionsDlg>()), m_options(options) {
     m_ui->setupUi(this);
-    AddHelpButton(*m_ui->cancelButton, HelpContext::Options);
+    AddHelpButton(*m_ui->cancel, HelpContext::Options);
     setWindowTitle(QStringLiteral("Možnosti "));
     m_ui->coversToCompositesCheck->setChecked(options.coversToComposites != 0);
     m_ui->coversToPackagingCheck->setChecked(options.coversToPackaging != 0);
     m_ui->coversToIssuesCheck->setChecked(options.coversToIssues != 0);
     m_ui->packagingToIssuesCheck->setChecked(options.packagingToIssues != 0);
     m_ui->fourDecimalsCheck->setChecked(FourDecimalsInLists());
-    connect(m_ui->okButton, &QPushButton::clicked, this, &QDialog::accept);
-    connect(m_ui->cancelButton, &QPushButton::clicked, this, &QDialog::reject);
+    connect(m_ui->ok, &QPushButton::clicked, this, &QDialog::accept);
+    connect(m_ui->cancel, &QPushButton::clicked, this, &QDialog::reject);
 }
 
 COptionsDlg::~COptionsDlg() = default;

@@ -30,7 +30,7 @@ constexpr CompanyField Fields[] = {
 
 CReportDlg::CReportDlg(QWidget* parent) : QDialog(parent), m_ui(std::make_unique<Ui::ReportDlg>()) {
     m_ui->setupUi(this);
-    AddHelpButton(*m_ui->cancelButton, HelpContext::Report);
+    AddHelpButton(*m_ui->cancel, HelpContext::Report);
     m_request.period = DefaultPeriod(DateTime::Today());
     m_request.company = ReadCompanyData();
     m_ui->quarterSpin->SetLimits(1, 4);
@@ -45,8 +45,8 @@ CReportDlg::CReportDlg(QWidget* parent) : QDialog(parent), m_ui(std::make_unique
         group->setColumnMinimumWidth(0, m_ui->invoiceMailLabel->sizeHint().width());
         group->setColumnMinimumWidth(2, m_ui->faxLabel->sizeHint().width());
     }
-    connect(m_ui->okButton, &QPushButton::clicked, this, &QDialog::accept);
-    connect(m_ui->cancelButton, &QPushButton::clicked, this, &QDialog::reject);
+    connect(m_ui->ok, &QPushButton::clicked, this, &QDialog::accept);
+    connect(m_ui->cancel, &QPushButton::clicked, this, &QDialog::reject);
     m_ui->quarterSpin->setFocus();
     m_ui->quarterSpin->selectAll();
 }

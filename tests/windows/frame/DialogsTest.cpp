@@ -30,7 +30,7 @@ TEST(OptionsDlg, OkTakesTheChecksAndStornoDoesNot) {
     PropagationOptions options;
     options.coversToIssues = 0;
     options.coversToComposites = 7; // any number but 0 is on
-    for (const char* const button : {"cancelButton", "okButton"}) {
+    for (const char* const button : {"cancel", "ok"}) {
         COptionsDlg dialog(options, nullptr);
         dialog.show();
         InTurn({ShowsTitle("Možnosti "), Shows("coversToCompositesCheck", "ano"), Shows("coversToIssuesCheck", "ne"),
@@ -54,12 +54,12 @@ TEST(OptionsDlg, KeepsTheDecimalsOfListsApart) {
         dialog.show();
         InTurn({Shows("fourDecimalsCheck", four ? "ne" : "ano"), Clicked("fourDecimalsCheck")})(dialog);
         if (four) {
-            Click(dialog, "okButton");
+            Click(dialog, "ok");
             EXPECT_TRUE(FourDecimalsInLists());
             EXPECT_EQ("[Zobrazeni]\r\nCtyri desetinna mista v seznamech=1\r\n",
                       FileBytes(folder.File("kuvel.ini")).toStdString());
         } else {
-            Click(dialog, "cancelButton");
+            Click(dialog, "cancel");
         }
         ReadListDecimals();
         EXPECT_TRUE(FourDecimalsInLists());
@@ -308,7 +308,7 @@ TEST(MessageBoxDoor, SpeaksCzechAndAnswersNoWhenClosed) {
     }
     Steps steps;
     steps.Then([&](QWidget& box) {
-        EXPECT_EQ("OK", label(box, "okButton"));
+        EXPECT_EQ("OK", label(box, "ok"));
         QTest::keyClick(&box, Qt::Key_Escape);
     });
     EXPECT_EQ(Message::Answer::Ok, door.Show({QStringLiteral("x"), Message::Icon::None, Message::Buttons::Ok}));

@@ -180,7 +180,7 @@ TEST(MainFrameOptions, FourDecimalsAreInTheListsAtOnce) {
     EXPECT_EQ(", 0,00", shown());
     for (const char* const expected : {", 0,0011", ", 0,00"}) {
         Steps steps;
-        steps.Then(InTurn({Clicked("fourDecimalsCheck"), Clicked("okButton")}));
+        steps.Then(InTurn({Clicked("fourDecimalsCheck"), Clicked("ok")}));
         frame.RunCommand(Command::ID_OPTIONS);
         EXPECT_EQ(expected, shown());
     }

@@ -25,7 +25,7 @@ struct Progress : testing::Test {
         EXPECT_TRUE(QTest::qWaitForWindowActive(&owner));
         field->setFocus();
     }
-    QPushButton* Cancel() const { return window.findChild<QPushButton*>(QStringLiteral("cancelButton")); }
+    QPushButton* Cancel() const { return window.findChild<QPushButton*>(QStringLiteral("cancel")); }
 };
 
 /// What the field takes of a key, a press and a shortcut.
@@ -93,7 +93,7 @@ TEST_F(Progress, WithoutCancelThereIsNothingToPress) {
     CProgressDlg inner(QStringLiteral("t"), false);
     inner.Create(&owner);
     inner.ShowNow();
-    EXPECT_FALSE(inner.findChild<QPushButton*>(QStringLiteral("cancelButton"))->isVisible());
+    EXPECT_FALSE(inner.findChild<QPushButton*>(QStringLiteral("cancel"))->isVisible());
     QTest::keyClick(&inner, Qt::Key_Escape);
     inner.close();
     EXPECT_FALSE(inner.CancelRequested());

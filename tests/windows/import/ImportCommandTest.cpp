@@ -216,7 +216,7 @@ TEST_F(MoneyImports, CancelKeepsWhatWasWrittenAndSaysHowMuch) {
         EXPECT_FALSE(CDisabledWindow::TakesInput(*window.frame));
         pressed = true;
         timer.stop();
-        Click(*dialog, "cancelButton");
+        Click(*dialog, "cancel");
     });
     timer.start(0);
     window.messages.AcceptAny();

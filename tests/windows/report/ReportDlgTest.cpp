@@ -64,7 +64,7 @@ TEST_F(ReportDlg, ChecksThePeriodOnOk) {
         Type(dialog, "yearSpin", row.year);
         if (row.warning != nullptr)
             messages.Expect(QString::fromUtf8(row.warning), Message::Icon::Warning);
-        Click(dialog, "okButton");
+        Click(dialog, "ok");
         EXPECT_EQ(row.warning != nullptr, dialog.isVisible());
         EXPECT_EQ(std::string(row.quarter) + "/" + row.year, Period(dialog));
         if (row.focus != nullptr) {
@@ -105,7 +105,7 @@ TEST_F(ReportDlg, NamesTheFileThatCannotTakeTheCompanysData) {
     messages.Expect(QStringLiteral("Nemohu zapsat soubor '%1'\n\nChyba č.21. %2")
                         .arg(SettingsPath(), QString::fromLocal8Bit(std::strerror(EISDIR))),
                     Message::Icon::Error);
-    Click(dialog, "okButton");
+    Click(dialog, "ok");
     EXPECT_EQ(QDialog::Accepted, dialog.result());
 }
 
@@ -135,7 +135,7 @@ TEST_F(ReportDlg, TabGoesThroughTheGroupsInReadingOrder) {
     std::vector<std::string> expected{"quarterSpin", "yearSpin", "regularRadio"};
     for (const Field& field : Fields)
         expected.emplace_back(field.edit);
-    expected.insert(expected.end(), {"okButton", "cancelButton", "help", "quarterSpin"});
+    expected.insert(expected.end(), {"ok", "cancel", "help", "quarterSpin"});
     std::vector<std::string> met;
     for (std::size_t i = 0; i < expected.size(); ++i) {
         met.push_back(dialog.focusWidget()->objectName().toStdString());
@@ -152,7 +152,7 @@ TEST_F(ReportDlg, OkKeepsTheCompanysDataAndStornoWritesNothing) {
     CReportDlg first(nullptr);
     first.show();
     Find<QLineEdit>(first, "mailEdit").setText(QStringLiteral("x"));
-    Click(first, "cancelButton");
+    Click(first, "cancel");
     EXPECT_FALSE(QFile::exists(SettingsPath()));
 
     CReportDlg dialog(nullptr);
@@ -168,7 +168,7 @@ TEST_F(ReportDlg, OkKeepsTheCompanysDataAndStornoWritesNothing) {
     }
     Find<QLineEdit>(dialog, "faxEdit").clear();
     QTest::keyClick(&Find<QRadioButton>(dialog, "correctiveRadio"), Qt::Key_Space);
-    Click(dialog, "okButton");
+    Click(dialog, "ok");
     EXPECT_FALSE(dialog.Request().regular);
     for (const Field& field : Fields) {
         const QString expected = std::string(field.key) == "Fax"

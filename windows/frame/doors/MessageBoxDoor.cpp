@@ -62,7 +62,7 @@ Message::Answer CMessageBoxDoor::Show(const Message& message) {
         box.setDefaultButton(message.preset == Message::Answer::No ? QMessageBox::No : QMessageBox::Yes);
         box.setEscapeButton(QMessageBox::No);
     } else {
-        box.addButton(QMessageBox::Ok)->setObjectName(QStringLiteral("okButton"));
+        box.addButton(QMessageBox::Ok)->setObjectName(QStringLiteral("ok"));
     }
     // As the buttons of every other dialog.
     for (QAbstractButton* const button : box.buttons())

@@ -12,11 +12,11 @@ CProgressDlg::CProgressDlg(const QString& title, bool showCancel)
     setWindowTitle(title);
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     setWindowFlag(Qt::WindowCloseButtonHint, false);
-    m_ui->cancelButton->setVisible(showCancel);
+    m_ui->cancel->setVisible(showCancel);
     m_showTimer.setSingleShot(true);
     m_showTimer.setInterval(ShowDelay);
     connect(&m_showTimer, &QTimer::timeout, this, &CProgressDlg::ShowUnlessAsking);
-    connect(m_ui->cancelButton, &QPushButton::clicked, this, &CProgressDlg::reject);
+    connect(m_ui->cancel, &QPushButton::clicked, this, &CProgressDlg::reject);
 }
 
 CProgressDlg::~CProgressDlg() {
