@@ -2,7 +2,6 @@
 
 #include "core/base/AppDir.h"
 #include "core/base/ListDecimals.h"
-#include "core/base/Messages.h"
 #include "core/rules/Propagation.h"
 #include "core/store/DataStore.h"
 #include "windows/frame/EndSignals.h"
@@ -21,10 +20,6 @@ bool CKuvelApp::InitInstance() {
     if (!m_instance->Acquire(DefaultAppDir())) {
         m_instance.reset();
         m_initResult = 0;
-        return false;
-    }
-    if (!initOle()) {
-        ShowMessage(QStringLiteral("Nelze inicializovat OLE!\n\nProgam bude ukončen"), Message::Icon::Error);
         return false;
     }
     SetAppDir(DefaultAppDir());

@@ -2,7 +2,6 @@
 
 #include "windows/frame/SingleInstance.h"
 
-#include <functional>
 #include <memory>
 
 class CEndSignals;
@@ -27,8 +26,6 @@ public:
     void ExitInstance();
 
     CMainFrame* MainFrame() const { return m_frame.get(); }
-    /// What stands for the initialisation of OLE. Nothing here can fail on a desktop without it; a port replaces it.
-    std::function<bool()> initOle = [] { return true; };
 
 private:
     void CreateFrame();

@@ -20,8 +20,8 @@ CIconButton::CIconButton(const QIcon& icon, QWidget* parent) : QPushButton(paren
 }
 
 void CIconButton::SetLatched(bool latched) {
-    m_latched = latched;
-    update();
+    setCheckable(true);
+    setChecked(latched);
 }
 
 QSize CIconButton::sizeHint() const {
@@ -33,7 +33,7 @@ void CIconButton::paintEvent(QPaintEvent*) {
     QStylePainter painter(this);
     QStyleOptionButton option;
     initStyleOption(&option);
-    const bool pushed = isDown() || m_latched;
+    const bool pushed = isDown() || isChecked();
     option.icon = {};
     option.text.clear();
     option.state.setFlag(QStyle::State_Sunken, pushed);

@@ -5,20 +5,19 @@
 /// An icon of the program's resources by its name ("add").
 QIcon NamedIcon(const char* name);
 
-/// A small owner-drawn push button with an icon, and a text after it if it has one. Latched, it stays drawn pressed.
+/// A small owner-drawn push button with an icon, and a text after it if it has one. Latched, it is checked and
+/// stays drawn pressed.
 class CIconButton : public QPushButton {
     Q_OBJECT
 
 public:
     explicit CIconButton(const QIcon& icon, QWidget* parent = nullptr);
 
-    bool IsLatched() const { return m_latched; }
     void SetLatched(bool latched);
     QSize sizeHint() const override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-
-private:
-    bool m_latched = false;
+    /// A click does not latch; what the command has done says whether it is.
+    void nextCheckState() override {}
 };

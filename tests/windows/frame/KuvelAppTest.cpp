@@ -198,14 +198,6 @@ TEST_F(Start, UsersAndFoldersDoNotBlockEachOther) {
 TEST_F(Start, EachFailureHasItsMessageAndEndsTheStart) {
     {
         CKuvelApp app;
-        app.initOle = [] { return false; };
-        messages.Expect(QStringLiteral("Nelze inicializovat OLE!\n\nProgam bude ukončen"), Message::Icon::Error);
-        EXPECT_FALSE(app.InitInstance());
-        EXPECT_EQ(1, app.InitResult());
-        EXPECT_EQ("", g_strAppDir.toStdString()); // nothing after the step was done
-    }
-    {
-        CKuvelApp app;
         messages.Expect(QStringLiteral("Nemohu otevřít databázi '%1'\nSoubor neexistuje.").arg(Database()),
                         Message::Icon::Error);
         EXPECT_FALSE(app.InitInstance());

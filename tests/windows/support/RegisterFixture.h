@@ -16,7 +16,7 @@ struct OpenRegister {
 
     RecordList& List(const char* name) const { return Find<RecordList>(*view, name); }
     CIconButton& Button(Command command) const;
-    bool FilterIsLatched() const { return Button(Command::ID_RECORD_FILTER).IsLatched(); }
+    bool FilterIsLatched() const { return Button(Command::ID_RECORD_FILTER).isChecked(); }
     /// Every list's rows.
     std::string ShownRows() const;
     void Execute(Command command) const { view->Run(command); }

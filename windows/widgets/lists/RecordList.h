@@ -55,7 +55,6 @@ public:
     void RemoveRow(int row);
 
     int SortColumn() const { return m_sortColumn; }
-    bool SortDescending() const { return m_descending; }
     /// Columns to fit contents and header; the last one takes what is left. The rows of a long list are read for it
     /// little by little, after it is shown, unless the user sizes a column meanwhile.
     void AutosizeColumns();

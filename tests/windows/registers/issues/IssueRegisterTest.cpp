@@ -20,9 +20,9 @@ protected:
 };
 
 TEST_F(IssueRegisterTest, TheToggleShowsTheWholeIssueAndLocksItsItems) {
-    const auto& toggle = Find<CIconButton>(*view, "toggleCovers");
+    const auto& toggle = Find<QPushButton>(*view, "toggleCovers");
     for (const bool ofItem : {true, false, true}) {
-        EXPECT_EQ(ofItem, toggle.IsLatched());
+        EXPECT_EQ(ofItem, toggle.isChecked());
         for (const Command command : {ID_DETAIL_ADD, ID_DETAIL_EDIT, ID_DETAIL_DELETE, ID_SUBDETAIL_ADD}) {
             EXPECT_EQ(ofItem, Button(command).isEnabled());
             if (!ofItem)
