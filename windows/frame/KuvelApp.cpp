@@ -2,6 +2,7 @@
 
 #include "core/base/AppDir.h"
 #include "core/base/ListDecimals.h"
+#include "core/base/Messages.h"
 #include "core/rules/Propagation.h"
 #include "core/store/DataStore.h"
 #include "windows/frame/EndSignals.h"

@@ -287,14 +287,14 @@ TEST_F(WakPages, KeysGoThroughTheControlsAndTheLoginIsForTheServersOwnUsers) {
     const auto hidden = [](QWidget& sheet) {
         EXPECT_EQ(QLineEdit::Password, Find<QLineEdit>(sheet, "passwordEdit").echoMode());
     };
-    Cancel<WakWizard>(
-        {ShowsTabOrder("serverEdit", "serverEdit databaseEdit sqlServerRadio userEdit passwordEdit "
-                                     "storePasswordCheck testButton next cancel help "),
-         hidden, ShowsEnabled({"userEdit", "passwordEdit"}, true), PressedOn("sqlServerRadio", Qt::Key_Right),
-         ShowsEnabled({"userEdit", "passwordEdit", "storePasswordCheck"}, false), Clicked("sqlServerRadio"),
-         ShowsEnabled({"userEdit", "passwordEdit"}, true), Clicked("next"),
-         ShowsTabOrder("productsCheck",
-                       "productsCheck issuesCheck fromDate toDate keepRadio back finish cancel help ")});
+    Cancel<WakWizard>({ShowsTabOrder("serverEdit", "serverEdit databaseEdit sqlServerRadio userEdit passwordEdit "
+                                                   "storePasswordCheck testButton next cancel help "),
+                       hidden, ShowsEnabled({"userEdit", "passwordEdit"}, true),
+                       PressedOn("sqlServerRadio", Qt::Key_Right),
+                       ShowsEnabled({"userEdit", "passwordEdit", "storePasswordCheck"}, false),
+                       Clicked("sqlServerRadio"), ShowsEnabled({"userEdit", "passwordEdit"}, true), Clicked("next"),
+                       ShowsTabOrder("productsCheck",
+                                     "productsCheck issuesCheck fromDate toDate keepRadio back finish cancel help ")});
 }
 
 TEST_F(WakPages, WhatWasTypedIsKept) {
@@ -342,7 +342,7 @@ TEST_F(WakPages, TheTestCanBeStopped) {
             if (auto* const dialog = qobject_cast<CProgressDlg*>(window); dialog != nullptr && dialog->isVisible()) {
                 ++pressed;
                 EXPECT_FALSE(CDisabledWindow::TakesInput(*dialog->parentWidget()));
-                Click(*dialog, "cancelButton");
+                Click(*dialog, "cancel");
             }
         }
     });
