@@ -10,7 +10,7 @@
 namespace {
 
 constexpr unsigned char DBase3 = 0x83;
-constexpr char EndMark = 0x1A;
+constexpr char EndOfText = 0x1A;
 /// Before the length of a text of dBase IV.
 const QByteArray DBase4Mark("\xFF\xFF\x08\x00", 4);
 constexpr std::uint32_t FoxProText = 1;
@@ -62,7 +62,7 @@ std::optional<QByteArray> CDbfMemo::UpToMark(qint64 from) {
     QByteArray text;
     for (m_file.seek(from);;) {
         const QByteArray part = m_file.read(Part);
-        if (const qsizetype end = part.indexOf(EndMark); end >= 0)
+        if (const qsizetype end = part.indexOf(EndOfText); end >= 0)
             return text + part.left(end);
         if (part.isEmpty())
             return std::nullopt;

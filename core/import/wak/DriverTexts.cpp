@@ -5,12 +5,13 @@
 
 namespace {
 
-const char* const NoTable = "Databáze neobsahuje, co se z ní má číst. Ověřte, že je to databáze systému WAK INTRA.";
-const char* const NoRight = "Uživatel nemá právo tato data číst. Požádejte o ně správce serveru.";
-const char* const NoLogin = "Server přihlášení odmítl. Zkontrolujte uživatele a heslo.";
-const char* const NewPassword = "Heslo už neplatí. Změňte je v nástroji serveru, pak import opakujte.";
-const char* const NoAnswer = "Server neodpovídá. Zkontrolujte jeho jméno a port, zda běží a zda je dostupný po síti.";
-const char* const LineLost = "Spojení se serverem se přerušilo. Opakujte import.";
+constexpr const char* NoTable = "Databáze neobsahuje, co se z ní má číst. Ověřte, že je to databáze systému WAK INTRA.";
+constexpr const char* NoRight = "Uživatel nemá právo tato data číst. Požádejte o ně správce serveru.";
+constexpr const char* NoLogin = "Server přihlášení odmítl. Zkontrolujte uživatele a heslo.";
+constexpr const char* NewPassword = "Heslo už neplatí. Změňte je v nástroji serveru, pak import opakujte.";
+constexpr const char* NoAnswer =
+    "Server neodpovídá. Zkontrolujte jeho jméno a port, zda běží a zda je dostupný po síti.";
+constexpr const char* LineLost = "Spojení se serverem se přerušilo. Opakujte import.";
 
 /// The numbers of the server first: they say more than a state.
 constexpr struct {
