@@ -24,7 +24,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QStyleFactory>
 #include <QTest>
 
 namespace {
@@ -46,11 +45,11 @@ QPalette DarkPalette() {
     return palette;
 }
 
-/// The toolkit's look for one test: palette and font size.
+/// The look of the program for one test: style, palette and font size.
 class WithLook {
 public:
     explicit WithLook(const Look& look) : m_palette(QApplication::palette()), m_font(QApplication::font()) {
-        QApplication::setStyle(QStyleFactory::create(QStringLiteral("fusion")));
+        QApplication::setStyle(new CLook);
         if (look.dark)
             QApplication::setPalette(DarkPalette());
         QFont font = m_font;
@@ -105,6 +104,24 @@ TEST_P(Looks, LinesBetweenCellsAreSeenAndQuiet) {
     const int distance = std::abs(line.lightness() - option.palette.base().color().lightness());
     EXPECT_LE(12, distance);
     EXPECT_GE(30, distance);
+}
+
+TEST_P(Looks, AChoiceIsSeenWhileItIsOff) {
+    SetUpDesktop();
+    const WithLook look(GetParam());
+    QCheckBox box;
+    QRadioButton button;
+    for (QAbstractButton* const choice :
+         {static_cast<QAbstractButton*>(&box), static_cast<QAbstractButton*>(&button)}) {
+        choice->ensurePolished();
+        choice->resize(choice->sizeHint());
+        const QImage image = choice->grab().toImage();
+        const int window = QApplication::palette().window().color().lightness();
+        int farthest = 0;
+        for (int x = 0; x < image.width(); ++x)
+            farthest = std::max(farthest, std::abs(image.pixelColor(x, image.height() / 2).lightness() - window));
+        EXPECT_LE(40, farthest) << choice->metaObject()->className();
+    }
 }
 
 TEST_P(Looks, NoDialogCutsItsTextsOff) {
