@@ -34,7 +34,7 @@ CMainFrame::CMainFrame(CKuvelDoc& doc, std::span<const RegisterEntry> registers)
     : m_doc(doc), m_registers(new CRegisterArea(doc.Store(), registers, this)) {
     setObjectName(QStringLiteral("mainFrame"));
     setWindowTitle(QStringLiteral("Kuvel"));
-    setMinimumSize(600, 400);
+    setMinimumSize(FittingSize(*this, {600, 400}));
     setContextMenuPolicy(Qt::NoContextMenu);
     setCentralWidget(m_registers);
     CreateActions();

@@ -41,7 +41,7 @@ CCompCoverDlg::CCompCoverDlg(CDataStore& store, std::int32_t compositeId, Compos
     m_ui->setupUi(this);
     m_ui->itemPlace->addWidget(m_items);
     m_items->setMinimumSize(400, 120);
-    resize(FittingSize(*this, {640, 400}));
+    resize(FittingSize(*this, {760, 420}));
     m_items->setAccessibleName(QStringLiteral("Složení"));
     m_ui->label_items->setBuddy(m_items);
     AddButtons();
