@@ -20,7 +20,7 @@ QByteArray Padded(const DbfBytes::Column& column, const QByteArray& value) {
 
 } // namespace
 
-QByteArray DbfBytes::Make() const {
+QByteArray DbfBytes::Head(std::size_t records) const {
     const int header = 32 + 32 * static_cast<int>(columns.size()) + 1 + (kind == VisualFoxPro ? BackLink : 0);
     int record = 1;
     for (const Column& column : columns)
@@ -29,7 +29,7 @@ QByteArray DbfBytes::Make() const {
     QByteArray bytes;
     bytes += static_cast<char>(kind);
     bytes += QByteArray("\x0c\x07\x02", 3);
-    AppendNumber(bytes, rows.size(), 4);
+    AppendNumber(bytes, records, 4);
     AppendNumber(bytes, static_cast<std::size_t>(header), 2);
     AppendNumber(bytes, static_cast<std::size_t>(record), 2);
     bytes += QByteArray(17, '\0');
@@ -45,6 +45,11 @@ QByteArray DbfBytes::Make() const {
     }
     bytes += '\x0D';
     bytes.resize(header, '\0');
+    return bytes;
+}
+
+QByteArray DbfBytes::Make() const {
+    QByteArray bytes = Head(rows.size());
     for (std::size_t row = 0; row < rows.size(); ++row) {
         bytes += deleted.contains(row) ? '*' : ' ';
         for (std::size_t i = 0; i < columns.size(); ++i)

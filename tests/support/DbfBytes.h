@@ -25,6 +25,8 @@ struct DbfBytes {
     bool endMark = true;
 
     QByteArray Make() const;
+    /// What stands before the records, of which there are so many.
+    QByteArray Head(std::size_t records) const;
 };
 
 /// A row of texts that any program may have written, in Windows-1250.

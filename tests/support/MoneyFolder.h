@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tests/support/DbfBytes.h"
+#include "tests/support/MoneyTables.h"
 
 #include <QTemporaryDir>
 
@@ -30,9 +30,3 @@ private:
     QTemporaryDir m_folder;
     QByteArray m_before;
 };
-
-/// The four tables of the import, with the columns that it reads and none of their rows.
-DbfBytes StockCards();
-DbfBytes StockDocuments();
-DbfBytes StockLines();
-DbfBytes Invoices();
