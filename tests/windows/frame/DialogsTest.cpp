@@ -137,7 +137,7 @@ TEST_F(BackupDlg, StaysOpenAfterAFailureAndKeepsTheLastBackup) {
 
     WriteFile(f.folder.File("x.mdb"), "stara");
     dialog = Open(CBackupDlg::Mode::Backup);
-    Find<QLineEdit>(*dialog, "pathEdit").setText(QStringLiteral("  %1 ").arg(f.folder.File("x.mdb")));
+    TypeText(*dialog, "pathEdit", QStringLiteral("  %1 ").arg(f.folder.File("x.mdb")).toUtf8().constData());
     messages.ExpectQuestion(
         QStringLiteral("Soubor '%1' již existuje. Přejete si ho přepsat?").arg(f.folder.File("x.mdb")),
         Message::Answer::No);
@@ -163,7 +163,7 @@ TEST_F(BackupDlg, BrowsingProposesTheNameInTheField) {
     for (const Row& row : rows) {
         const auto dialog = Open(row.mode);
         auto& field = Find<QLineEdit>(*dialog, "pathEdit");
-        field.setText(row.field);
+        TypeText(*dialog, "pathEdit", row.field.toUtf8().constData());
         files.answers = {row.answer};
         Click(*dialog, "browseButton");
         const ScriptedFiles::Asked& asked = files.asked.back();

@@ -151,7 +151,7 @@ TEST_F(ReportDlg, OkKeepsTheCompanysDataAndStornoWritesNothing) {
     };
     CReportDlg first(nullptr);
     first.show();
-    Find<QLineEdit>(first, "mailEdit").setText(QStringLiteral("x"));
+    TypeText(first, "mailEdit", "x");
     Click(first, "cancel");
     EXPECT_FALSE(QFile::exists(SettingsPath()));
 
@@ -164,9 +164,9 @@ TEST_F(ReportDlg, OkKeepsTheCompanysDataAndStornoWritesNothing) {
         for (const QLabel* label : dialog.findChildren<QLabel*>())
             labelled = labelled || (label->buddy() == &edit && label->text() == QString::fromUtf8(field.label));
         EXPECT_TRUE(labelled) << field.label;
-        edit.setText(QStringLiteral(" ž %1 ").arg(QString::fromLatin1(field.key)));
+        TypeText(dialog, field.edit, (std::string(" ž ") + field.key + " ").c_str());
     }
-    Find<QLineEdit>(dialog, "faxEdit").clear();
+    TypeText(dialog, "faxEdit", "");
     QTest::keyClick(&Find<QRadioButton>(dialog, "correctiveRadio"), Qt::Key_Space);
     Click(dialog, "ok");
     EXPECT_FALSE(dialog.Request().regular);

@@ -5,8 +5,10 @@ namespace {
 using enum Command;
 
 Act EnteredProducts(const char* text) {
-    return
-        [=](QWidget& sheet) { Find<QLineEdit>(Find<QWidget>(sheet, "products"), "").setText(QString::fromUtf8(text)); };
+    return [=](QWidget& sheet) {
+        Find<QWidget>(sheet, "products").findChild<QLineEdit*>()->setObjectName(QStringLiteral("productsEdit"));
+        TypeText(sheet, "productsEdit", text);
+    };
 }
 
 class ProductPackagingTest : public ProductFixture {
