@@ -18,7 +18,7 @@
 namespace {
 
 /// Rows that the columns fit before a list is painted first; reading a million for it would take many seconds.
-constexpr int FittedAtOnce = 1000;
+constexpr int FittedAtOnce = 200;
 /// The others are read in slices of this many milliseconds, with pauses, and so many rows before a look at the clock.
 constexpr int FitSlice = 4;
 constexpr int FitPause = 5;
